@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// What a DXF plan holds of its sheets: blocks with polylines, and inserts with attributes.
+#pragma once
+
+#include <QString>
+#include <kelo_base/core/Export.h>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Corner label of a sheet vertex.
+enum VtxPosition : int { vpUnknown = 0, vpTopLeft, vpTopRight, vpBottomLeft, vpBottomRight };
+
+/// A point in the units of the drawing, as read: no insertion point, scale or rotation applied.
+struct DxfVertex
+{
+    double x = 0;
+    double y = 0;
+    friend bool operator==(const DxfVertex &, const DxfVertex &) = default;
+};
+
+/// A polyline of a block. Its vertices are DxfDrawing::Vertices().
+struct DxfPolyline
+{
+    quint32 firstVertex = 0;
+    quint32 vertexCount = 0;
+    bool closed = false; ///< flag 1; a doubled last vertex closes it for the eye only
+};
+
+/// A block definition. Its polylines are DxfDrawing::Polylines().
+struct DxfBlock
+{
+    quint32 name = 0; ///< text number, see DxfDrawing::Name()
+    quint32 firstPolyline = 0;
+    quint32 polylineCount = 0;
+    quint32 line = 0; ///< where it begins: line of the file, byte offset in a binary one
+};
+
+/// An attribute of an insert.
+struct DxfAttribute
+{
+    quint32 tag = 0; ///< text number, see DxfDrawing::Tag()
+    quint32 valueOffset = 0;
+    quint32 valueSize = 0;
+};
+
+/// A block reference. Its attributes are DxfDrawing::Attributes().
+struct DxfInsert
+{
+    static constexpr quint32 kNoBlock = 0xFFFFFFFF;
+
+    quint32 blockName = 0;    ///< text number, see DxfDrawing::BlockName()
+    quint32 block = kNoBlock; ///< index into DxfDrawing::Blocks()
+    quint32 firstAttribute = 0;
+    quint32 attributeCount = 0;
+    quint32 line = 0;       ///< where it begins: line of the file, byte offset in a binary one
+    bool exportMark = true; ///< admits the insert to the export
+};
+
+/// The sheets of one plan: plain data, compact enough for a million of them. Texts are the bytes of
+/// the file. Views and references stay valid until the drawing is changed or destroyed.
+class KELO_BASE_EXPORT DxfDrawing
+{
+public:
+    /// Block definitions in file order; of two with one name only the first is here.
+    [[nodiscard]] std::span<const DxfBlock> Blocks() const { return m_blocks; }
+    /// Inserts of model and paper space in file order.
+    [[nodiscard]] std::span<const DxfInsert> Inserts() const { return m_inserts; }
+    /// Inserts inside block definitions that carry a sheet number. They are no sheets.
+    [[nodiscard]] std::span<const DxfInsert> NestedSheetInserts() const { return m_nestedInserts; }
+
+    /// The definition that an insert refers to; null when there is none.
+    [[nodiscard]] const DxfBlock *BlockOf(const DxfInsert &insert) const;
+    [[nodiscard]] std::span<const DxfPolyline> Polylines(const DxfBlock &block) const;
+    [[nodiscard]] std::span<const DxfVertex> Vertices(const DxfPolyline &polyline) const;
+    /// In file order; each tag once.
+    [[nodiscard]] std::span<const DxfAttribute> Attributes(const DxfInsert &insert) const;
+    /// The value of the attribute with exactly this tag, if there is one.
+    [[nodiscard]] std::optional<std::string_view> FindAttribute(const DxfInsert &insert,
+                                                                std::string_view tag) const;
+
+    [[nodiscard]] std::string_view Name(const DxfBlock &block) const { return text(block.name); }
+    [[nodiscard]] std::string_view BlockName(const DxfInsert &insert) const
+    {
+        return text(insert.blockName);
+    }
+    [[nodiscard]] std::string_view Tag(const DxfAttribute &attribute) const
+    {
+        return text(attribute.tag);
+    }
+    [[nodiscard]] std::string_view Value(const DxfAttribute &attribute) const;
+
+    /// Label of a vertex, counted from 0 within its polyline; unknown until SetCorner() was called.
+    [[nodiscard]] VtxPosition Corner(const DxfPolyline &polyline, quint32 vertex) const;
+    void SetCorner(const DxfPolyline &polyline, quint32 vertex, VtxPosition position);
+    /// Takes all labels away.
+    void ClearCorners() { m_corners.clear(); }
+
+    void SetExportMark(std::size_t insert, bool mark) { m_inserts[insert].exportMark = mark; }
+
+    /// $ACADVER, for example "AC1015"; empty when the plan does not say.
+    [[nodiscard]] std::string_view Version() const { return m_version; }
+    /// $DWGCODEPAGE, for example "ANSI_1252"; empty when the plan does not say.
+    [[nodiscard]] std::string_view CodePage() const { return m_codePage; }
+    /// Whether the plan's texts are UTF-8: so from AC1021 on. Older ones are taken as Latin-1.
+    [[nodiscard]] bool HasUtf8Texts() const;
+    /// A text of the plan for people to read.
+    [[nodiscard]] QString DisplayText(std::string_view text) const;
+
+private:
+    friend class DxfDrawingBuilder;
+    struct TextRange
+    {
+        quint32 offset = 0;
+        quint32 size = 0;
+    };
+    [[nodiscard]] std::string_view text(quint32 number) const;
+
+    std::vector<DxfBlock> m_blocks;
+    std::vector<DxfPolyline> m_polylines;
+    std::vector<DxfVertex> m_vertices;
+    std::vector<quint8> m_corners; ///< VtxPosition of each vertex; empty while none is labelled
+    std::vector<DxfInsert> m_inserts;
+    std::vector<DxfInsert> m_nestedInserts;
+    std::vector<DxfAttribute> m_attributes;
+    std::vector<TextRange> m_texts; ///< names and tags, each once
+    std::string m_bytes;            ///< all texts one after the other
+    std::string m_version;
+    std::string m_codePage;
+};
