@@ -110,7 +110,7 @@ class Plan:
         row, column = divmod(index, self.columns)
         x, y, turn = column * WIDTH, row * HEIGHT, 0.0
         if self.options.rotated:
-            phase = column * math.pi / 4  # a bend takes eight sheets, the steepest turns by 35 degrees
+            phase = column * math.pi / 4  # a bend takes eight sheets; the steepest turns by 35°
             y = row * HEIGHT * 1.25 + 0.7 * WIDTH * 4 / math.pi * math.sin(phase)
             turn = math.atan(0.7 * math.cos(phase))
             x *= 0.88  # the road is longer than its way east
