@@ -50,6 +50,12 @@ void DxfDrawingBuilder::AddVertex(DxfVertex vertex)
     ++m_drawing.m_polylines.back().vertexCount;
 }
 
+void DxfDrawingBuilder::ClosePolyline()
+{
+    if (m_inPolyline)
+        m_drawing.m_polylines.back().closed = true;
+}
+
 void DxfDrawingBuilder::BeginInsert(std::string_view blockName, quint32 line)
 {
     EndInsert();
@@ -97,6 +103,13 @@ void DxfDrawingBuilder::EndInsert()
         return;
     m_drawing.m_nestedInserts.pop_back();
     m_drawing.m_attributes.resize(nested.firstAttribute);
+}
+
+bool DxfDrawingBuilder::IsFull() const
+{
+    // Room for the longest single entity that the reader lets through.
+    constexpr std::size_t kLimit = 0xFFFFFFFF - 0x01000000;
+    return std::max({m_drawing.m_bytes.size(), m_drawing.m_vertices.size()}) > kLimit;
 }
 
 DxfDrawing DxfDrawingBuilder::Take()

@@ -22,6 +22,8 @@ public:
     void EndBlock();
     void BeginPolyline(bool closed);
     void AddVertex(DxfVertex vertex);
+    /// Marks the polyline begun last as closed.
+    void ClosePolyline();
     void EndPolyline() { m_inPolyline = false; }
     void BeginInsert(std::string_view blockName, quint32 line);
     /// Adds to the insert begun last; a later value of a tag replaces an earlier one. False, and
@@ -29,6 +31,10 @@ public:
     bool AddAttribute(std::string_view tag, std::string_view value);
     void EndInsert();
 
+    /// Whether the drawing's 32-bit numbers may not suffice for another entity.
+    [[nodiscard]] bool IsFull() const;
+    /// The drawing so far.
+    [[nodiscard]] const DxfDrawing &Drawing() const { return m_drawing; }
     /// The drawing, with each insert's block looked up. The builder is empty afterwards.
     [[nodiscard]] DxfDrawing Take();
 
