@@ -26,7 +26,7 @@ constexpr int kComment = 999;
 constexpr int kClosed = 1;         ///< polyline flag
 constexpr int kMeshVertex = 64;    ///< vertex flag
 constexpr int kPolyfacePart = 128; ///< vertex flag; without kMeshVertex it is a face, no point
-constexpr std::size_t kLongestText = std::size_t{1} << 20;
+constexpr std::size_t kLongestText = 65'536;
 
 bool isNeededVariable(std::string_view name)
 {
@@ -141,12 +141,31 @@ bool PlanGate::beginEntity(const DxfPair &pair)
         endSection();
         m_isFinished = true;
         return false;
-    } else if (m_section == Section::Entities) {
-        m_entity = beginInEntities(name);
-    } else if (m_section == Section::Blocks) {
-        m_entity = beginInBlocks(name);
+    } else {
+        return beginInSection(name);
     }
     return true;
+}
+
+bool PlanGate::beginInSection(std::string_view name)
+{
+    switch (m_section) {
+    case Section::Entities:
+        m_entity = beginInEntities(name);
+        // Nothing of a lost section end must be lost without a word.
+        return name != "BLOCK"
+               || refuse(m_entityPosition, ReaderText::tr("A block stands outside of the blocks"));
+    case Section::Blocks:
+        m_entity = beginInBlocks(name);
+        return true;
+    case Section::Header:
+    case Section::Other:
+        return true;
+    case Section::None:
+        break;
+    }
+    return refuse(m_entityPosition,
+                  ReaderText::tr("'%1' stands outside of any section").arg(shownText(name)));
 }
 
 void PlanGate::beginSection()
@@ -369,8 +388,7 @@ bool PlanGate::takeEmbeddedText(const DxfPair &pair)
     if (!readText(pair, text))
         return false;
     m_embeddedText.append(text);
-    return m_embeddedText.size() <= kLongestText ||
-           refuse(pair.valuePosition, ReaderText::tr("The text of an attribute is too long"));
+    return m_embeddedText.size() <= kLongestText || refuseLongText(pair);
 }
 
 bool PlanGate::giveText(ParserFeed &feed, const DxfPair &pair)
@@ -407,7 +425,13 @@ bool PlanGate::giveCoordinate(const DxfPair &pair)
 bool PlanGate::readRaw(const DxfPair &pair, std::string_view &text)
 {
     text = pair.text(m_scratch);
-    return !pair.isTooLong || refuse(pair.valuePosition, ReaderText::tr("The line is too long"));
+    return (!pair.isTooLong && text.size() <= kLongestText) || refuseLongText(pair);
+}
+
+bool PlanGate::refuseLongText(const DxfPair &pair)
+{
+    return refuse(pair.valuePosition,
+                  ReaderText::tr("The text has more than %1 bytes").arg(kLongestText));
 }
 
 bool PlanGate::readText(const DxfPair &pair, std::string_view &text)

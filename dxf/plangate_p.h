@@ -73,6 +73,7 @@ private:
 
     bool takeNeeded(const DxfPair &pair);
     bool beginEntity(const DxfPair &pair);
+    bool beginInSection(std::string_view name);
     void beginSection();
     void endSection();
     Entity beginInBlocks(std::string_view name);
@@ -103,6 +104,7 @@ private:
     void endBlock();
     void endPolyline();
 
+    bool refuseLongText(const DxfPair &pair);
     bool refuse(qint64 position, const QString &message);
 
     DxfConvertCreationAdapter &m_adapter;
