@@ -14,6 +14,7 @@ marked |= set(re.findall(r"\bKELO_BASE_EXPORT (?!class)[^;{(]*?\b(\w+)\(", heade
 listing = subprocess.run([nm, "--dynamic", "--defined-only", "--demangle", library], check=True,
                          capture_output=True, text=True).stdout
 symbols = [line.split(maxsplit=2)[1:] for line in listing.splitlines()]
+symbols = [entry for entry in symbols if entry[1] not in ("__bss_start", "_edata", "_end")]
 # Inline things of the standard library and of the toolkit are everybody's.
 ours = [name for kind, name in symbols
         if kind not in "VWu" or not re.search(r"\b(std|Q\w+)\b", name)]
