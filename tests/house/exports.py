@@ -8,8 +8,8 @@ import sys
 
 nm, library, include_dir = sys.argv[1:]
 headers = "\n".join(path.read_text() for path in pathlib.Path(include_dir).rglob("*.h"))
-marked = set(re.findall(r"\bclass KELO_BASE_EXPORT (\w+)", headers))
-marked |= set(re.findall(r"\bKELO_BASE_EXPORT (?!class)[^;{(]*?\b(\w+)\(", headers))
+marked = set(re.findall(r"\b(?:class|struct) KELO_BASE_EXPORT (\w+)", headers))
+marked |= set(re.findall(r"\bKELO_BASE_EXPORT [^;{(]*?\b(\w+)\(", headers))
 
 listing = subprocess.run([nm, "--dynamic", "--defined-only", "--demangle", library], check=True,
                          capture_output=True, text=True).stdout
