@@ -7,7 +7,7 @@
 #include <QPoint>
 #include <QRect>
 #include <QSize>
-#include <QStringDecoder>
+#include <QStringEncoder>
 #include <QStringList>
 #include <algorithm>
 #include <utility>
@@ -29,6 +29,7 @@ constexpr auto kBytesTag = "@ByteArray("_L1;
 constexpr auto kTextTag = "@String("_L1; // for texts with a NUL, which end early in old readers
 constexpr auto kVariantTag = "@Variant("_L1;
 constexpr auto kDateTimeTag = "@DateTime("_L1;
+constexpr QLatin1StringView kBytesTags[] = {kBytesTag, kVariantTag, kDateTimeTag};
 constexpr auto kInvalid = "@Invalid()"_L1;
 
 // The tagged forms are read by every version since 4.0, and dates and times since 5.6.
@@ -136,8 +137,6 @@ public:
         return m_texts;
     }
 
-    [[nodiscard]] bool isWhole() const { return m_isWhole; }
-
 private:
     void readNext()
     {
@@ -168,10 +167,10 @@ private:
         const auto *const start = m_value.begin() + m_at;
         const auto *const end =
             std::find_first_of(start, m_value.end(), special.begin(), special.end());
-        QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-        m_text += decoder(QByteArrayView(start, end));
-        m_isWhole = m_isWhole && !decoder.hasError();
+        m_text += QString::fromUtf8(QByteArrayView(start, end));
         m_at += end - start;
+        if (m_isQuoted)
+            m_solid = m_text.size();
         m_skipsBlanks = false;
     }
 
@@ -224,32 +223,33 @@ private:
     qsizetype m_solid = 0; ///< blanks before this length of m_text are meant, those behind trail
     bool m_isQuoted = false;
     bool m_skipsBlanks = true;
-    bool m_isWhole = true;
 };
 
-/// @param value  the text in its unescaped form, without the quotes
-QByteArray escapedValue(const QString &value)
+QByteArray escapedValue(QStringView value)
 {
+    // Tagged bytes go as codes, one per byte, all else as UTF-8.
+    const bool isBytes = std::ranges::any_of(
+        kBytesTags, [value](QLatin1StringView tag) { return value.startsWith(tag); });
     QByteArray result;
-    bool isBehindCode = false; // a hex digit there would be taken for part of the code
     QStringEncoder utf8(QStringEncoder::Utf8);
+    bool isBehindCode = false; // where a hex digit would be taken for part of the code
     for (const QChar c : value) {
         const char16_t code = c.unicode();
         const auto *const known =
             std::ranges::find(kEscapes, code, &std::pair<char, char16_t>::second);
-        if (code < 0x20 && known == std::end(kEscapes) && code != 0) {
+        if (known != std::end(kEscapes)) {
+            (result += '\\') += known->first;
+            isBehindCode = false;
+        } else if (code == 0) {
+            result += "\\0";
+            isBehindCode = true;
+        } else if (code < 0x20 || (isBytes && code > 0x7E) ||
+                   (isBehindCode && digitValue(code, 16) >= 0)) {
             result += "\\x" + QByteArray::number(code, 16);
             isBehindCode = true;
-        } else if (isBehindCode && digitValue(code, 16) >= 0) {
-            result += "\\x" + QByteArray::number(code, 16);
         } else {
-            isBehindCode = code == 0;
-            if (code == 0)
-                result += "\\0";
-            else if (known != std::end(kEscapes))
-                result += {'\\', known->first};
-            else
-                result += QByteArray(utf8(c));
+            result += QByteArray(utf8(c));
+            isBehindCode = false;
         }
     }
     const bool hasOuterBlank = result.startsWith(' ') || result.endsWith(' ');
@@ -330,12 +330,16 @@ QVariant streamed(QStringView content, QDataStream::Version version)
     return value;
 }
 
-/// As many integers as asked for; empty when the content holds another number of them.
+/// As many integers as asked for; empty when the content is anything else.
 QList<int> numbersIn(QStringView content, qsizetype count)
 {
     QList<int> numbers;
-    for (const QStringView number : content.split(u' '))
-        numbers << number.toInt();
+    for (const QStringView text : content.split(u' ')) {
+        bool isNumber = false;
+        numbers << text.toInt(&isNumber);
+        if (!isNumber)
+            return {};
+    }
     return numbers.size() == count ? numbers : QList<int>();
 }
 
@@ -411,18 +415,22 @@ int codeAt(QByteArrayView text, qsizetype digits)
 QString unescapedKey(QByteArrayView key)
 {
     QString result;
-    for (qsizetype i = 0; i < key.size(); ++i) {
-        const bool isLong = key.sliced(i).startsWith("%U");
+    while (!key.isEmpty()) {
+        const bool isLong = key.startsWith("%U");
         const qsizetype digits = isLong ? 4 : 2;
-        const qsizetype start = i + (isLong ? 2 : 1);
-        const int code =
-            key[i] == '%' && start <= key.size() ? codeAt(key.sliced(start), digits) : -1;
+        const qsizetype start = isLong ? 2 : 1;
+        const int code = key.startsWith('%') ? codeAt(key.sliced(start), digits) : -1;
         if (code >= 0) {
             result += QChar(static_cast<char16_t>(code));
-            i = start + digits - 1;
-        } else {
-            result += key[i] == '\\' ? QLatin1Char('/') : QLatin1Char(key[i]);
+            key = key.sliced(start + digits);
+            continue;
         }
+        // Up to the next special byte; a "%" without code stands for itself.
+        const auto *const end = std::find_first_of(key.begin() + 1, key.end(), "\\%", "\\%" + 2);
+        const QByteArrayView plain(key.begin(), end);
+        result += plain.startsWith('\\') ? u'/' + QString::fromUtf8(plain.sliced(1))
+                                         : QString::fromUtf8(plain);
+        key = key.sliced(plain.size());
     }
     return result;
 }
@@ -473,7 +481,7 @@ Parsed parse(QByteArrayView text)
     constexpr QByteArrayView kByteOrderMark = "\xEF\xBB\xBF";
     if (text.startsWith(kByteOrderMark))
         text = text.sliced(kByteOrderMark.size());
-    Parsed result;
+    Parsed result{{}, text.isValidUtf8()};
     QString prefix;
     LineReader lines(text);
     for (Line line; lines.next(line);) {
@@ -482,10 +490,9 @@ Parsed parse(QByteArrayView text)
             result.isWhole = result.isWhole && end >= 0;
             prefix = keyPrefix((end >= 0 ? line.text.first(end) : line.text).sliced(1).trimmed());
         } else if (line.equalSign >= 0) {
-            ValueReader value(line.text.sliced(line.equalSign + 1));
+            const QByteArrayView value = line.text.sliced(line.equalSign + 1);
             const QString key = unescapedKey(line.text.first(line.equalSign).trimmed());
-            result.values.insert(prefix + key, valueOf(value.read()));
-            result.isWhole = result.isWhole && value.isWhole();
+            result.values.insert(prefix + key, valueOf(ValueReader(value).read()));
         } else {
             result.isWhole = false;
         }
