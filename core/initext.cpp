@@ -149,7 +149,7 @@ private:
         } else if (c == '"') {
             ++m_at;
             m_isQuoted = !m_isQuoted;
-            m_solid = m_text.size();
+            m_hasQuotes = true;
             m_skipsBlanks = !m_isQuoted;
         } else if (c == ',' && !m_isQuoted) {
             ++m_at;
@@ -169,8 +169,6 @@ private:
             std::find_first_of(start, m_value.end(), special.begin(), special.end());
         m_text += QString::fromUtf8(QByteArrayView(start, end));
         m_at += end - start;
-        if (m_isQuoted)
-            m_solid = m_text.size();
         m_skipsBlanks = false;
     }
 
@@ -209,10 +207,11 @@ private:
 
     void finishText()
     {
-        while (m_text.size() > m_solid && isBlank(m_text.back().unicode()))
+        while (!m_hasQuotes && m_text.size() > m_solid && isBlank(m_text.back().unicode()))
             m_text.chop(1);
         m_texts << std::exchange(m_text, QString());
         m_solid = 0;
+        m_hasQuotes = false;
         m_skipsBlanks = true;
     }
 
@@ -220,7 +219,8 @@ private:
     QStringList m_texts;
     QString m_text;
     qsizetype m_at = 0;
-    qsizetype m_solid = 0; ///< blanks before this length of m_text are meant, those behind trail
+    qsizetype m_solid = 0;    ///< blanks before this length of m_text are meant, those behind trail
+    bool m_hasQuotes = false; ///< in the current text, all of whose blanks are meant then
     bool m_isQuoted = false;
     bool m_skipsBlanks = true;
 };

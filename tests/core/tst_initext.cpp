@@ -104,7 +104,7 @@ void TestIniText::readsWhatTheToolkitReads()
         const Settings values = initext::parse(text).values;
         QVERIFY2(values.keys() == expected.keys(), text.constData());
         for (auto value = expected.begin(); value != expected.end(); ++value)
-            if (value.value().isValid()) // keys like "/a//b" are listed, but beyond asking for
+            if (value.value().isValid() && !value.key().startsWith(u'/')) // beyond asking for
                 QVERIFY2(values.value(value.key()) == value.value(), text.constData());
     }
 }
