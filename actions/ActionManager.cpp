@@ -45,9 +45,9 @@ void ActionManager::RegisterAction(int id, ActionData *data, QWidget *widget)
     std::unique_ptr<ActionData> record(data); // ours from here on, refused or not
     if (!record || !record->action)
         return logRefusal(": <nullptr> added! Id :", id);
-    if (!m_actions.try_emplace(static_cast<unsigned int>(id), data).second)
+    if (!m_records.try_emplace(id, std::move(record)).second)
         return logRefusal(": Duplicate id added! Id :", id);
-    m_records.push_back(std::move(record));
+    m_actions.emplace(static_cast<unsigned int>(id), data);
 
     if (widget)
         widget->addAction(data->action);
@@ -74,15 +74,15 @@ void ActionManager::RegisterAction(ActionData *data)
 
 ActionData *ActionManager::FindActionDataById(int id) const
 {
-    const auto found = m_actions.find(static_cast<unsigned int>(id));
-    return found == m_actions.end() ? nullptr : found->second;
+    const auto found = m_records.find(id);
+    return found == m_records.end() ? nullptr : found->second.get();
 }
 
 ActionData *ActionManager::FindActionDataByAction(const QAction *action) const
 {
     if (!action) // would find a record whose action has died
         return nullptr;
-    for (const auto &[id, data] : m_actions) {
+    for (ActionData *data : ascending()) {
         if (data->action == action)
             return data;
     }
@@ -92,11 +92,23 @@ ActionData *ActionManager::FindActionDataByAction(const QAction *action) const
 std::vector<ActionData *> ActionManager::FindActionDataByFilter(const FunctionFilter &filter) const
 {
     std::vector<ActionData *> accepted;
-    for (const auto &[id, data] : m_actions) {
+    for (ActionData *data : ascending()) {
         if (data->action && filter.accept(*data))
             accepted.push_back(data);
     }
     return accepted;
+}
+
+/// Menus filter all records each time they open, and walking a tree of nodes all over the memory
+/// would take most of the time. Since records only ever come, fewer than in the map means outdated.
+const std::vector<ActionData *> &ActionManager::ascending() const
+{
+    if (m_ascending.size() < m_actions.size()) {
+        m_ascending.clear();
+        for (const auto &[id, data] : m_actions)
+            m_ascending.push_back(data);
+    }
+    return m_ascending;
 }
 
 void ActionManager::ValidateRegisteredActions(const ActionValidator &validator)

@@ -9,6 +9,7 @@
 #include <kelo_base/core/Export.h>
 #include <map>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 class ActionValidator;
@@ -90,12 +91,14 @@ private slots:
 
 private:
     void forgetAction(int id);
+    [[nodiscard]] const std::vector<ActionData *> &ascending() const;
 
     QWidget *m_owner;
     QSignalMapper *m_triggers; ///< from the actions' triggers to their ids
     int m_reportDepth = 0;     ///< trigger reports under way, one within the other
-    std::vector<std::unique_ptr<ActionData>> m_records;
-    ActionMap m_actions; ///< the records by id
+    std::unordered_map<int, std::unique_ptr<ActionData>> m_records; ///< owns, and finds quickly
+    ActionMap m_actions;                                            ///< the same in order
+    mutable std::vector<ActionData *> m_ascending; ///< the same in one piece, see ascending()
     std::map<int, QString> m_categories;
     QMap<unsigned int, QString> m_icons;
 };
