@@ -21,7 +21,6 @@ private slots:
     void listsAgreeWithPlainMaps();
     void readsWhateverFilesHold_data();
     void readsWhateverFilesHold();
-    void survivesRoundTripThroughFile();
     void writesWhatOtherProgramsRead();
     void reservesSequencesAndLoadsDefaults();
     void worksOnCopiesAndWithoutStore();
@@ -77,22 +76,20 @@ void TestMenuConfig::listsAgreeWithPlainMaps()
     std::map<int, QKeySequence> entries;
     std::map<unsigned, int> filled; // a slot not assigned since it came holds 0
     for (unsigned round = 0, size = 0; round < 3000; ++round) {
-        const int id = 2 * random.bounded(-5, 10);
+        const int id = random.bounded(20);
         const unsigned slot = random.bounded(12U);
-        const QKeySequence key(Qt::Key_A + random.bounded(10));
+        const QKeySequence key(random.bounded(4) ? Qt::Key_A + random.bounded(9) : 0); // 0: empty
         if (round % 9 == 0) {
             list.RemoveKeySequence(id);
             entries.erase(id);
-            layout.SetNumberOfSlots(slot);
-            filled.erase(filled.lower_bound(slot), filled.end());
-            size = slot;
+            layout.SetNumberOfSlots(size = slot);
+            filled.erase(filled.lower_bound(size), filled.end());
         } else {
-            const bool isCleared = round % 4 == 0;
-            isCleared ? list.ClearKeySequence(id) : list.AssignKeySequence(id, key);
-            entries[id] = isCleared ? QKeySequence() : key;
-            isCleared ? layout.ClearSlot(slot) : layout.AssignActionIdToSlot(slot, id);
+            list.AssignKeySequence(id, key);
+            entries[id] = key;
+            layout.AssignActionIdToSlot(slot, id - 1);
             if (slot < size)
-                filled[slot] = isCleared ? -1 : id;
+                filled[slot] = id - 1;
         }
         QString assigned;
         int first = -1;
@@ -158,68 +155,57 @@ void TestMenuConfig::readsWhateverFilesHold()
     QTEST(shown(layout), "layout");
 }
 
-void TestMenuConfig::survivesRoundTripThroughFile()
-{
-    QRandomGenerator random(33);
-    const auto chord = [&] { // every printable key, Shift, Ctrl, Alt and Meta
-        return random.bounded(int(Qt::Key_Space), Qt::Key_QuoteLeft + 1) | random.bounded(16) << 25;
-    };
-    ActionShortCutList list, readList;
-    ContextMenuLayout layout, readLayout;
-    layout.SetNumberOfSlots(40);
-    for (int i = 0; i < 1000; ++i) {
-        list.AssignKeySequence(2 * random.bounded(-5000, 5000), QKeySequence(chord(), chord()));
-        layout.AssignActionIdToSlot(random.bounded(40U), random.bounded(-1, 1000));
-    }
-    const QString written = m_dir.filePath(u"written"_s), copy = m_dir.filePath(u"copy"_s);
-    {
-        QSettings settings(written, QSettings::IniFormat);
-        WriteShortcutList(settings, "P/Q", list);
-        WriteContextMenuLayout(settings, "P/Q", layout);
-    }
-    QVERIFY(QFile::copy(written, copy)); // by the same name the store might answer from memory
-    QSettings settings(copy, QSettings::IniFormat);
-    ReadShortcutList(settings, "P/Q", readList);
-    ReadContextMenuLayout(settings, "P/Q", readLayout);
-    QCOMPARE(shown(readList), shown(list));
-    QVERIFY(readList == list && readLayout == layout);
-}
-
 void TestMenuConfig::writesWhatOtherProgramsRead()
 {
-    const QString path = m_dir.filePath(u"store"_s);
+    const QString path = m_dir.filePath(u"store"_s), copy = m_dir.filePath(u"copy"_s);
     QSettings store(path, QSettings::IniFormat);
     store.setValue("MenuConfig/Work/ContextMenuLayout/foreign"_L1, 1);
     MenuConfigManager manager;
     manager.SetSettings(&store);
     manager.SetConfigName(u"Work"_s);
-    ActionShortCutList list = shortcut(12, Qt::Key_F5);
-    list.AssignKeySequence(3, QKeySequence(Qt::CTRL | Qt::Key_K, Qt::CTRL | Qt::Key_Comma));
-    list.ClearKeySequence(5);
-    manager.AssignKeyboardShortcutList(list);
-    ContextMenuLayout layout;
-    layout.SetNumberOfSlots(2);
-    layout.ClearSlot(1);
-    manager.AssignContextMenuLayout(layout);
-    const auto saved = [&] { // the bytes on disk, K/ and L/ standing for the two arrays
+    const auto save = [&](const ActionShortCutList &list, const ContextMenuLayout &layout) {
+        manager.AssignKeyboardShortcutList(list);
+        manager.AssignContextMenuLayout(layout);
         manager.SaveToStorage();
         store.sync();
-        QFile file(path);
+        QFile file(path); // K/ and L/ stand for the two arrays
         const QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : "unreadable";
         return QByteArray(text)
             .replace("Work\\KeyboardShortcuts\\ShortcutList\\", "K/")
             .replace("Work\\ContextMenuLayout\\Menus\\", "L/")
             .replace('\n', ' ');
     };
-    QCOMPARE(saved(), "[MenuConfig] L/1\\ActionId=0 L/2\\ActionId=-1 L/size=2 "
-                      "Work\\ContextMenuLayout\\foreign=1 "
-                      "K/1\\ActionId=3 K/1\\KeySequence=\"Ctrl+K, Ctrl+,\" "
-                      "K/2\\ActionId=12 K/2\\KeySequence=F5 K/size=2 ");
-    manager.AssignKeyboardShortcutList(ActionShortCutList());
+    ActionShortCutList list = shortcut(12, Qt::Key_F5);
+    list.AssignKeySequence(3, QKeySequence(Qt::CTRL | Qt::Key_K, Qt::CTRL | Qt::Key_Comma));
+    list.ClearKeySequence(5);
+    ContextMenuLayout layout;
+    layout.SetNumberOfSlots(2);
+    layout.ClearSlot(1);
+    QCOMPARE(save(list, layout), "[MenuConfig] L/1\\ActionId=0 L/2\\ActionId=-1 L/size=2 "
+                                 "Work\\ContextMenuLayout\\foreign=1 "
+                                 "K/1\\ActionId=3 K/1\\KeySequence=\"Ctrl+K, Ctrl+,\" "
+                                 "K/2\\ActionId=12 K/2\\KeySequence=F5 K/size=2 ");
     layout.SetNumberOfSlots(1);
-    manager.AssignContextMenuLayout(layout);
-    QCOMPARE(saved(), "[MenuConfig] L/1\\ActionId=0 L/size=1 "
-                      "Work\\ContextMenuLayout\\foreign=1 K/size=0 ");
+    QCOMPARE(save(ActionShortCutList(), layout), "[MenuConfig] L/1\\ActionId=0 L/size=1 "
+                                                 "Work\\ContextMenuLayout\\foreign=1 K/size=0 ");
+
+    QRandomGenerator random(33);
+    const auto chord = [&] { // every printable key, Shift, Ctrl, Alt and Meta
+        return random.bounded(int(Qt::Key_Space), Qt::Key_QuoteLeft + 1) | random.bounded(16) << 25;
+    };
+    layout.SetNumberOfSlots(40);
+    list.ClearAll();
+    for (int i = 0; i < 1000; ++i) {
+        list.AssignKeySequence(2 * random.bounded(-5000, 5000), QKeySequence(chord(), chord()));
+        layout.AssignActionIdToSlot(random.bounded(40U), random.bounded(-1, 1000));
+    }
+    save(list, layout);
+    QVERIFY(QFile::copy(path, copy)); // by the same name the store would answer from memory
+    MenuConfigManager reader;
+    reader.SetConfigName(u"Work"_s);
+    reader.LoadFromFile(copy);
+    QCOMPARE(shown(reader.GetKeyboardShortcutList()), shown(list));
+    QVERIFY(reader.GetKeyboardShortcutList() == list && reader.GetContextMenuLayout() == layout);
 }
 
 void TestMenuConfig::reservesSequencesAndLoadsDefaults()
@@ -243,10 +229,8 @@ void TestMenuConfig::reservesSequencesAndLoadsDefaults()
     QCOMPARE(shown(manager.GetContextMenuLayout()), u"-1 of 1"_s);
     QCOMPARE(shown(manager.GetKeyboardShortcutList()), u"1=A of 1"_s);
     const auto &all = manager.GetReservedSequenceList().GetSequences();
-    const size_t escape = all.size() - 18;
-    QCOMPARE(all.at(escape), QKeySequence(Qt::Key_Escape));
     QCOMPARE(all.front(), QKeySequence(QKeySequence::New));
-    QCOMPARE(all.at(escape - 1), QKeySequence(QKeySequence::Refresh));
+    QCOMPARE(all.at(all.size() - 18), QKeySequence(Qt::Key_Escape));
     QVERIFY(!manager.GetReservedSequenceList().HasSequence(QKeySequence()));
 }
 
@@ -259,8 +243,7 @@ void TestMenuConfig::worksOnCopiesAndWithoutStore()
     manager.SetConfigName(u"Work"_s);
     manager.AssignKeyboardShortcutList(list);
     manager.AssignKeyboardShortcutList(manager.GetKeyboardShortcutList());
-    const MenuConfigManager &self = manager;
-    manager = self;
+    manager = std::as_const(manager);
     MenuConfigManager copy(manager);
     QVERIFY(copy.GetConfigName() == u"MenuConfig/Work" && copy.GetKeyboardShortcutList() == list);
     copy.AssignKeyboardShortcutList(ActionShortCutList());
@@ -274,7 +257,6 @@ void TestMenuConfig::worksOnCopiesAndWithoutStore()
     QCOMPARE(manager.GetKeyboardShortcutList(), list);
     store.reset();
     manager.SaveToStorage();
-    manager.LoadFromStorage();
     for (int i = 0; i < 2; ++i)
         manager.Shutdown();
     QCOMPARE(manager.GetConfigName(), u"MenuConfig/Default"_s);
