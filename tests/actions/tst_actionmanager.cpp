@@ -5,7 +5,6 @@
 #include <QtTest>
 #include <kelo_base/actions/ActionManager.h>
 #include <kelo_base/actions/FunctionFilter.h>
-#include <kelo_base/actions/MenuConfigManager.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -152,7 +151,10 @@ void TestActionManager::survivesWhatListenersDo()
     action->trigger();
     QCOMPARE(reports, 1);
     QCOMPARE(announcements, 0);
-    delete manager;
+    if (manager) {
+        delete manager;
+        QVERIFY(!mapper); // no report is under way
+    }
     delete action;
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(!mapper);
@@ -174,15 +176,10 @@ void TestActionManager::survivesDeathsInAnyOrder()
             QCOMPARE(manager->FindActionDataByAction(action) != nullptr, !action.isNull());
             const FilterByContextId filter(0, 0, -1);
             QCOMPARE(manager->FindActionDataByFilter(filter).size(), action ? 1U : 0U);
-            ActionShortCutList list;
-            list.AssignKeySequence(1, QKeySequence(Qt::Key_K));
-            SetupActionManagerFromKeyboardShortcutList(list, *manager);
-            list.ClearAll();
-            SetupKeyboardShortcutListFromActionManager(*manager, list);
-            QCOMPARE(list.HasSequenceAssigned(1), !action.isNull());
             QAction late;
             manager->RegisterAction(record(10 + who, &late));
             QCOMPARE(late.associatedObjects().size(), owner ? 1 : 0);
+            QCOMPARE(manager->FindActionDataByAction(&late)->id, 10 + who);
         }
     } while (std::next_permutation(order.begin(), order.end()));
 }

@@ -285,6 +285,11 @@ void TestMenuConfig::carriesShortcutsToActionsAndBack()
     QCOMPARE(zoom.shortcutContext(), Qt::ApplicationShortcut);
     QVERIFY(pan.shortcut().isEmpty() && pan.shortcutContext() == Qt::WindowShortcut);
     QVERIFY(!manager.FindActionDataById(4)->action);
+    list.RemoveKeySequence(4);
+    SetupKeyboardShortcutListFromActionManager(manager, list);
+    SetupActionManagerFromKeyboardShortcutList(ActionShortCutList(), manager);
+    QCOMPARE(shown(list), u"-2=Z of 2"_s);
+    QVERIFY(zoom.shortcut().isEmpty());
 }
 
 int main(int argc, char **argv)
