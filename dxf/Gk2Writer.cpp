@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Writes sheets as GK2, the text format in which sheet corners go to other programs.
+#include <kelo_base/dxf/Gk2Writer.h>
+
+#include "dxf/progresssteps_p.h"
+#include "dxf/sheetnumber_p.h"
+#include <QFile>
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <charconv>
+#include <iterator>
+
+namespace {
+
+constexpr std::size_t kChunk = 256 * 1024;
+constexpr std::ptrdiff_t kColumns = 7;
+/// Corners stand clockwise from top left, not in the order of their numbers.
+constexpr std::array kCornerOrder{vpTopLeft, vpTopRight, vpBottomRight, vpBottomLeft};
+
+/// |value| in hundredths, exactly rounded half to even, for |value| < 2^52: a mantissa of 53 bits
+/// times 100 fits into 64, so that the rounding sees every bit.
+quint64 hundredths(double value)
+{
+    constexpr int kMantissaBits = 52;
+    const auto bits = std::bit_cast<quint64>(value);
+    const auto exponent = static_cast<int>((bits >> kMantissaBits) & 0x7FF);
+    const int shift = 1075 - std::max(exponent, 1); // value = mantissa / 2^shift
+    const quint64 implied = exponent > 0 ? quint64{1} << kMantissaBits : 0;
+    const quint64 product = ((bits & (implied - 1)) | implied) * 100;
+    if (shift >= 64)
+        return 0; // product < 2^60: less than half a hundredth
+    const quint64 whole = product >> shift;
+    const quint64 rest = product & ((quint64{1} << shift) - 1);
+    const quint64 half = quint64{1} << (shift - 1);
+    const bool roundsUp = rest > half || (rest == half && (whole & 1) != 0);
+    return whole + (roundsUp ? 1 : 0);
+}
+
+/// Writes the digits so that they end before @p end; gives where they begin.
+char *writeBackwards(char *end, quint64 hundredths)
+{
+    const auto digit = [&hundredths] {
+        const auto last = static_cast<char>('0' + hundredths % 10);
+        hundredths /= 10;
+        return last;
+    };
+    *--end = digit();
+    *--end = digit();
+    *--end = ',';
+    do
+        *--end = digit();
+    while (hundredths != 0);
+    return end;
+}
+
+void appendAligned(std::string &text, const char *begin, const char *end)
+{
+    const std::ptrdiff_t missing = kColumns - (end - begin);
+    if (missing > 0)
+        text.append(static_cast<std::size_t>(missing), ' ');
+    text.append(begin, end);
+}
+
+void appendCornerLines(std::string &text, const DxfDrawing &drawing, const DxfPolyline &polyline)
+{
+    std::array<const DxfVertex *, 5> corners{}; // by label; of two with one label the later counts
+    const auto vertices = drawing.Vertices(polyline);
+    for (quint32 i = 0; i < vertices.size(); ++i)
+        corners[static_cast<std::size_t>(drawing.Corner(polyline, i))] = &vertices[i];
+    for (const VtxPosition position : kCornerOrder) {
+        const DxfVertex *corner = corners[static_cast<std::size_t>(position)];
+        if (!corner)
+            continue;
+        AppendGk2Coordinate(text, corner->x);
+        text += "     ";
+        AppendGk2Coordinate(text, corner->y);
+        text += "    \r\n";
+    }
+}
+
+/// Formats records. Sheets of one block in a row format its corners once.
+class RecordFormatter
+{
+public:
+    explicit RecordFormatter(const DxfDrawing &drawing) : m_drawing(drawing) {}
+
+    /// False, and nothing appended, when the insert is not to be exported.
+    bool Append(std::string &text, const DxfInsert &insert)
+    {
+        const DxfBlock *block = m_drawing.BlockOf(insert);
+        if (!block || block->polylineCount == 0 || !insert.exportMark)
+            return false;
+        const auto number = SheetNumberAttribute(m_drawing, insert);
+        if (!number)
+            return false;
+        text += "\r\n";
+        text += *number;
+        text += "\r\n";
+        text += cornersOf(*block);
+        return true;
+    }
+
+private:
+    const std::string &cornersOf(const DxfBlock &block)
+    {
+        if (m_block == &block)
+            return m_corners;
+        m_block = &block;
+        m_corners.clear();
+        for (const DxfPolyline &polyline : m_drawing.Polylines(block))
+            appendCornerLines(m_corners, m_drawing, polyline);
+        return m_corners;
+    }
+
+    const DxfDrawing &m_drawing;
+    const DxfBlock *m_block = nullptr;
+    std::string m_corners; ///< the corner lines of m_block
+};
+
+/// Hands the text over and empties it. False when the device did not take it all.
+bool flush(QIODevice &device, std::string &text)
+{
+    const auto size = static_cast<qint64>(text.size());
+    const bool isStored = device.write(text.data(), size) == size;
+    text.clear();
+    return isStored;
+}
+
+/// A device that takes everything and keeps nothing.
+class Nowhere : public QIODevice
+{
+public:
+    Nowhere() { open(WriteOnly | Unbuffered); }
+
+protected:
+    qint64 readData(char *, qint64) override { return -1; }
+    qint64 writeData(const char *, qint64 size) override { return size; }
+};
+
+} // namespace
+
+void AppendGk2Coordinate(std::string &text, double coordinate)
+{
+    constexpr double kExactBelow = 4503599627370496.0; // 2^52
+    char digits[328];                                  // the longest double takes 313
+    if (std::abs(coordinate) < kExactBelow) {
+        char *const end = std::end(digits);
+        char *begin = writeBackwards(end, hundredths(coordinate));
+        if (std::signbit(coordinate))
+            *--begin = '-'; // also where it rounds to zero, as in C
+        appendAligned(text, begin, end);
+        return;
+    }
+    const auto [end, error] =
+        std::to_chars(digits, std::end(digits), coordinate, std::chars_format::fixed, 2);
+    std::replace(digits, end, '.', ',');
+    appendAligned(text, digits, end);
+}
+
+Gk2Result WriteGk2(QIODevice &device, const DxfDrawing &drawing, std::span<const quint32> sheets,
+                   const SheetProgress &progress)
+{
+    Gk2Result result;
+    RecordFormatter records(drawing);
+    ProgressSteps steps(progress, sheets.size());
+    std::string text = "GK2\r\n";
+    text.reserve(kChunk + 4096);
+    for (const quint32 sheet : sheets) {
+        if (records.Append(text, drawing.Inserts()[sheet]))
+            ++result.written;
+        if (text.size() >= kChunk)
+            result.stored = flush(device, text);
+        result.cancelled = !steps.Step();
+        if (!result)
+            return result;
+    }
+    result.stored = flush(device, text);
+    return result;
+}
+
+qint64 ExportGk2File(const QString &path, const DxfDrawing &drawing,
+                     std::span<const quint32> sheets)
+{
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
+        const Gk2Result result = WriteGk2(file, drawing, sheets);
+        if (result)
+            return result.written;
+    }
+    Nowhere nowhere; // counts what would have been written
+    return WriteGk2(nowhere, drawing, sheets).written;
+}

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// What the plan tools say to their users, in one place for every face of them.
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+
+/// Titles, options, reports and findings. The file reader has its own messages.
+class DxfToolTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(DxfTools)
+
+public:
+    static QString ReadFileTitle() { return tr("Read File"); }
+    static QString AnalyzeFileTitle() { return tr("Analyze File"); }
+    static QString AnalyzeFailed() { return tr("Analyze file failed!"); }
+
+    static QString CorrectVertexPositions() { return tr("Correct Vertex Positions"); }
+    static QString IncludeTitle() { return tr("Only include blocks WITH"); }
+    static QString ExcludeTitle() { return tr("Do not include blocks WITH"); }
+
+    static QString ExportFileTitle() { return tr("Export DXF as Kelo-GK2"); }
+    /// The first word is spelled so on purpose: users know the box by it.
+    static QString ExportReportTitle() { return tr("DFX GK2 Export"); }
+    static QString ExportReport(qint64 inserts)
+    {
+        return tr("Export completed - Inserts written: %1").arg(inserts);
+    }
+
+    static QString NotOneRectangle(const QString &block, std::size_t rectangles)
+    {
+        const QString begin =
+            tr("Rectangle detector detected less or more than one rectangle (Block:%1").arg(block);
+        return begin + (rectangles == 0 ? tr("): none found") : tr("): %1 found").arg(rectangles));
+    }
+    static QString NoSheetNumber(const QString &block, qint64 inserts)
+    {
+        return inserts == 1
+                   ? tr("An insert of block '%1' has no sheet number and is not exported")
+                         .arg(block)
+                   : tr("%1 inserts of block '%2' have no sheet number and are not exported")
+                         .arg(QString::number(inserts), block);
+    }
+    static QString NoPolyline(const QString &sheet, const QString &block, bool blockExists)
+    {
+        return blockExists
+                   ? tr("Sheet '%1' is not exported: its block '%2' has no polyline")
+                         .arg(sheet, block)
+                   : tr("Sheet '%1' is not exported: there is no block '%2'").arg(sheet, block);
+    }
+    static QString RepeatedNumber(const QString &sheet)
+    {
+        return tr("More than one sheet has the number '%1'").arg(sheet);
+    }
+    static QString NestedSheet(const QString &sheet)
+    {
+        return tr("Sheet '%1' is not exported: its insert lies inside a block").arg(sheet);
+    }
+    static QString NoSheets() { return tr("No insert of the plan counts as a sheet"); }
+    static QString MoreOfThisKind(qint64 count)
+    {
+        return tr("%1 more warnings of this kind").arg(count);
+    }
+};
