@@ -1,0 +1,290 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Heights, zoom ratios, the north angle and the zoom-factor correction.
+#include "tests/support/TestView.h"
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QtTest>
+#include <array>
+#include <cstdio>
+#include <kelo_base/navigation/ViewGeometry.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+using Values = std::array<double, 4>; // by field of view, by eye distance, combined, deviation
+const Values kFailure{-1, -1, -1, 0};
+
+Values heights(double fieldOfView, double eyeDistance)
+{
+    Values got{};
+    got[2] = EstimatedHeightAboveGroundLevel(nullptr, fieldOfView, eyeDistance, &got[0], &got[1],
+                                             &got[3]);
+    return got;
+}
+
+Values ratios(double fieldOfView, double eyeDistance, double desiredHeight)
+{
+    Values got{};
+    got[2] = EstimatedZoomRatioFromDesiredHeightAboveGroundLevel(
+        nullptr, fieldOfView, eyeDistance, desiredHeight, &got[0], &got[1], &got[3]);
+    return got;
+}
+
+bool isClose(double got, long double expected, long double tolerance)
+{
+    return std::abs(got - expected) <= tolerance;
+}
+
+/// To 12 digits; the deviation, a difference, to 12 digits of what it is the difference of.
+bool agree(const Values &got, long double first, long double second)
+{
+    const long double mean = std::sqrt(first) * std::sqrt(second);
+    const long double deviation = std::hypot(mean - first, mean - second) / 2;
+    return isClose(got[0], first, first * 1e-12L) && isClose(got[1], second, second * 1e-12L) &&
+           isClose(got[2], mean, mean * 1e-12L) &&
+           isClose(got[3], deviation, (first + second) * 1e-12L);
+}
+
+double between(QRandomGenerator &random, double low, double high)
+{
+    return low + random.generateDouble() * (high - low);
+}
+
+void setRandomly(TestView &view, QRandomGenerator &random)
+{
+    view.device.setRect(random.bounded(-50, 50), random.bounded(-50, 50), random.bounded(100, 4000),
+                        random.bounded(100, 3000));
+    view.metresPerPixel = std::pow(10, between(random, -2, 3));
+    view.eastToRight = between(random, -180, 180);
+    view.origin = view.metresPerPixel * QPointF(random.bounded(1000), -random.bounded(1000));
+    view.dpi = {random.bounded(60, 400), random.bounded(60, 400)};
+}
+
+} // namespace
+
+class TestViewGeometry : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void agreesWithLongDoubles();
+    void leadsToTheDesiredHeight();
+    void limitsItsArguments();
+    void failsWithoutNumbers();
+    void storesWholeDefaults_data();
+    void storesWholeDefaults();
+    void pointsNorth();
+    void knowsTheSpecialAngles();
+    void correctsByTable_data();
+    void correctsByTable();
+};
+
+void TestViewGeometry::agreesWithLongDoubles()
+{
+    QRandomGenerator random(51);
+    const TestWindow window;
+    for (int i = 0; i < 2000; ++i) {
+        setRandomly(window.view, random);
+        const auto &[device, metresPerPixel, dpi] =
+            std::tie(window.view.device, window.view.metresPerPixel, window.view.dpi);
+        const double fieldOfView = between(random, 1, 179);
+        const double eyeDistance = between(random, 5, 800);
+        const double desired = between(random, 1, 1e5);
+
+        const long double pixels = std::hypot(device.width() - 1.0L, device.height() - 1.0L);
+        const long double map = metresPerPixel * pixels + 0.001L;
+        const long double screen = pixels * 0.0254L / std::sqrt(1.0L * dpi.width() * dpi.height());
+        const long double angle = fieldOfView / 180 * std::numbers::pi_v<long double>;
+        const long double byFieldOfView = map / 2 / std::tan(angle / 2);
+        const long double byEyeDistance = eyeDistance / 100 * map / screen;
+        QVERIFY(agree(heights(fieldOfView, eyeDistance), byFieldOfView, byEyeDistance));
+        QVERIFY(agree(ratios(fieldOfView, eyeDistance, desired), desired / byFieldOfView,
+                      desired / byEyeDistance));
+    }
+}
+
+void TestViewGeometry::leadsToTheDesiredHeight()
+{
+    QRandomGenerator random(52);
+    const TestWindow window;
+    for (int i = 0; i < 500; ++i) {
+        setRandomly(window.view, random);
+        const double before = window.view.metresPerPixel;
+        const double desired = between(random, 10, 1e5);
+        const Values ratio = ratios(50, 60, desired);
+        for (std::size_t way = 0; way < 3; ++way) {
+            window.view.metresPerPixel = before * ratio[way];
+            // The diagonal has at least 100 pixels; 0.001 m are added to it.
+            const double lost = 0.001 / (100 * before * std::min(1.0, ratio[way]));
+            QVERIFY(isClose(heights(50, 60)[way], desired, desired * (lost + 1e-12)));
+        }
+    }
+}
+
+void TestViewGeometry::limitsItsArguments()
+{
+    const TestWindow window;
+    for (const auto &[given, used] :
+         {std::pair(180.0, 179.9), {qInf(), 179.9}, {0.0, 0.1}, {-7.0, 0.1}, {qQNaN(), 0.1}})
+        QCOMPARE(heights(given, 60), heights(used, 60));
+    for (const auto &[given, used] : {std::pair(1000.0, 800.0), {2.0, 5.0}, {qQNaN(), 5.0}})
+        QCOMPARE(ratios(50, given, 100), ratios(50, used, 100));
+    for (const double noHeight : {0.0, -1.0, qQNaN(), qInf()})
+        QCOMPARE(ratios(50, 60, noHeight), kFailure);
+}
+
+void TestViewGeometry::failsWithoutNumbers()
+{
+    TestWindow window;
+    const auto expectFailures = [&window](int goodConversions) {
+        window.goodConversions = goodConversions;
+        QCOMPARE(heights(50, 60), kFailure);
+        window.goodConversions = goodConversions;
+        QCOMPARE(ratios(50, 60, 100), kFailure);
+        window.goodConversions = goodConversions;
+        double angle = 7;
+        QVERIFY(!NorthAngle(&window.view, angle));
+        QCOMPARE(angle, 0.0);
+    };
+    expectFailures(0);
+    expectFailures(1);
+    for (const double nowhere : {qInf(), qQNaN()}) {
+        window.view.origin.rx() = nowhere;
+        expectFailures(-1);
+    }
+    window.view.origin = {};
+    window.hasRects = false;
+    expectFailures(-1);
+
+    window.hasRects = true;
+    const Values onlyByFieldOfView{heights(50, 60)[0], -1, -1, 0};
+    window.view.dpi = {0, 0}; // no screen
+    QCOMPARE(heights(50, 60), onlyByFieldOfView);
+    window.view.dpi = {96, 96};
+    window.view.device = {5, 5, 1, 1};
+    QCOMPARE(ratios(50, 60, 100)[0] > 0, true);
+    QCOMPARE(ratios(50, 60, 100)[2], -1.0);
+}
+
+void TestViewGeometry::storesWholeDefaults_data()
+{
+    QTest::addColumn<double>("given");
+    QTest::addColumn<unsigned int>("stored");
+    QTest::newRow("cut") << 45.9 << 45U;
+    QTest::newRow("cut toward zero from below") << -0.9 << 0U;
+    QTest::newRow("negative") << -1.5 << 4294967295U;
+    QTest::newRow("far below") << -1e300 << 2147483648U;
+    QTest::newRow("infinite") << qInf() << 4294967295U;
+    QTest::newRow("no number") << qQNaN() << 0U;
+}
+
+void TestViewGeometry::storesWholeDefaults()
+{
+    QFETCH(const double, given);
+    QFETCH(const unsigned int, stored);
+    const TestWindow window;
+    QCOMPARE(EstimatedHeightAboveGroundLevelS(&window.view), heights(50, 60)[2]);
+    SetDefaultFieldOfView(given);
+    SetDefaultEyeToMonitorDistance(given);
+    QCOMPARE(DefaultFieldOfView(), stored);
+    QCOMPARE(DefaultEyeToMonitorDistance(), stored);
+    QCOMPARE(EstimatedZoomRatioFromDesiredHeightAboveGroundLevelS(nullptr, 9),
+             ratios(stored, stored, 9)[2]);
+    SetDefaultFieldOfView(50);
+    SetDefaultEyeToMonitorDistance(60);
+}
+
+/// A north arrow, painted turned clockwise by the angle, points to the map's north.
+void TestViewGeometry::pointsNorth()
+{
+    QRandomGenerator random(53);
+    const TestWindow window;
+    for (int i = 0; i < 2000; ++i) {
+        setRandomly(window.view, random);
+        double angle = 0;
+        QVERIFY(NorthAngle(nullptr, angle));
+        const double clockwise = angle / 180 * std::numbers::pi;
+        const QPointF tip(std::sin(clockwise), -std::cos(clockwise)); // y grows downwards
+        const QPointF onMap =
+            (window.view.geoAt(tip) - window.view.origin) / window.view.metresPerPixel;
+        QVERIFY(isClose(onMap.x(), 0, 1e-11L) && isClose(onMap.y(), 1, 1e-11L));
+    }
+}
+
+void TestViewGeometry::knowsTheSpecialAngles()
+{
+    const TestWindow window;
+    double angle = 0;
+    for (const double turned : {0.0, 1e-9, 180.0}) { // the arccosine would take 1e-9 for 0
+        window.view.eastToRight = turned;
+        QVERIFY(NorthAngle(nullptr, angle));
+        QVERIFY(isClose(angle, turned, 1e-14L));
+    }
+    window.view.device.setWidth(3); // both points are one
+    QVERIFY(!NorthAngle(nullptr, angle));
+    QCOMPARE(angle, 0.0);
+}
+
+void TestViewGeometry::correctsByTable_data()
+{
+    QTest::addColumn<QByteArray>("elements"); // scale, factor; null: there is no file
+    QTest::addColumn<QByteArray>("scales");
+    QTest::addColumn<QByteArray>("factors");
+    QTest::newRow("no file") << QByteArray()
+                             << QByteArray("7500 2000 1500 200000 300000 50 -5 inf nan 0 7/8 0/7")
+                             << QByteArray("15 11 11 40 -1 1 1 -1 -1 -1 -1 -1");
+    QTest::newRow("file without the array")
+        << QByteArray("") << QByteArray("7500 50") << QByteArray("-1 -1");
+    QTest::newRow("file") << QByteArray("100 99,100 10.9,nan 5,150 many,200.5 -1e99,300 -8,400 -9")
+                          << QByteArray("99 100 200.5 390 400 401")
+                          << QByteArray("10 10 -2147483648 -8 -9 -1");
+}
+
+/// The table is read once a process, beside the program: a copy of this one answers.
+void TestViewGeometry::correctsByTable()
+{
+    QFETCH(const QByteArray, elements);
+    QFETCH(const QByteArray, scales);
+    const QTemporaryDir dir;
+    const QString program = dir.filePath(u"program"_s);
+    QVERIFY(QFile::copy(QCoreApplication::applicationFilePath(), program));
+    QVERIFY(QDir(dir.path()).mkdir(u"config"_s));
+    QByteArray text = "[IPC]\n";
+    int number = 0;
+    for (const QByteArray &element : elements.isEmpty() ? QByteArrayList() : elements.split(',')) {
+        const QByteArray key = "HeightScaleFactor\\" + QByteArray::number(++number);
+        const QByteArrayList pair = element.split(' ');
+        text += key + "\\Scale=" + pair[0] + '\n' + key + "\\Factor=" + pair[1] + '\n';
+    }
+    QFile settings(dir.filePath(u"config/settings.ini"_s));
+    if (number > 0)
+        text += "HeightScaleFactor\\size=2000000000\n"; // damaged
+    if (!elements.isNull())
+        QVERIFY(settings.open(QIODevice::WriteOnly) && settings.write(text) == text.size());
+    settings.close();
+    QProcess process;
+    process.start(program, {u"--correct"_s, QString::fromLatin1(scales)});
+    QVERIFY(process.waitForFinished());
+    QTEST(process.readAllStandardOutput().trimmed(), "factors");
+}
+
+/// Prints the factor for each of the scales; "7/8" hands over two different ones.
+static int printFactors(const QStringList &scales)
+{
+    for (const QString &scale : scales)
+        std::printf("%d ",
+                    GetZoomFactorCorrectionForScaleValue(scale.section(u'/', 0, 0).toDouble(),
+                                                         scale.section(u'/', -1).toDouble()));
+    return 0;
+}
+
+int main(int argc, char *argv[])
+{
+    const QApplication app(argc, argv);
+    if (app.arguments().value(1) == "--correct"_L1)
+        return printFactors(app.arguments().value(2).split(u' '));
+    TestViewGeometry test;
+    return QTest::qExec(&test, app.arguments());
+}
+#include "tst_viewgeometry.moc"
