@@ -2,6 +2,7 @@
 // A document window whose one view shows the map through a known transformation.
 #pragma once
 
+#include <climits>
 #include <cmath>
 #include <kelo_base/navigation/DocWindowXIfc.h>
 #include <kelo_base/navigation/KView.h>
@@ -16,6 +17,7 @@ public:
     double eastToRight = 0; ///< degrees counter-clockwise from east to the right of the screen
     QPointF origin;         ///< on the map, of pixel (0, 0)
     QSize dpi{96, 96};
+    int unknownFrom = INT_MAX; ///< pixels from this column on cannot be converted
 
     [[nodiscard]] QPointF geoAt(QPointF pixel) const
     {
@@ -42,7 +44,6 @@ public:
 
     mutable TestView view;
     bool hasRects = true;
-    mutable int goodConversions = -1; ///< so many succeed before one fails; -1: all
 
     KView *PrimaryView() const override { return &view; }
     bool DeviceRect(QWidget *, QRect &rect) const override
@@ -58,6 +59,6 @@ public:
     bool DeviceToGeo(QWidget *, UCoord &coord) const override
     {
         coord.geoPoint = view.geoAt(coord.devicePoint);
-        return goodConversions-- != 0;
+        return coord.devicePoint.x() < view.unknownFrom;
     }
 };
