@@ -12,8 +12,9 @@ namespace docwindow {
 /// A document and, where that matters, the view of it to be shown: a neighbour of the current
 /// sheet, a linked plan, a stored view of a presentation.
 /// Programs know it as DocWindowXIfc::UDocItem.
-struct KELO_BASE_EXPORT UDocItem
+class KELO_BASE_EXPORT UDocItem
 {
+public:
     static constexpr qint32 kMaxDocumentNumber = 16'777'215;
 
     QString fileName;           ///< what the viewer opens; an item without it is not valid

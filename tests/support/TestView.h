@@ -14,9 +14,9 @@ class TestView : public KView
 public:
     QRect device{0, 0, 800, 600};
     double metresPerPixel = 1;
-    double eastToRight = 0; ///< degrees counter-clockwise from east to the right of the screen
-    QPointF origin;         ///< on the map, of pixel (0, 0)
-    QSize dpi{96, 96};
+    double eastToRight = 0;    ///< degrees counter-clockwise from east to the right of the screen
+    QPointF origin;            ///< on the map, of pixel (0, 0)
+    QSize dpi{96, 96};         ///< physical; QSize(): the screen's own
     int unknownFrom = INT_MAX; ///< pixels from this column on cannot be converted
 
     [[nodiscard]] QPointF geoAt(QPointF pixel) const
@@ -30,9 +30,9 @@ public:
 protected:
     int metric(PaintDeviceMetric which) const override
     {
-        if (which == PdmPhysicalDpiX)
-            return dpi.width();
-        return which == PdmPhysicalDpiY ? dpi.height() : KView::metric(which);
+        if (dpi.isValid() && (which == PdmPhysicalDpiX || which == PdmPhysicalDpiY))
+            return which == PdmPhysicalDpiX ? dpi.width() : dpi.height();
+        return KView::metric(which);
     }
 };
 
