@@ -47,7 +47,7 @@ bool UGeoArea::IsGeoValid() const
     double area = 0; // of the fan around the first corner, folds counted, so that none cancels
     for (int i = 2; i < m_polygon.size(); ++i)
         area += doubledArea(m_polygon[i - 1] - m_polygon[0], m_polygon[i] - m_polygon[0]);
-    return area > 0 && std::isfinite(area);
+    return area > 0;
 }
 
 /// Points that are not finite leave the area empty.

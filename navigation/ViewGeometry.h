@@ -51,8 +51,8 @@ EstimatedZoomRatioFromDesiredHeightAboveGroundLevelS(QWidget *view, double desir
 /// The direction, counter-clockwise from the map's east, in which the right of the screen points:
 /// -180 ... 180 degrees, 0 for a map with north at the top. A north arrow is painted turned
 /// clockwise on screen by it. Measured through the middle of the view, one pixel inside its edges.
-/// @return false, and an angle of 0, when the view does not tell, or when both points are one on
-///         the map or in a view three pixels wide
+/// @return false, and an angle of 0, when the view does not tell, or both points are one on the map
+///         (as they are in a view three pixels wide)
 KELO_BASE_EXPORT bool NorthAngle(QWidget *view, double &angle);
 
 /// The zoom-factor correction for a map scale denominator, interpolated between the entries of a

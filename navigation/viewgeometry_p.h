@@ -121,15 +121,14 @@ struct Estimate
 }
 
 /// Angle in degrees between a vector along the screen's horizontal and its image on the map,
-/// negative when the image points south; no number when there is no angle.
+/// negative when the image points south; no number when the image is null or not finite.
 ///
 /// This is the arccosine of the normalised scalar product. The arctangent gives the same to all
 /// digits also where the cosine is flat, near 0 and 180, and never has an argument above 1.
 [[nodiscard]] inline double northAngle(double deviceX, QPointF map)
 {
     constexpr double kDegreesPerRadian = 57.29577951308232;
-    const bool hasAngle = deviceX != 0 && !map.isNull() && isFinite(map);
-    if (!hasAngle)
+    if (map.isNull() || !isFinite(map))
         return std::numeric_limits<double>::quiet_NaN();
     const double along = deviceX < 0 ? -map.x() : map.x();
     const double angle = std::atan2(std::abs(map.y()), along) * kDegreesPerRadian;

@@ -69,7 +69,7 @@ Table loadTable(const QString &file)
 int factorFor(const Table &table, double scale)
 {
     const auto above = table.lower_bound(scale); // at the scale itself, if it is there
-    if (above == table.end() || std::isnan(scale))
+    if (above == table.end())
         return -1;
     if (above->first == scale || above == table.begin())
         return above->second;

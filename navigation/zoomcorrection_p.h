@@ -19,7 +19,7 @@ using Table = std::map<double, int>;
 [[nodiscard]] Table loadTable(const QString &file);
 
 /// Interpolated between the entries around @p scale and cut toward zero; the smallest entry's
-/// factor below it, -1 above the largest and for no number.
+/// factor below it, -1 above the largest.
 [[nodiscard]] int factorFor(const Table &table, double scale);
 
 } // namespace zoomcorrection

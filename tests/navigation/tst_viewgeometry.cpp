@@ -113,11 +113,14 @@ void TestViewGeometry::agreesWithLongDoubles()
 void TestViewGeometry::limitsItsArguments()
 {
     const TestWindow window;
-    for (const auto &[given, used] :
-         {std::pair(180.0, 179.9), {qInf(), 179.9}, {0.0, 0.1}, {-7.0, 0.1}, {qQNaN(), 0.1}})
-        QCOMPARE(heights(given, 60), heights(used, 60));
-    for (const auto &[given, used] : {std::pair(1000.0, 800.0), {2.0, 5.0}, {qQNaN(), 5.0}})
-        QCOMPARE(ratios(50, given, 100), ratios(50, used, 100));
+    for (const double large : {180.0, qInf()})
+        QCOMPARE(heights(large, 800), heights(179.9, large * 10));
+    for (const double small : {0.0, -7.0, qQNaN()})
+        QCOMPARE(heights(small, 5), heights(0.1, small));
+    const Values limits = ratios(179.9, 5, 100);
+    QVERIFY(limits[0] > ratios(179.89, 5, 100)[0] && limits[1] > ratios(179.9, 5.01, 100)[1]);
+    QVERIFY(heights(0.1, 800)[0] > heights(0.11, 800)[0]);
+    QVERIFY(heights(0.1, 800)[1] > heights(0.1, 799)[1]);
     for (const double noHeight : {0.0, -1.0, qQNaN(), qInf()})
         QCOMPARE(ratios(50, 60, noHeight), kFailure);
 }
@@ -198,8 +201,11 @@ void TestViewGeometry::correctsByTable_data()
     QTest::addColumn<QString>("scales");
     QTest::addColumn<QByteArray>("factors");
     QTest::newRow("no file") << QByteArray()
-                             << u"7500 2000 1500 200000 300000 50 -5 inf nan 0 7/8 0/7"_s
-                             << QByteArray("15 11 11 40 -1 1 1 -1 -1 -1 -1 -1 ");
+                             << u"100 1000 2000 5000 10000 25000 50000 100000 200000"_s
+                             << QByteArray("1 11 11 13 18 20 23 30 40 ");
+    QTest::newRow("between and outside")
+        << QByteArray() << u"7500 1500 50 -5 300000 inf nan 0 7/8 0/7"_s
+        << QByteArray("15 11 1 1 -1 -1 -1 -1 -1 -1 ");
     QByteArray file = "[IPC]\n";
     QTest::newRow("no array") << file << u"7500 50"_s << QByteArray("-1 -1 ");
     file += "HeightScaleFactor\\size=2000000000\n"; // damaged
