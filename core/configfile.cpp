@@ -47,9 +47,8 @@ void setLaterTime(QFileDevice &file, const QString &replacedName)
 
 bool readConfigFile(QIODevice &device, QSettings::SettingsMap &values)
 {
-    auto [readValues, isWhole] = initext::parse(device.readAll());
-    values = std::move(readValues); // what can be read counts, damaged or not
-    return isWhole;
+    values = initext::parse(device.readAll()).values;
+    return true; // damaged or not: QSettings would drop what can be read
 }
 
 /// @param device  the file that shall replace the one of its name. QSettings, which holds the lock,

@@ -51,7 +51,7 @@ LONG CALLBACK hearException(EXCEPTION_POINTERS *)
 int main()
 {
     check(isRunning("WINDOWS_Check"), "finds this program whatever the case");
-    check(isRunning("dows_chec\xC3\xBC"), "finds it by a part that is not ASCII");
+    check(isRunning("dows_check\xC3\xBC"), "finds it by a part that is not ASCII");
     check(!isRunning("no such program 4711"), "finds no other program");
 
     platform::setThreadName("nobody listens");
