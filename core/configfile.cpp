@@ -50,8 +50,8 @@ bool readConfigFile(QIODevice &device, QSettings::SettingsMap &values)
     auto parsed = initext::parse(device.readAll());
     if (!parsed)
         return false;
-    values = std::move(parsed->values); // what can be read counts, damaged or not
-    return parsed->isWhole;
+    values = std::move(parsed->values);
+    return true; // damaged or not: QSettings would drop what can be read
 }
 
 /// @param device  the file that shall replace the one of its name. QSettings, which holds the lock,
