@@ -256,7 +256,7 @@ void placeNumber(SheetFigure &figure, const QRectF &bounds)
     }
     const auto characters = static_cast<double>(std::max<qsizetype>(figure.number.size(), 1));
     constexpr double kLeast = 4;
-    constexpr double kMost = 90;
+    constexpr double kMost = 140;
     const double fits = std::min(0.42 * height, 0.78 * width / (kCharacterWidth * characters));
     figure.textHeight = fits < kLeast ? 0 : std::min(fits, kMost);
     figure.centre = bounds.center();
@@ -351,7 +351,7 @@ void writeLegend(SheetPicture &picture, double margin, double top, const QString
                     .position = {},
                     .markWidth = length * picture.pixelsPerUnit,
                     .text = DxfToolTexts::UnitsInPreview(QLocale::c().toString(length, 'g', 6))});
-    picture.size.setHeight(legend.Bottom() + margin / 2);
+    picture.size.setHeight(std::ceil(legend.Bottom() + margin / 2));
 }
 
 } // namespace
@@ -380,7 +380,7 @@ SheetPicture LayOutSheets(const DxfDrawing &drawing, std::span<const quint32> sh
     const QSizeF used = placement.size * picture.pixelsPerUnit;
     const double margin = std::max(24.0, page.width() / 45);
     constexpr double kNarrowest = 900; // for the legend
-    const double width = std::max(used.width() + 2 * margin, kNarrowest);
+    const double width = std::ceil(std::max(used.width() + 2 * margin, kNarrowest));
     const QPointF origin((width - used.width()) / 2, margin);
     for (std::size_t i = 0; i < drafts.size(); ++i)
         picture.figures.push_back(

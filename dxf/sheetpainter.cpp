@@ -103,8 +103,6 @@ void paintFigure(QPainter &painter, const SheetFigure &figure, double lineWidth)
         else
             painter.drawPolyline(points);
     }
-    if (figure.corners[0] != figure.corners[2])
-        paintCorners(painter, figure.corners);
 }
 
 void paintLegendMark(QPainter &painter, const LegendEntry &entry, double textHeight)
@@ -169,7 +167,11 @@ void PaintSheets(QPainter &painter, const SheetPicture &picture)
     const double lineWidth = picture.figures.size() < 200 ? 1.5 : 0.8;
     for (const SheetFigure &figure : picture.figures)
         paintFigure(painter, figure, lineWidth);
-    for (const SheetFigure &figure : picture.figures) // above all frames
+    // Above all frames, where sheets overlap.
+    for (const SheetFigure &figure : picture.figures)
+        if (figure.corners[0] != figure.corners[2])
+            paintCorners(painter, figure.corners);
+    for (const SheetFigure &figure : picture.figures)
         paintNumber(painter, figure);
     paintLegend(painter, picture);
 }
