@@ -33,6 +33,9 @@ private:
     const bool m_isForeign;
 };
 
+/// Enough to tell what kind of file it is.
+constexpr std::size_t kHead = 4096;
+
 struct Fault
 {
     qint64 position = 0; ///< 0: concerns the file as a whole
@@ -91,7 +94,8 @@ DxfReadResult failed(const QString &name, const Fault &fault, bool isBinary)
 DxfReadResult readFrom(ByteSource &source, QIODevice &device, const QString &name)
 {
     const ClassicLocale numbersHavePoints;
-    source.more();
+    while (source.unread().size() < kHead && source.more()) {
+    }
     const bool isBinary = source.unread().starts_with(kBinarySentinel);
     Fault fault;
     DxfConvertCreationAdapter adapter;

@@ -64,7 +64,7 @@ void appendCornerLines(std::string &text, const DxfDrawing &drawing, const DxfPo
     for (quint32 i = 0; i < vertices.size(); ++i)
         corners[static_cast<std::size_t>(drawing.Corner(polyline, i))] = &vertices[i];
     for (const VtxPosition position : kCornerOrder) {
-        const DxfVertex *corner = corners[position];
+        const DxfVertex *corner = corners[static_cast<std::size_t>(position)];
         if (!corner)
             continue;
         AppendGk2Coordinate(text, corner->x);

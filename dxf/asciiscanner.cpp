@@ -10,6 +10,17 @@ AsciiScanner::AsciiScanner(ByteSource &source) : m_source(source)
         m_source.consume(kByteOrderMark.size());
 }
 
+/// Blanks, an integer of at most five digits, blanks, and perhaps a carriage return.
+bool AsciiScanner::parseCode(std::string_view line, int &code)
+{
+    while (!line.empty() && line.back() == '\r')
+        line.remove_suffix(1);
+    constexpr std::size_t kLongest = 6; // with a sign
+    const std::string_view digits = trimmed(line);
+    const auto [stop, error] = std::from_chars(digits.begin(), digits.end(), code);
+    return error == std::errc() && stop == digits.end() && digits.size() <= kLongest;
+}
+
 /// The pair at hand is not complete in memory.
 ScanResult AsciiScanner::nextSlowly(DxfPair &pair)
 {

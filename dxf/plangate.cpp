@@ -26,11 +26,30 @@ constexpr int kComment = 999;
 constexpr int kClosed = 1;         ///< polyline flag
 constexpr int kMeshVertex = 64;    ///< vertex flag
 constexpr int kPolyfacePart = 128; ///< vertex flag; without kMeshVertex it is a face, no point
-constexpr std::size_t kLongestText = std::size_t{1} << 20;
+constexpr std::size_t kLongestText = 65'536;
 
 bool isNeededVariable(std::string_view name)
 {
     return name == "$ACADVER" || name == "$DWGCODEPAGE";
+}
+
+enum class Coordinate { Finite, Tiny, None };
+
+/// Tells whether all of a text is a finite number; one too small for a double is as good as 0.
+Coordinate judged(std::string_view text)
+{
+    if (text.starts_with('+') && !text.starts_with("+-"))
+        text.remove_prefix(1);
+    double number = 0;
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (stop != text.data() + text.size())
+        return Coordinate::None;
+    if (error == std::errc::result_out_of_range)
+        return text.find("e-") != std::string_view::npos ||
+                       text.find("E-") != std::string_view::npos
+                   ? Coordinate::Tiny
+                   : Coordinate::None;
+    return error == std::errc() && std::isfinite(number) ? Coordinate::Finite : Coordinate::None;
 }
 
 } // namespace
@@ -44,15 +63,26 @@ ParserFeed::ParserFeed(DxfConvertCreationAdapter &adapter) : m_adapter(adapter)
 
 void ParserFeed::give(int code, std::string_view value)
 {
-    m_given.set(static_cast<std::size_t>(code));
     m_value.assign(value);
-    m_parser.processDXFGroup(&m_adapter, code, m_value);
+    give(code, m_value);
 }
 
-void ParserFeed::giveIfMissing(int code, std::string_view value)
+void ParserFeed::give(int code, const std::string &value)
+{
+    m_given.set(static_cast<std::size_t>(code));
+    m_parser.processDXFGroup(&m_adapter, code, value);
+}
+
+void ParserFeed::giveFlags(int flags)
+{
+    if (std::exchange(m_flags, flags) != flags)
+        give(code::kFlags, std::to_string(flags));
+}
+
+void ParserFeed::giveIfMissing(int code)
 {
     if (!isGiven(code))
-        give(code, value);
+        give(code, std::string_view());
 }
 
 PlanGate::PlanGate(DxfConvertCreationAdapter &adapter)
@@ -111,12 +141,31 @@ bool PlanGate::beginEntity(const DxfPair &pair)
         endSection();
         m_isFinished = true;
         return false;
-    } else if (m_section == Section::Entities) {
-        m_entity = beginInEntities(name);
-    } else if (m_section == Section::Blocks) {
-        m_entity = beginInBlocks(name);
+    } else {
+        return beginInSection(name);
     }
     return true;
+}
+
+bool PlanGate::beginInSection(std::string_view name)
+{
+    switch (m_section) {
+    case Section::Entities:
+        m_entity = beginInEntities(name);
+        // Nothing of a lost section end must be lost without a word.
+        return name != "BLOCK"
+               || refuse(m_entityPosition, ReaderText::tr("A block stands outside of the blocks"));
+    case Section::Blocks:
+        m_entity = beginInBlocks(name);
+        return true;
+    case Section::Header:
+    case Section::Other:
+        return true;
+    case Section::None:
+        break;
+    }
+    return refuse(m_entityPosition,
+                  ReaderText::tr("'%1' stands outside of any section").arg(shownText(name)));
 }
 
 void PlanGate::beginSection()
@@ -297,7 +346,7 @@ bool PlanGate::takeLwPolyline(const DxfPair &pair)
             return false;
         m_wantsY = false;
         ++m_vertices;
-        m_vertex.give(code::kFlags, "0");
+        m_vertex.giveFlags(0);
         m_vertex->addVertex(&m_adapter);
         return true;
     default:
@@ -339,8 +388,7 @@ bool PlanGate::takeEmbeddedText(const DxfPair &pair)
     if (!readText(pair, text))
         return false;
     m_embeddedText.append(text);
-    return m_embeddedText.size() <= kLongestText ||
-           refuse(pair.valuePosition, ReaderText::tr("The text of an attribute is too long"));
+    return m_embeddedText.size() <= kLongestText || refuseLongText(pair);
 }
 
 bool PlanGate::giveText(ParserFeed &feed, const DxfPair &pair)
@@ -355,32 +403,43 @@ bool PlanGate::giveText(ParserFeed &feed, const DxfPair &pair)
 bool PlanGate::giveCoordinate(const DxfPair &pair)
 {
     std::string_view text;
-    if (!readText(pair, text))
+    if (!readRaw(pair, text))
         return false;
     m_number = trimmed(text);
     std::ranges::replace(m_number, ',', '.'); // as the parser does
-    const char *begin = m_number.data();
-    const char *const end = begin + m_number.size();
-    const bool hasPlus = m_number.starts_with('+') && !m_number.starts_with("+-");
-    double number = 0;
-    const auto [stop, error] = std::from_chars(hasPlus ? begin + 1 : begin, end, number);
-    const bool isTiny = error == std::errc::result_out_of_range &&
-                        m_number.find_first_of("eE") != std::string::npos &&
-                        m_number[m_number.find_first_of("eE") + 1] == '-';
-    const bool isNumber = stop == end && (isTiny || error == std::errc()) && std::isfinite(number);
-    if (!isNumber)
+    switch (judged(m_number)) {
+    case Coordinate::Finite:
+        break;
+    case Coordinate::Tiny:
+        m_number.assign(1, '0');
+        break;
+    case Coordinate::None:
         return refuse(pair.valuePosition,
                       ReaderText::tr("'%1' is no coordinate").arg(shownText(text)));
-    m_vertex.give(pair.code, isTiny ? std::string_view("0") : std::string_view(m_number));
+    }
+    m_vertex.give(pair.code, m_number);
     return true;
+}
+
+/// The value as text, whatever bytes it holds.
+bool PlanGate::readRaw(const DxfPair &pair, std::string_view &text)
+{
+    text = pair.text(m_scratch);
+    return (!pair.isTooLong && text.size() <= kLongestText) || refuseLongText(pair);
+}
+
+bool PlanGate::refuseLongText(const DxfPair &pair)
+{
+    return refuse(pair.valuePosition,
+                  ReaderText::tr("The text has more than %1 bytes").arg(kLongestText));
 }
 
 bool PlanGate::readText(const DxfPair &pair, std::string_view &text)
 {
-    if (pair.isTooLong)
-        return refuse(pair.valuePosition, ReaderText::tr("The line is too long"));
-    text = pair.text(m_scratch);
-    const bool isBroken = text.find_first_of(std::string_view("\0\n", 2)) != std::string_view::npos;
+    if (!readRaw(pair, text))
+        return false;
+    const bool isBroken =
+        text.find('\0') != std::string_view::npos || text.find('\n') != std::string_view::npos;
     return !isBroken ||
            refuse(pair.valuePosition, ReaderText::tr("The text holds a NUL or a line feed"));
 }
@@ -399,7 +458,7 @@ bool PlanGate::readInteger(const DxfPair &pair, qint64 &number)
 
 void PlanGate::endBlockHead()
 {
-    m_block.giveIfMissing(code::kName, {});
+    m_block.giveIfMissing(code::kName);
     m_dropsBlock = m_block->getStringValue(code::kName, {}).empty();
     if (m_dropsBlock)
         m_adapter.note(ReaderText::tr("A block without a name is left out"));
@@ -410,7 +469,7 @@ void PlanGate::endBlockHead()
 /// Also of a LWPOLYLINE: its vertices follow as if they were entities of their own.
 void PlanGate::endPolylineHead()
 {
-    m_polyline.give(code::kFlags, std::to_string(m_flags));
+    m_polyline.giveFlags(m_flags);
     m_polyline->addPolyline(&m_adapter);
     m_isInPolyline = true;
     m_hasHead = true;
@@ -444,14 +503,14 @@ bool PlanGate::endVertex()
         return refuse(m_entityPosition, m_vertex.isGiven(code::kX)
                                             ? ReaderText::tr("A vertex without Y")
                                             : ReaderText::tr("A vertex without X"));
-    m_vertex.give(code::kFlags, std::to_string(m_flags));
+    m_vertex.giveFlags(m_flags);
     m_vertex->addVertex(&m_adapter);
     return true;
 }
 
 void PlanGate::endInsertHead()
 {
-    m_insert.giveIfMissing(code::kName, {});
+    m_insert.giveIfMissing(code::kName);
     m_adapter.endInsert(); // the one before, should this one have no name
     if (m_insert->getStringValue(code::kName, {}).empty())
         m_adapter.note(ReaderText::tr("An insert without a block name is left out"));
@@ -460,7 +519,7 @@ void PlanGate::endInsertHead()
 
 void PlanGate::endAttribute()
 {
-    m_attribute.giveIfMissing(code::kName, {});
+    m_attribute.giveIfMissing(code::kName);
     if (!m_hasOwnText)
         m_attribute.give(code::kText, m_embeddedText);
     m_attribute->addAttribute(&m_adapter);

@@ -19,7 +19,11 @@ public:
     void begin() { m_given.reset(); }
     /// Codes below 128.
     void give(int code, std::string_view value);
-    void giveIfMissing(int code, std::string_view value);
+    void give(int code, const std::string &value);
+    /// An empty value, if none came since begin().
+    void giveIfMissing(int code);
+    /// Flags of a polyline or vertex, which the parser keeps from one to the next.
+    void giveFlags(int flags);
     [[nodiscard]] bool isGiven(int code) const
     {
         return m_given.test(static_cast<std::size_t>(code));
@@ -30,6 +34,7 @@ private:
     DL_Dxf m_parser;
     DxfConvertCreationAdapter &m_adapter;
     std::bitset<128> m_given; ///< codes that came since begin()
+    int m_flags = 0;          ///< the parser's; 0 when it was not told any
     std::string m_value;      ///< kept for its memory
 };
 
@@ -68,6 +73,7 @@ private:
 
     bool takeNeeded(const DxfPair &pair);
     bool beginEntity(const DxfPair &pair);
+    bool beginInSection(std::string_view name);
     void beginSection();
     void endSection();
     Entity beginInBlocks(std::string_view name);
@@ -85,6 +91,7 @@ private:
     bool takeName(ParserFeed &feed, const DxfPair &pair);
     bool giveText(ParserFeed &feed, const DxfPair &pair);
     bool giveCoordinate(const DxfPair &pair);
+    bool readRaw(const DxfPair &pair, std::string_view &text);
     bool readText(const DxfPair &pair, std::string_view &text);
     bool readInteger(const DxfPair &pair, qint64 &number);
 
@@ -97,6 +104,7 @@ private:
     void endBlock();
     void endPolyline();
 
+    bool refuseLongText(const DxfPair &pair);
     bool refuse(qint64 position, const QString &message);
 
     DxfConvertCreationAdapter &m_adapter;
