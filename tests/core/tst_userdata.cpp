@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Data scopes: paths, files, signals.
-#include "support/MessageLog.h"
-#include "support/TemporaryHome.h"
+#include "tests/support/MessageLog.h"
+#include "tests/support/TemporaryHome.h"
 
 #include <kelo_base/core/UserDataManager.h>
 
