@@ -56,7 +56,33 @@ public:
     {
         return tr("Sheet '%1' is not exported: its insert lies inside a block").arg(sheet);
     }
+    static QString SheetsDrawn(qint64 sheets, std::size_t drawn)
+    {
+        return drawn == static_cast<std::size_t>(sheets)
+                   ? (sheets == 1 ? tr("1 sheet") : tr("%1 sheets").arg(sheets))
+                   : tr("the first %1 of %2 sheets").arg(drawn).arg(sheets);
+    }
+    static QString DrawnInPlace() { return tr("as they lie in the plan"); }
+    static QString DrawnInRows() { return tr("to scale, side by side"); }
+    static QString SheetInPreview() { return tr("sheet"); }
+    static QStringList CornersInPreview()
+    {
+        return {tr("top left"), tr("top right"), tr("bottom right"), tr("bottom left")};
+    }
+    static QString UnlabelledInPreview(qint64 sheets)
+    {
+        return tr("without labels: %1").arg(sheets);
+    }
+    static QString UnnumberedInPreview(qint64 sheets)
+    {
+        return tr("without number: %1").arg(sheets);
+    }
+    static QString UnitsInPreview(const QString &length) { return tr("%1 units").arg(length); }
     static QString NoSheets() { return tr("No insert of the plan counts as a sheet"); }
+    static QString AtByte(const QString &text, qint64 offset)
+    {
+        return tr("%1, at byte %2").arg(text, QString::number(offset));
+    }
     static QString MoreOfThisKind(qint64 count)
     {
         return tr("%1 more warnings of this kind").arg(count);
