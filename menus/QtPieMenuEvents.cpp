@@ -353,7 +353,8 @@ void QtPieMenu::activateByKey(int index)
     if (QtPieMenu *menu = subMenuAt(index)) {
         const pie::Layout &layout = d->layoutOf(*this);
         const double radius = (layout.innerRadius + layout.outerRadius) / 2;
-        openSubMenu(index, mapToGlobal(layout.pointIn(index, radius).toPoint()));
+        const QPointF place = layout.pointIn(index, radius) - QPointF(0.5, 0.5); // a pixel's corner
+        openSubMenu(index, mapToGlobal(place.toPoint()));
         menu->setHighlightedItem(Data::kJustOpened); // the pointer has no say in this
         return;
     }

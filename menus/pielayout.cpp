@@ -11,9 +11,8 @@ namespace pie {
 
 namespace {
 
-constexpr double kPadding = 4;      ///< between a label and the edges of its sector
-constexpr double kGap = 2;          ///< between icon and text
-constexpr double kReadableText = 3; ///< narrower than so many text heights is not worth reading
+constexpr double kPadding = 4; ///< between a label and the edges of its sector
+constexpr double kGap = 2;     ///< between icon and text
 constexpr double kIconEdges[] = {32, 24, 22, 16};
 /// Where along the radius a label is tried, the middle first, as parts of the ring's width.
 constexpr double kPlaces[] = {0.5, 0.58, 0.42, 0.66, 0.34, 0.74, 0.82};
@@ -174,7 +173,7 @@ Label placeLabel(const Layout &layout, int sector, const Wish &wish)
 {
     if (layout.sweep(sector) <= 0)
         return {};
-    const double readable = std::min(wish.text.width(), kReadableText * wish.text.height());
+    const double readable = std::min(wish.text.width(), wish.readable);
     Label label;
     for (const double edge : kIconEdges) {
         if (wish.icon > 0 && edge > wish.icon)

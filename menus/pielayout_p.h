@@ -43,7 +43,8 @@ struct Layout
 /// What an item wants to show, in pixels.
 struct Wish
 {
-    QSizeF text;          ///< of the whole text on one line; empty: none
+    QSizeF text;          ///< of the whole text; empty: none
+    double readable = 0;  ///< width below which cut text says less than a larger icon
     double icon = 0;      ///< edge of the icon; 0: none
     double outerMark = 0; ///< taken by a mark at the outer rim; 0: none
 };

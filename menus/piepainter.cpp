@@ -5,7 +5,8 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <algorithm>
-#include <numbers>
+#include <cmath>
+#include <utility>
 
 namespace pie {
 
@@ -16,6 +17,7 @@ constexpr double kArrowDepth = 6;   ///< of the mark of a sub-menu
 constexpr double kArrowFromRim = 7; ///< from its tip to the outer rim
 constexpr double kRoomForArrow = kArrowFromRim + kArrowDepth + 2;
 constexpr double kShade = 0.6;         ///< how much of a shaded menu is covered
+constexpr double kReadableText = 3;    ///< narrower than so many lines are high says nothing
 constexpr double kSmallestCentre = 10; ///< a smaller middle has no room for its sign
 
 QColor mixed(const QColor &a, const QColor &b, double part)
@@ -31,9 +33,29 @@ QColor lineColor(const QPalette &palette, double strength)
     return mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), strength);
 }
 
-double widthOfTick(const Cell &cell, double textHeight)
+/// The text broken at the blank that leaves the shorter lines; empty when it is one word.
+QString inTwoLines(const QString &text, const QFontMetricsF &metrics)
 {
-    return cell.isCheckable ? textHeight : 0;
+    QString best;
+    double bestWidth = 0;
+    for (qsizetype at = 0; (at = text.indexOf(u' ', at)) >= 0; ++at) {
+        QString broken = text;
+        broken[at] = u'\n';
+        const double width = metrics.size(Qt::TextShowMnemonic, broken).width();
+        if (best.isEmpty() || width < bestWidth) {
+            best = broken;
+            bestWidth = width;
+        }
+    }
+    return best;
+}
+
+QString elided(const QString &text, const QFontMetricsF &metrics, double width)
+{
+    QStringList lines = text.split(u'\n');
+    for (QString &line : lines)
+        line = metrics.elidedText(line, Qt::ElideRight, width, Qt::TextShowMnemonic);
+    return lines.join(u'\n');
 }
 
 void paintRing(QPainter &painter, const Picture &picture)
@@ -126,17 +148,16 @@ void paintText(QPainter &painter, const Picture &picture, const Cell &cell, cons
 {
     QRectF text = cell.label.text;
     if (cell.isChecked) {
-        const double edge = widthOfTick(cell, text.height());
+        const double edge = painter.fontMetrics().height();
         const bool isMirrored = picture.direction == Qt::RightToLeft;
-        const QRectF tick(isMirrored ? text.right() - edge : text.left(), text.top(), edge,
-                          text.height());
+        const double left = isMirrored ? text.right() - edge : text.left();
+        const QRectF tick(left, text.center().y() - edge / 2, edge, edge);
         paintTick(painter, tick.adjusted(0, 1, -3, -1), color);
         text.adjust(isMirrored ? 0 : edge, 0, isMirrored ? -edge : 0, 0);
     }
     const int letters = picture.underlinesLetters ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
     painter.setPen(color);
-    painter.drawText(text, Qt::AlignCenter | Qt::TextSingleLine | Qt::TextDontClip | letters,
-                     cell.text);
+    painter.drawText(text, Qt::AlignCenter | Qt::TextDontClip | letters, cell.text);
 }
 
 void paintCell(QPainter &painter, const Picture &picture, int sector)
@@ -171,18 +192,30 @@ void fitCell(Cell &cell, const Layout &layout, int sector, const QFontMetricsF &
              double iconEdge)
 {
     cell.outline = sectorPath(layout, sector);
-    const QString whole = cell.text;
-    const double tick = widthOfTick(cell, metrics.height());
-    Wish wish;
-    if (!whole.isEmpty())
-        wish.text = {metrics.size(Qt::TextShowMnemonic, whole).width() + tick + 1,
-                     metrics.height()};
-    wish.icon = cell.icon.isNull() ? 0 : iconEdge;
-    wish.outerMark = cell.isSubMenu ? kRoomForArrow : 0;
-    cell.label = placeLabel(layout, sector, wish);
-    const double room = cell.label.text.width() - tick;
-    cell.text = metrics.elidedText(whole, Qt::ElideRight, room, Qt::TextShowMnemonic);
-    cell.isElided = cell.text != whole;
+    const double tick = cell.isChecked ? metrics.height() : 0;
+    const auto placed = [&](const QString &text) {
+        const QSizeF size = metrics.size(Qt::TextShowMnemonic, text);
+        Wish wish;
+        if (!text.isEmpty())
+            wish.text = QSizeF(size.width() + tick + 1, size.height());
+        wish.readable = kReadableText * metrics.height();
+        wish.icon = cell.icon.isNull() ? 0 : iconEdge;
+        wish.outerMark = cell.isSubMenu ? kRoomForArrow : 0;
+        const Label label = placeLabel(layout, sector, wish);
+        return std::pair(label, label.text.width() / std::max(wish.text.width(), 1.0));
+    };
+    QString text = cell.text;
+    auto [label, shown] = placed(text);
+    if (const QString broken = shown < 1 ? inTwoLines(text, metrics) : QString();
+        !broken.isEmpty()) {
+        if (const auto other = placed(broken); other.second > shown) {
+            text = broken;
+            label = other.first;
+        }
+    }
+    cell.label = label;
+    cell.text = elided(text, metrics, label.text.width() - tick);
+    cell.isElided = cell.text != text;
 }
 
 QRect sectorArea(const Cell &cell)

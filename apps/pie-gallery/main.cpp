@@ -9,8 +9,11 @@
 #include <QComboBox>
 #include <QCommandLineParser>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <algorithm>
+#include <cmath>
 #include <kelo_base/actions/ActionManager.h>
 #include <kelo_base/actions/ContextMenuLayout.h>
 #include <kelo_base/actions/FunctionFilter.h>
@@ -57,6 +60,7 @@ constexpr Function kLayers[] = {
 };
 constexpr const char *kLayersGlyph = "12,3 21,8 12,13 3,8 12,3; 3,12 12,17 21,12; 3,16 12,21 21,16";
 constexpr int kFirstLayerId = 100;
+constexpr int kLayersAt = 2; ///< index of the sub-menu
 const FilterByContextId kEverywhere(-1, -1, -1);
 
 /// A registry and a menu of it with a sub-menu of layers.
@@ -89,7 +93,7 @@ public:
         layers->setText(m_isGerman ? u"&Ebenen"_s : u"&Layers"_s);
         layers->setIcon(glyphIcon(kLayersGlyph));
         fill(*layers, kFirstLayerId, static_cast<int>(std::size(kLayers)));
-        menu->insertItem(layers.release(), std::min(2, count - 1));
+        menu->insertItem(layers.release(), kLayersAt);
     }
 
     [[nodiscard]] const ActionManager &registry() const { return m_manager; }
@@ -144,26 +148,47 @@ int outerRadiusFor(int count)
     return count > 8 ? 190 : 150;
 }
 
+/// Moves the pointer into the direction of an item, somewhat beyond the ring, and clicks.
+void click(QtPieMenu &menu, int item)
+{
+    const int count = menu.count();
+    const double angle =
+        (menu.indexToAngle(item, count, true) + menu.indexToAngle(item + 1, count, true)) / 2;
+    const double distance = 1.15 * menu.outerRadius();
+    const QPointF offset(distance * std::cos(angle), -distance * std::sin(angle));
+    const QPointF pos = menu.rect().center() + offset;
+    for (const auto type :
+         {QEvent::MouseMove, QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, pos, menu.mapToGlobal(pos), Qt::LeftButton, Qt::NoButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(&menu, &event);
+    }
+}
+
 /// The menu on a plan, with its sub-menu open, as a picture in a file.
 bool savePicture(Gallery &gallery, int count, const QString &path)
 {
-    constexpr QSize kSize(640, 440);
-    PlanView plan;
-    plan.resize(kSize);
+    constexpr int kMargin = 24;
     gallery.build(count, 40, outerRadiusFor(count));
     QtPieMenu &menu = *gallery.menu;
-    QtPieMenu *layers = menu.subMenuAt(2);
-    menu.popup({400, 220});
-    menu.activateItem(2);
-    layers->move(menu.pos() + QPoint(-150, menu.height() / 4));
-    layers->setHighlightedItem(3);
+    QtPieMenu &layers = *menu.subMenuAt(kLayersAt);
+    const QRect screen = menu.screen()->geometry();
+    menu.popup(screen.center());
+    click(menu, kLayersAt);
+    layers.setHighlightedItem(3);
 
+    PlanView plan;
+    plan.resize(screen.size());
     QPixmap picture = plan.grab();
     QPainter painter(&picture);
     painter.drawPixmap(menu.pos(), menu.grab());
-    painter.drawPixmap(layers->pos(), layers->grab());
+    painter.drawPixmap(layers.pos(), layers.grab());
     painter.end();
-    return picture.save(path);
+    const QRectF shown =
+        (menu.geometry() | layers.geometry()).adjusted(-kMargin, -kMargin, kMargin, kMargin);
+    const double scale = picture.devicePixelRatio();
+    return picture.copy(QRectF(shown.topLeft() * scale, shown.size() * scale).toAlignedRect())
+        .save(path);
 }
 
 int showWindow(Gallery &gallery, int count)

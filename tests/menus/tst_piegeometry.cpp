@@ -282,7 +282,8 @@ void TestPieGeometry::labelsStayInTheirSector()
     for (int round = 0; round < 300; ++round) {
         const Weights weights(1 + random.bounded(30U), 1);
         const pie::Layout layout = layoutOf(weights, random.bounded(101), 100);
-        const pie::Wish wish{QSizeF(random.bounded(1, 90), 15), random.bounded(2) ? 32.0 : 0.0, 0};
+        const pie::Wish wish{QSizeF(random.bounded(1, 90), 15), 45, random.bounded(2) ? 32.0 : 0.0,
+                             0};
         for (int i = 0; i < layout.count(); ++i) {
             const pie::Label label = pie::placeLabel(layout, i, wish);
             ++(label.text.width() < wish.text.width() ? cut : whole);

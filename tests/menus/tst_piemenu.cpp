@@ -323,7 +323,7 @@ void TestPieMenu::measuresFastStrokesFromThePress()
     menu.top->popup(area.bottomRight());
     QCOMPARE(menu.top->geometry(), QRect(area.bottomRight() - QPoint(200, 200), QSize(201, 201)));
     if (isSeen)
-        menu.top->repaint();
+        QCoreApplication::processEvents(); // paints
     // Above the corner, but to the right of the menu's middle.
     Menu::point(menu.top, u'r', area.bottomRight() - QPoint(0, 60));
     QCOMPARE(menu.log.value(2), picked);
