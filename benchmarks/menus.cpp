@@ -123,6 +123,8 @@ void highlightOurs(benchmark::State &state)
     watch.wait();
     if (menu->devicePixelRatio() != static_cast<int>(state.range(0)))
         std::abort();
+    menu->setHighlightedItem(0);
+    watch.wait();
     for (auto _ : state) {
         menu->setHighlightedItem((menu->highlightedItem() + 1) % kItems);
         watch.wait();

@@ -40,15 +40,14 @@ const std::vector<pie::Cell> &QtPieMenu::Data::fittedCells(const QtPieMenu &menu
     const int iconEdge = menu.style()->pixelMetric(QStyle::PM_LargeIconSize, nullptr, &menu);
     cells.clear();
     for (const QtPieItem *item : items) {
-        pie::Cell cell{.text = item->text(),
-                       .icon = item->icon(),
-                       .isEnabled = item->isEnabled(),
-                       .isSubMenu = item->type() == SubMenu,
-                       .isCheckable = item->isCheckable(),
-                       .isChecked = item->isChecked()};
-        pie::fitCell(cell, ring, static_cast<int>(cells.size()), metrics, iconEdge);
-        cells.push_back(std::move(cell));
+        cells.push_back({.text = item->text(),
+                         .icon = item->icon(),
+                         .isEnabled = item->isEnabled(),
+                         .isSubMenu = item->type() == SubMenu,
+                         .isCheckable = item->isCheckable(),
+                         .isChecked = item->isChecked()});
     }
+    pie::fitCells(cells, ring, metrics, iconEdge);
     return cells;
 }
 

@@ -11,9 +11,9 @@ namespace pie {
 
 namespace {
 
-constexpr double kPadding = 4; ///< between a label and the edges of its sector
-constexpr double kGap = 2;     ///< between icon and text
-constexpr double kIconEdges[] = {32, 24, 22, 16};
+constexpr double kPadding = 4;    ///< between a label and the edges of its sector
+constexpr double kGap = 2;        ///< between icon and text
+constexpr double kSmallIcon = 16; ///< shown alone where there is no room for text
 /// Where along the radius a label is tried, the middle first, as parts of the ring's width.
 constexpr double kPlaces[] = {0.5, 0.58, 0.42, 0.66, 0.34, 0.74, 0.82};
 
@@ -94,18 +94,20 @@ Label widestLabel(const Room &room, QPointF middle, double icon, QSizeF text)
     return best;
 }
 
-Label bestLabel(const Layout &layout, int sector, const Wish &wish, double icon, QSizeF text)
+/// The label with the most text along the middle of the sector.
+Label bestLabel(const Layout &layout, int sector, double outerMark, double icon, QSizeF text)
 {
-    const Room room(layout, sector, wish.outerMark);
+    const Room room(layout, sector, outerMark);
     Label best;
     for (const double place : kPlaces) {
         const double radius = std::lerp(layout.innerRadius, layout.outerRadius, place);
         const QPointF middle = layout.pointIn(sector, radius) - layout.centre();
         const Label label = widestLabel(room, middle, icon, text);
         const bool isFirst = best.icon.isNull() && best.text.isNull();
-        if (isFirst || label.text.width() > best.text.width() + 1)
+        if (isFirst || label.text.width() > best.text.width())
             best = label;
-        if (best.text.width() >= text.width() && holds(room, best))
+        const bool isWhole = best.text.width() >= text.width();
+        if (isWhole && (icon <= 0 || !best.icon.isNull()))
             break;
     }
     return best;
@@ -173,18 +175,10 @@ Label placeLabel(const Layout &layout, int sector, const Wish &wish)
 {
     if (layout.sweep(sector) <= 0)
         return {};
-    const double readable = std::min(wish.text.width(), wish.readable);
-    Label label;
-    for (const double edge : kIconEdges) {
-        if (wish.icon > 0 && edge > wish.icon)
-            continue;
-        label = bestLabel(layout, sector, wish, wish.icon > 0 ? edge : 0, wish.text);
-        if (wish.icon <= 0 || (label.text.width() >= readable && !label.icon.isNull()))
-            break;
-    }
+    Label label = bestLabel(layout, sector, wish.outerMark, wish.icon, wish.text);
     // An icon alone says more than two letters under it.
-    if (wish.icon > 0 && label.text.width() < readable)
-        label = bestLabel(layout, sector, wish, 16, {});
+    if (wish.icon > 0 && label.text.width() < std::min(wish.text.width(), wish.readable))
+        label = bestLabel(layout, sector, wish.outerMark, std::min(wish.icon, kSmallIcon), {});
     label.icon.translate(layout.centre());
     label.text.translate(layout.centre());
     return label;

@@ -44,7 +44,7 @@ struct Layout
 struct Wish
 {
     QSizeF text;          ///< of the whole text; empty: none
-    double readable = 0;  ///< width below which cut text says less than a larger icon
+    double readable = 0;  ///< width below which cut text says less than an icon alone
     double icon = 0;      ///< edge of the icon; 0: none
     double outerMark = 0; ///< taken by a mark at the outer rim; 0: none
 };
@@ -56,8 +56,7 @@ struct Label
     QRectF text; ///< narrower than wanted when the sector is too narrow
 };
 
-/// Finds the place along the middle of the sector where most of the text fits; a smaller icon is
-/// taken when a large one leaves too little of it.
+/// Finds the place along the middle of the sector where most of the text fits.
 [[nodiscard]] Label placeLabel(const Layout &layout, int sector, const Wish &wish);
 
 } // namespace pie

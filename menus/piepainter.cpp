@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace pie {
@@ -18,6 +19,7 @@ constexpr double kArrowFromRim = 7; ///< from its tip to the outer rim
 constexpr double kRoomForArrow = kArrowFromRim + kArrowDepth + 2;
 constexpr double kShade = 0.6;         ///< how much of a shaded menu is covered
 constexpr double kReadableText = 3;    ///< narrower than so many lines are high says nothing
+constexpr double kMediumIcon = 24;     ///< taken by all when larger ones would cut more texts
 constexpr double kSmallestCentre = 10; ///< a smaller middle has no room for its sign
 
 QColor mixed(const QColor &a, const QColor &b, double part)
@@ -186,36 +188,68 @@ void paintCell(QPainter &painter, const Picture &picture, int sector)
         paintArrow(painter, picture.layout, sector, color);
 }
 
-} // namespace
+/// A text as it could be shown.
+struct Fit
+{
+    QString text;
+    Label label;
+    double shown = 0; ///< part of the text's width
+};
+
+Fit fit(const Cell &cell, const QString &text, const Layout &layout, int sector,
+        const QFontMetricsF &metrics, double icon)
+{
+    const double tick = cell.isChecked ? metrics.height() : 0;
+    const QSizeF size = metrics.size(Qt::TextShowMnemonic, text);
+    Wish wish;
+    if (!text.isEmpty())
+        wish.text = QSizeF(size.width() + tick + 1, size.height());
+    wish.readable = kReadableText * metrics.height();
+    wish.icon = cell.icon.isNull() ? 0 : icon;
+    wish.outerMark = cell.isSubMenu ? kRoomForArrow : 0;
+    const Label label = placeLabel(layout, sector, wish);
+    const double shown = text.isEmpty() ? 1 : label.text.width() / wish.text.width();
+    return {text, label, shown};
+}
 
 void fitCell(Cell &cell, const Layout &layout, int sector, const QFontMetricsF &metrics,
-             double iconEdge)
+             double icon)
 {
-    cell.outline = sectorPath(layout, sector);
-    const double tick = cell.isChecked ? metrics.height() : 0;
-    const auto placed = [&](const QString &text) {
-        const QSizeF size = metrics.size(Qt::TextShowMnemonic, text);
-        Wish wish;
-        if (!text.isEmpty())
-            wish.text = QSizeF(size.width() + tick + 1, size.height());
-        wish.readable = kReadableText * metrics.height();
-        wish.icon = cell.icon.isNull() ? 0 : iconEdge;
-        wish.outerMark = cell.isSubMenu ? kRoomForArrow : 0;
-        const Label label = placeLabel(layout, sector, wish);
-        return std::pair(label, label.text.width() / std::max(wish.text.width(), 1.0));
-    };
-    QString text = cell.text;
-    auto [label, shown] = placed(text);
-    if (const QString broken = shown < 1 ? inTwoLines(text, metrics) : QString();
-        !broken.isEmpty()) {
-        if (const auto other = placed(broken); other.second > shown) {
-            text = broken;
-            label = other.first;
-        }
+    Fit best = fit(cell, cell.text, layout, sector, metrics, icon);
+    if (const QString broken = inTwoLines(cell.text, metrics);
+        best.shown < 1 && !broken.isEmpty()) {
+        Fit other = fit(cell, broken, layout, sector, metrics, icon);
+        if (other.shown > best.shown)
+            best = std::move(other);
     }
-    cell.label = label;
-    cell.text = elided(text, metrics, label.text.width() - tick);
-    cell.isElided = cell.text != text;
+    const double tick = cell.isChecked ? metrics.height() : 0;
+    cell.outline = sectorPath(layout, sector);
+    cell.label = best.label;
+    cell.text = elided(best.text, metrics, best.label.text.width() - tick);
+    cell.isElided = cell.text != best.text;
+}
+
+} // namespace
+
+void fitCells(std::vector<Cell> &cells, const Layout &layout, const QFontMetricsF &metrics,
+              double largestIcon)
+{
+    std::vector<Cell> best;
+    std::ptrdiff_t fewest = std::ssize(cells) + 1;
+    for (const double icon : {largestIcon, kMediumIcon}) {
+        std::vector<Cell> fitted = cells;
+        for (int i = 0; i < layout.count(); ++i)
+            fitCell(fitted[static_cast<std::size_t>(i)], layout, i, metrics, icon);
+        const auto cut = std::count_if(fitted.begin(), fitted.end(),
+                                       [](const Cell &cell) { return cell.isElided; });
+        if (icon <= largestIcon && cut < fewest) {
+            fewest = cut;
+            best = std::move(fitted);
+        }
+        if (fewest == 0)
+            break;
+    }
+    cells = std::move(best);
 }
 
 QRect sectorArea(const Cell &cell)

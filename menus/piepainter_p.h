@@ -24,7 +24,7 @@ struct Cell
     bool isCheckable = false;
     bool isChecked = false;
     bool isElided = false;
-    Label label = {}; ///< see fitCell(), like the outline
+    Label label = {}; ///< see fitCells(), like the outline
     QPainterPath outline = {};
 };
 
@@ -41,9 +41,11 @@ struct Picture
     Qt::LayoutDirection direction = Qt::LeftToRight;
 };
 
-/// Places the cell's label, and elides its text to what fits.
-void fitCell(Cell &cell, const Layout &layout, int sector, const QFontMetricsF &metrics,
-             double iconEdge);
+/// Places the labels, with one size of icons for all: the largest, or a medium one where that cuts
+/// fewer texts. An icon that is alone for lack of room is smaller yet. Texts are broken into two
+/// lines where that shows more of them, then elided.
+void fitCells(std::vector<Cell> &cells, const Layout &layout, const QFontMetricsF &metrics,
+              double largestIcon);
 
 /// What changes with the highlight of a sector, in whole pixels.
 [[nodiscard]] QRect sectorArea(const Cell &cell);
