@@ -57,6 +57,7 @@ bool Inbox::claim()
     if (!isComplete(stamp, before, isMarked(m_file)) || !renameFile(m_file, m_claimed))
         return false;
     m_hasClaim = true;
+    m_lastLook = {};
     // Another file may have come in place of the one that was looked at.
     if (!isComplete(stampOf(m_claimed), stamp, isMarked(m_claimed)))
         setAside(u"changed while it was claimed"_s);
@@ -84,8 +85,8 @@ std::optional<Inbox::Delivery> Inbox::takeClaimed(qint64 now, const KeloIPCComma
         break;
     case Verdict::Repeat:
         say(u"number %1 came again from "_s.arg(origin.number) + origin.sender);
-        if (done)
-            record(origin, AnswerState::Accepted); // the answer may have been lost with a process
+        if (done && m_answers.state(origin.sender, origin.number) != AnswerState::Refused)
+            record(origin, AnswerState::Accepted); // the answer may have died with a process
         dropClaimed();
         break;
     case Verdict::Leftover:

@@ -41,14 +41,9 @@ QString quoted(const QString &value)
         return value;
     QString text(u'"');
     for (const QChar c : value) {
-        if (c == u'\n')
-            text += "\\n"_L1;
-        else if (c == u'\r')
-            text += "\\r"_L1;
-        else if (c == u'"' || c == u'\\')
-            text += {u'\\', c};
-        else
-            text += c;
+        if (c == u'"' || c == u'\\' || c == u'\n' || c == u'\r')
+            text += u'\\';
+        text += c == u'\n' ? QChar(u'n') : c == u'\r' ? QChar(u'r') : c;
     }
     return text + u'"';
 }

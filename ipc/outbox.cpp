@@ -45,7 +45,8 @@ void Outbox::lookAtFile(qint64 now)
     if (stamp.kind == FileStamp::Kind::Other) {
         say(m_file + u" is no file"_s);
     } else if (stamp.kind == FileStamp::Kind::File) {
-        const bool isLeftover = now - stamp.modified > m_leftover;
+        const qint64 since = m_lying ? m_lying->since : stamp.modified;
+        const bool isLeftover = now - since > m_leftover;
         if (isLeftover && removeFile(m_file)) { // false when it was taken in this moment
             say(m_file + u" lay too long"_s);
             if (m_lying)
