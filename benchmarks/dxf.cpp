@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The plan reader beside the bare DXF parser and beside ogr2ogr, and the GK2 writer beside the reader.
-// The folder that KELO_BENCH_PLANS names must hold own.dxf, shared.dxf and noise.dxf.
+// The plan reader beside the bare parser and beside ogr2ogr, and the GK2 writer beside the reader.
+// KELO_BENCH_PLANS names a folder with own.dxf, shared.dxf and noise.dxf, KELO_BENCH_SHEETS how
+// many sheets each of them has.
 #include "benchmarks/ratio.h"
-#include <QCoreApplication>
+#include <QBuffer>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -10,22 +11,44 @@
 #include <dl_dxf.h>
 #include <fstream>
 #include <kelo_base/dxf/DxfReader.h>
+#include <kelo_base/dxf/Gk2Writer.h>
+#include <kelo_base/dxf/SheetAnalysis.h>
 
-namespace
-{
+using namespace Qt::Literals::StringLiterals;
 
-QString planPath(const std::string &name)
+namespace {
+
+QString planPath(const char *name)
 {
-    return qEnvironmentVariable("KELO_BENCH_PLANS") + u'/' + QString::fromStdString(name)
-           + QStringLiteral(".dxf");
+    return qEnvironmentVariable("KELO_BENCH_PLANS") + u'/' + QString::fromLatin1(name) + u".dxf"_s;
 }
 
-/// What a plan reader delivers, so that nobody is measured doing less.
+/// What a reader delivers, so that nobody is measured doing less.
 struct Counts
 {
-    std::size_t inserts = 0;
-    std::size_t vertices = 0;
+    qint64 inserts = 0;
+    qint64 vertices = 0;
 };
+
+void check(benchmark::State &state, const Counts &counts)
+{
+    const bool isAll =
+        counts.inserts == qEnvironmentVariableIntValue("KELO_BENCH_SHEETS") && counts.vertices >= 4;
+    if (!isAll)
+        state.SkipWithError("not the plan that was expected");
+}
+
+void readOurs(benchmark::State &state, const char *name)
+{
+    for (auto _ : state) {
+        const DxfReadResult result = ReadDxfFile(planPath(name));
+        Counts counts{.inserts = static_cast<qint64>(result.drawing.Inserts().size())};
+        for (const DxfBlock &block : result.drawing.Blocks())
+            for (const DxfPolyline &polyline : result.drawing.Polylines(block))
+                counts.vertices += polyline.vertexCount;
+        check(state, counts);
+    }
+}
 
 class CountingAdapter : public DL_CreationAdapter
 {
@@ -35,25 +58,11 @@ public:
     Counts counts;
 };
 
-void check(benchmark::State &state, const Counts &counts)
+void bareParserOurs(benchmark::State &state, const char *name)
 {
-    if (counts.inserts != 100'000 || counts.vertices == 0)
-        state.SkipWithError("not the plan of 100,000 sheets");
+    readOurs(state, name);
 }
-
-void readerOurs(benchmark::State &state, const std::string &name)
-{
-    for (auto _ : state) {
-        const DxfReadResult result = ReadDxfFile(planPath(name));
-        Counts counts{.inserts = result.drawing.Inserts().size()};
-        for (const DxfBlock &block : result.drawing.Blocks())
-            for (const DxfPolyline &polyline : result.drawing.Polylines(block))
-                counts.vertices += polyline.vertexCount;
-        check(state, counts);
-    }
-}
-
-void readerPeer(benchmark::State &state, const std::string &name)
+void bareParserPeer(benchmark::State &state, const char *name)
 {
     for (auto _ : state) {
         CountingAdapter adapter;
@@ -63,12 +72,56 @@ void readerPeer(benchmark::State &state, const std::string &name)
     }
 }
 
+void ogr2ogrOurs(benchmark::State &state, const char *name)
+{
+    readOurs(state, name);
+}
+void ogr2ogrPeer(benchmark::State &state, const char *name)
+{
+    const QTemporaryDir dir;
+    int run = 0;
+    for (auto _ : state) {
+        const QString table = dir.filePath(QString::number(++run) + u".csv"_s);
+        const int status = QProcess::execute(u"ogr2ogr"_s, {u"--config"_s, u"DXF_INLINE_BLOCKS"_s,
+                                                            u"NO"_s, u"-f"_s, u"CSV"_s, table,
+                                                            planPath(name), u"entities"_s});
+        if (status != 0 || QFile(table).size() == 0)
+            state.SkipWithError("ogr2ogr failed");
+    }
+}
+
+/// Reading is the peer: writing may take a small part of it.
+void writeGk2Ours(benchmark::State &state, const char *name)
+{
+    DxfReadResult plan = ReadDxfFile(planPath(name));
+    const auto analysis = AnalyzeSheets(plan.drawing, {}, CornerOrder::Upright, planPath(name));
+    const QTemporaryDir dir;
+    for (auto _ : state) {
+        const qint64 written =
+            ExportGk2File(dir.filePath(u"out.txt"_s), plan.drawing, analysis->sheets);
+        check(state, {.inserts = written, .vertices = 4});
+    }
+}
+void writeGk2Peer(benchmark::State &state, const char *name)
+{
+    readOurs(state, name);
+}
+
 } // namespace
-BENCHMARK_CAPTURE(readerOurs, own, "own");
-BENCHMARK_CAPTURE(readerPeer, own, "own");
-BENCHMARK_CAPTURE(readerOurs, shared, "shared");
-BENCHMARK_CAPTURE(readerPeer, shared, "shared");
-BENCHMARK_CAPTURE(readerOurs, noise, "noise");
-BENCHMARK_CAPTURE(readerPeer, noise, "noise");
+
+BENCHMARK_CAPTURE(bareParserOurs, own, "own")->UseRealTime();
+BENCHMARK_CAPTURE(bareParserPeer, own, "own")->UseRealTime();
+BENCHMARK_CAPTURE(bareParserOurs, shared, "shared")->UseRealTime();
+BENCHMARK_CAPTURE(bareParserPeer, shared, "shared")->UseRealTime();
+BENCHMARK_CAPTURE(bareParserOurs, noise, "noise")->UseRealTime();
+BENCHMARK_CAPTURE(bareParserPeer, noise, "noise")->UseRealTime();
+BENCHMARK_CAPTURE(ogr2ogrOurs, own, "own")->UseRealTime();
+BENCHMARK_CAPTURE(ogr2ogrPeer, own, "own")->UseRealTime();
+BENCHMARK_CAPTURE(ogr2ogrOurs, shared, "shared")->UseRealTime();
+BENCHMARK_CAPTURE(ogr2ogrPeer, shared, "shared")->UseRealTime();
+BENCHMARK_CAPTURE(ogr2ogrOurs, noise, "noise")->UseRealTime();
+BENCHMARK_CAPTURE(ogr2ogrPeer, noise, "noise")->UseRealTime();
+BENCHMARK_CAPTURE(writeGk2Ours, own, "own")->UseRealTime();
+BENCHMARK_CAPTURE(writeGk2Peer, own, "own")->UseRealTime();
 
 KELO_RATIO_MAIN()

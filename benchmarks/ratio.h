@@ -14,14 +14,15 @@ namespace ratio {
 class Reporter : public benchmark::ConsoleReporter
 {
 public:
+    Reporter() : ConsoleReporter(OO_Tabular) {} // no colours: the output is kept in files
+
     void ReportRuns(const std::vector<Run> &runs) override
     {
         ConsoleReporter::ReportRuns(runs);
         for (const Run &run : runs) {
             const bool isSingle = run.run_type == Run::RT_Iteration && run.repetitions <= 1;
             if (!run.error_occurred && (isSingle || run.aggregate_name == "median"))
-                m_times[run.run_name.function_name + "/" + run.run_name.args] =
-                    run.GetAdjustedRealTime();
+                m_times[nameOf(run)] = run.GetAdjustedRealTime();
         }
     }
 
@@ -29,19 +30,26 @@ public:
     void printRatios() const
     {
         for (const auto &[name, ours] : m_times) {
-            const std::size_t mark = name.find("Ours/");
+            const std::size_t mark = name.find("Ours");
             if (mark == std::string::npos)
                 continue;
-            const std::string subject = name.substr(0, mark);
-            const std::string arguments = name.substr(mark + 5);
-            const auto peer = m_times.find(subject + "Peer/" + arguments);
+            const auto peer = m_times.find(std::string(name).replace(mark, 4, "Peer"));
+            const std::string subject = std::string(name).erase(mark, 4).append(":");
             if (peer != m_times.end())
-                std::printf("%s%s%s: ours takes %.3g of the peer\n", subject.c_str(),
-                            arguments.empty() ? "" : " ", arguments.c_str(), ours / peer->second);
+                std::printf("%-24s ours takes %.3g of the peer\n", subject.c_str(),
+                            ours / peer->second);
         }
     }
 
 private:
+    static std::string nameOf(const Run &run)
+    {
+        std::string name = run.run_name.function_name;
+        if (!run.run_name.args.empty())
+            name.append("/").append(run.run_name.args);
+        return name;
+    }
+
     std::map<std::string, double> m_times;
 };
 

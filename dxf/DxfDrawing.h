@@ -100,6 +100,9 @@ public:
 
     void SetExportMark(std::size_t insert, bool mark) { m_inserts[insert].exportMark = mark; }
 
+    /// Whether the plan is a binary one, so that lines of blocks and inserts are byte offsets.
+    [[nodiscard]] bool IsBinary() const { return m_isBinary; }
+    void SetBinary(bool isBinary) { m_isBinary = isBinary; }
     /// $ACADVER, for example "AC1015"; empty when the plan does not say.
     [[nodiscard]] std::string_view Version() const { return m_version; }
     /// $DWGCODEPAGE, for example "ANSI_1252"; empty when the plan does not say.
@@ -129,4 +132,5 @@ private:
     std::string m_bytes;            ///< all texts one after the other
     std::string m_version;
     std::string m_codePage;
+    bool m_isBinary = false;
 };

@@ -114,6 +114,7 @@ DxfReadResult readFrom(ByteSource &source, QIODevice &device, const QString &nam
         return failed(name, fault, isBinary);
     DxfReadResult result{
         .drawing = adapter.takeDrawing(), .diagnostics = adapter.takeDiagnostics(), .error = {}};
+    result.drawing.SetBinary(isBinary);
     for (Diagnostic &diagnostic : result.diagnostics) {
         diagnostic.file = name;
         if (isBinary)

@@ -9,6 +9,7 @@
 #include <array>
 #include <bit>
 #include <charconv>
+#include <cmath>
 #include <iterator>
 
 namespace {
@@ -37,20 +38,14 @@ quint64 hundredths(double value)
     return whole + (roundsUp ? 1 : 0);
 }
 
-/// Writes the digits so that they end before @p end; gives where they begin.
-char *writeBackwards(char *end, quint64 hundredths)
+/// Writes "123,45"; gives the end.
+char *writeHundredths(char *begin, char *limit, quint64 count)
 {
-    const auto digit = [&hundredths] {
-        const auto last = static_cast<char>('0' + hundredths % 10);
-        hundredths /= 10;
-        return last;
-    };
-    *--end = digit();
-    *--end = digit();
-    *--end = ',';
-    do
-        *--end = digit();
-    while (hundredths != 0);
+    const auto cents = static_cast<unsigned>(count % 100);
+    char *end = std::to_chars(begin, limit, count / 100).ptr;
+    *end++ = ',';
+    *end++ = static_cast<char>('0' + cents / 10);
+    *end++ = static_cast<char>('0' + cents % 10);
     return end;
 }
 
@@ -118,6 +113,50 @@ private:
     std::string m_corners; ///< the corner lines of m_block
 };
 
+/// Sheets sorted by number lie anywhere in memory, and fetching one takes several steps, each by
+/// way of the one before. Asking for them a few sheets ahead hides most of the waiting.
+class Lookahead
+{
+public:
+    Lookahead(const DxfDrawing &drawing, std::span<const quint32> sheets)
+        : m_drawing(drawing), m_sheets(sheets)
+    {
+    }
+
+    /// To be called for each sheet, in order.
+    void Fetch(std::size_t current) const
+    {
+        constexpr std::size_t kStep = 6;
+        if (const DxfInsert *insert = at(current + 4 * kStep))
+            fetch(insert);
+        if (const DxfInsert *insert = at(current + 3 * kStep)) {
+            fetch(m_drawing.BlockOf(*insert));
+            fetch(m_drawing.Attributes(*insert).data());
+        }
+        if (const DxfInsert *insert = at(current + 2 * kStep)) {
+            if (const DxfBlock *block = m_drawing.BlockOf(*insert))
+                fetch(m_drawing.Polylines(*block).data());
+            if (insert->attributeCount > 0)
+                fetch(m_drawing.Value(m_drawing.Attributes(*insert).front()).data());
+        }
+        if (const DxfInsert *insert = at(current + kStep)) {
+            const DxfBlock *block = m_drawing.BlockOf(*insert);
+            if (block && block->polylineCount > 0)
+                fetch(m_drawing.Vertices(m_drawing.Polylines(*block).front()).data());
+        }
+    }
+
+private:
+    [[nodiscard]] const DxfInsert *at(std::size_t position) const
+    {
+        return position < m_sheets.size() ? &m_drawing.Inserts()[m_sheets[position]] : nullptr;
+    }
+    static void fetch(const void *address) { __builtin_prefetch(address); }
+
+    const DxfDrawing &m_drawing;
+    std::span<const quint32> m_sheets;
+};
+
 /// Hands the text over and empties it. False when the device did not take it all.
 bool flush(QIODevice &device, std::string &text)
 {
@@ -144,17 +183,16 @@ void AppendGk2Coordinate(std::string &text, double coordinate)
 {
     constexpr double kExactBelow = 4503599627370496.0; // 2^52
     char digits[328];                                  // the longest double takes 313
+    char *end = digits;
     if (std::abs(coordinate) < kExactBelow) {
-        char *const end = std::end(digits);
-        char *begin = writeBackwards(end, hundredths(coordinate));
         if (std::signbit(coordinate))
-            *--begin = '-'; // also where it rounds to zero, as in C
-        appendAligned(text, begin, end);
-        return;
+            *end++ = '-'; // also where it rounds to zero, as in C
+        end = writeHundredths(end, std::end(digits), hundredths(coordinate));
+    } else {
+        const auto fixed = std::chars_format::fixed;
+        end = std::to_chars(digits, std::end(digits), coordinate, fixed, 2).ptr;
+        std::replace(digits, end, '.', ',');
     }
-    const auto [end, error] =
-        std::to_chars(digits, std::end(digits), coordinate, std::chars_format::fixed, 2);
-    std::replace(digits, end, '.', ',');
     appendAligned(text, digits, end);
 }
 
@@ -163,11 +201,13 @@ Gk2Result WriteGk2(QIODevice &device, const DxfDrawing &drawing, std::span<const
 {
     Gk2Result result;
     RecordFormatter records(drawing);
+    const Lookahead lookahead(drawing, sheets);
     ProgressSteps steps(progress, sheets.size());
     std::string text = "GK2\r\n";
     text.reserve(kChunk + 4096);
-    for (const quint32 sheet : sheets) {
-        if (records.Append(text, drawing.Inserts()[sheet]))
+    for (std::size_t i = 0; i < sheets.size(); ++i) {
+        lookahead.Fetch(i);
+        if (records.Append(text, drawing.Inserts()[sheets[i]]))
             ++result.written;
         if (text.size() >= kChunk)
             result.stored = flush(device, text);

@@ -7,7 +7,7 @@
 #include "dxf/progresssteps_p.h"
 #include "dxf/sheetnumber_p.h"
 #include <unordered_map>
-#include <unordered_set>
+#include <utility>
 
 namespace {
 
@@ -190,6 +190,14 @@ void Review::NoSheets()
         WarningKind(m_analysis, m_file).Add(0, {}, [] { return DxfToolTexts::NoSheets(); });
 }
 
+/// A binary plan has no lines: the offset goes into the text.
+void tellOffsets(std::vector<Diagnostic> &diagnostics)
+{
+    for (Diagnostic &diagnostic : diagnostics)
+        if (const qint64 offset = std::exchange(diagnostic.line, 0); offset > 0)
+            diagnostic.text = DxfToolTexts::AtByte(diagnostic.text, offset);
+}
+
 /// The part of a work that begins after @p before of its items.
 SheetProgress partOf(const SheetProgress &progress, std::size_t before, std::size_t total)
 {
@@ -234,6 +242,8 @@ std::optional<SheetAnalysis> ReviewSheets(const DxfDrawing &drawing, const Sheet
         return std::nullopt;
     review.NestedSheets();
     review.NoSheets();
+    if (drawing.IsBinary())
+        tellOffsets(analysis.diagnostics);
     return analysis;
 }
 

@@ -119,20 +119,21 @@ DxfDrawing DxfDrawingBuilder::Take()
     for (auto *inserts : {&m_drawing.m_inserts, &m_drawing.m_nestedInserts})
         for (DxfInsert &insert : *inserts)
             insert.block = m_blockOfName[insert.blockName];
-    m_numbers.clear();
+    m_numbers = {};
     m_blockOfName.clear();
     return std::exchange(m_drawing, DxfDrawing());
 }
 
 quint32 DxfDrawingBuilder::textNumber(std::string_view text)
 {
-    const auto known = m_numbers.find(text);
-    if (known != m_numbers.end())
-        return *known;
+    const quint32 known =
+        m_numbers.find(text, [this](quint32 number) { return m_drawing.text(number); });
+    if (known != TextIndex::kUnknown)
+        return known;
     const auto number = static_cast<quint32>(m_drawing.m_texts.size());
     const quint32 offset = appendBytes(text);
     m_drawing.m_texts.push_back({offset, static_cast<quint32>(text.size())});
-    m_numbers.insert(number);
+    m_numbers.add(text, number);
     return number;
 }
 

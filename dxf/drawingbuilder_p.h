@@ -2,16 +2,16 @@
 // Fills a DxfDrawing in file order.
 #pragma once
 
+#include "dxf/textindex_p.h"
 #include <kelo_base/dxf/DxfDrawing.h>
 #include <string_view>
-#include <unordered_set>
 
 /// Takes the contents of a plan in the order of the file. Between BeginBlock() and EndBlock()
 /// polylines and inserts belong to that block; outside, polylines are not kept.
 class DxfDrawingBuilder
 {
 public:
-    DxfDrawingBuilder() : m_numbers(0, TextHash{&m_drawing}, TextEqual{&m_drawing}) {}
+    DxfDrawingBuilder() = default;
     Q_DISABLE_COPY_MOVE(DxfDrawingBuilder)
 
     void SetVersion(std::string_view version) { m_drawing.m_version = version; }
@@ -39,30 +39,12 @@ public:
     [[nodiscard]] DxfDrawing Take();
 
 private:
-    struct TextHash
-    {
-        using is_transparent = void;
-        const DxfDrawing *drawing;
-        std::size_t operator()(quint32 number) const { return (*this)(drawing->text(number)); }
-        std::size_t operator()(std::string_view text) const
-        {
-            return std::hash<std::string_view>()(text);
-        }
-    };
-    struct TextEqual
-    {
-        using is_transparent = void;
-        const DxfDrawing *drawing;
-        bool operator()(quint32 a, quint32 b) const { return a == b; }
-        bool operator()(quint32 a, std::string_view b) const { return drawing->text(a) == b; }
-        bool operator()(std::string_view a, quint32 b) const { return a == drawing->text(b); }
-    };
     quint32 textNumber(std::string_view text);
     quint32 appendBytes(std::string_view text);
     [[nodiscard]] quint32 blockNamed(quint32 name) const;
 
     DxfDrawing m_drawing;
-    std::unordered_set<quint32, TextHash, TextEqual> m_numbers;
+    TextIndex m_numbers;
     std::vector<quint32> m_blockOfName; ///< by text number; DxfInsert::kNoBlock when none
     bool m_inBlock = false;
     bool m_dropsBlock = false;

@@ -30,35 +30,70 @@ public:
     static QString NotOneRectangle(const QString &block, std::size_t rectangles)
     {
         const QString begin =
-            tr("Rectangle detector detected less or more than one rectangle (Block:%1").arg(block);
+            tr("Rectangle detector detected less or more than one rectangle (Block:%1")
+                .arg(shown(block));
         return begin + (rectangles == 0 ? tr("): none found") : tr("): %1 found").arg(rectangles));
     }
     static QString NoSheetNumber(const QString &block, qint64 inserts)
     {
         return inserts == 1
                    ? tr("An insert of block '%1' has no sheet number and is not exported")
-                         .arg(block)
+                         .arg(shown(block))
                    : tr("%1 inserts of block '%2' have no sheet number and are not exported")
-                         .arg(QString::number(inserts), block);
+                         .arg(QString::number(inserts), shown(block));
     }
     static QString NoPolyline(const QString &sheet, const QString &block, bool blockExists)
     {
-        return blockExists
-                   ? tr("Sheet '%1' is not exported: its block '%2' has no polyline")
-                         .arg(sheet, block)
-                   : tr("Sheet '%1' is not exported: there is no block '%2'").arg(sheet, block);
+        return blockExists ? tr("Sheet '%1' is not exported: its block '%2' has no polyline")
+                                 .arg(shown(sheet), shown(block))
+                           : tr("Sheet '%1' is not exported: there is no block '%2'")
+                                 .arg(shown(sheet), shown(block));
     }
     static QString RepeatedNumber(const QString &sheet)
     {
-        return tr("More than one sheet has the number '%1'").arg(sheet);
+        return tr("More than one sheet has the number '%1'").arg(shown(sheet));
     }
     static QString NestedSheet(const QString &sheet)
     {
-        return tr("Sheet '%1' is not exported: its insert lies inside a block").arg(sheet);
+        return tr("Sheet '%1' is not exported: its insert lies inside a block").arg(shown(sheet));
     }
+    static QString SheetsDrawn(qint64 sheets, std::size_t drawn)
+    {
+        return drawn == static_cast<std::size_t>(sheets)
+                   ? (sheets == 1 ? tr("1 sheet") : tr("%1 sheets").arg(sheets))
+                   : tr("the first %1 of %2 sheets").arg(drawn).arg(sheets);
+    }
+    static QString DrawnInPlace() { return tr("as they lie in the plan"); }
+    static QString DrawnInRows() { return tr("to scale, side by side"); }
+    static QString SheetInPreview() { return tr("sheet"); }
+    static QStringList CornersInPreview()
+    {
+        return {tr("top left"), tr("top right"), tr("bottom right"), tr("bottom left")};
+    }
+    static QString UnlabelledInPreview(qint64 sheets)
+    {
+        return tr("without labels: %1").arg(sheets);
+    }
+    static QString UnnumberedInPreview(qint64 sheets)
+    {
+        return tr("without number: %1").arg(sheets);
+    }
+    static QString UnitsInPreview(const QString &length) { return tr("%1 units").arg(length); }
     static QString NoSheets() { return tr("No insert of the plan counts as a sheet"); }
+    static QString AtByte(const QString &text, qint64 offset)
+    {
+        return tr("%1, at byte %2").arg(text, QString::number(offset));
+    }
     static QString MoreOfThisKind(qint64 count)
     {
         return tr("%1 more warnings of this kind").arg(count);
+    }
+
+private:
+    /// Texts of damaged plans may be millions of bytes long.
+    static QString shown(const QString &text)
+    {
+        constexpr qsizetype kLongest = 300;
+        return text.size() <= kLongest ? text : text.left(kLongest - 1) + QChar(0x2026);
     }
 };

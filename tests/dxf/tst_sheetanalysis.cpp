@@ -32,6 +32,7 @@ private slots:
     void tellsWhatAnExportLeavesOut();
     void tellsOnlyOfChosenInserts();
     void tellsWhenThereAreNoSheets();
+    void tellsOffsetsOfBinaryPlans();
     void countsWhatItDoesNotTell();
     void stopsWhenTold();
 };
@@ -102,6 +103,18 @@ void TestSheetAnalysis::tellsOnlyOfChosenInserts()
 void TestSheetAnalysis::tellsWhenThereAreNoSheets()
 {
     QCOMPARE(told(analysisOf({})), QStringList(u"0 [] No insert of the plan counts as a sheet"_s));
+}
+
+void TestSheetAnalysis::tellsOffsetsOfBinaryPlans()
+{
+    DxfDrawingBuilder plan;
+    addBlock(plan, "good", {kFrame});
+    addInsert(plan, "good", {{"BL_NR", "1"}});
+    addInsert(plan, "good", {{"BL_NR", "1"}}, 4711);
+    DxfDrawing drawing = plan.Take();
+    drawing.SetBinary(true);
+    QCOMPARE(told(analysisOf(std::move(drawing))),
+             QStringList(u"0 [1] More than one sheet has the number '1', at byte 4711"_s));
 }
 
 void TestSheetAnalysis::countsWhatItDoesNotTell()

@@ -8,12 +8,13 @@ import sys
 
 nm, library, include_dir = sys.argv[1:]
 headers = "\n".join(path.read_text() for path in pathlib.Path(include_dir).rglob("*.h"))
-marked = set(re.findall(r"\bclass KELO_BASE_EXPORT (\w+)", headers))
-marked |= set(re.findall(r"\bKELO_BASE_EXPORT (?!class)[^;{(]*?\b(\w+)\(", headers))
+marked = set(re.findall(r"\b(?:class|struct) KELO_BASE_EXPORT (\w+)", headers))
+marked |= set(re.findall(r"\bKELO_BASE_EXPORT [^;{(]*?\b(\w+)\(", headers))
 
 listing = subprocess.run([nm, "--dynamic", "--defined-only", "--demangle", library], check=True,
                          capture_output=True, text=True).stdout
 symbols = [line.split(maxsplit=2)[1:] for line in listing.splitlines()]
+symbols = [entry for entry in symbols if entry[1] not in ("__bss_start", "_edata", "_end")]
 # Inline things of the standard library and of the toolkit are everybody's.
 ours = [name for kind, name in symbols
         if kind not in "VWu" or not re.search(r"\b(std|Q\w+)\b", name)]

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Names in the users' menu configuration: a format, never translated and never changed.
+#pragma once
+
+#include <QLatin1StringView>
+
+namespace menuconfig {
+
+inline constexpr QLatin1StringView kConfigGroup{"MenuConfig"};
+inline constexpr QLatin1StringView kDefaultConfigName{"Default"};
+
+inline constexpr QLatin1StringView kShortcutsGroup{"KeyboardShortcuts"};
+inline constexpr QLatin1StringView kShortcutsArray{"ShortcutList"};
+inline constexpr QLatin1StringView kLayoutGroup{"ContextMenuLayout"};
+inline constexpr QLatin1StringView kMenusArray{"Menus"};
+inline constexpr QLatin1StringView kActionIdKey{"ActionId"};
+inline constexpr QLatin1StringView kKeySequenceKey{"KeySequence"};
+
+/// The defaults file is the application's directory + kDefaultsFolder + "/" + the application's
+/// name + kDefaultsSuffix.
+inline constexpr QLatin1StringView kDefaultsFolder{"/config"};
+inline constexpr QLatin1StringView kDefaultsSuffix{"-menu.ini"};
+
+} // namespace menuconfig

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// What the program needs of the operating system beside files.
+#pragma once
+
+#include <QFileDevice>
+
+namespace systemcalls {
+
+/// Makes standard streams that were closed by the caller fail when used, instead of letting the
+/// next file opened take their place; a broken pipe or a size limit fails a write instead of
+/// killing.
+void prepareStreams();
+
+bool isTerminal(int descriptor);
+
+/// What the user's mask leaves a new file of reading and writing.
+QFileDevice::Permissions newFilePermissions();
+
+/// While it lives, the signals that end a program (interrupt, terminate, hang-up) are only noted,
+/// so that an unfinished file can be taken away; its end lets the noted signal have its effect.
+class InterruptWatch
+{
+public:
+    InterruptWatch();
+    ~InterruptWatch();
+    InterruptWatch(const InterruptWatch &) = delete;
+    InterruptWatch &operator=(const InterruptWatch &) = delete;
+    [[nodiscard]] static bool isInterrupted();
+};
+
+} // namespace systemcalls

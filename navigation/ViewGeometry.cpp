@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Fetches the numbers from the view and applies the formulas.
+#include "navigation/viewaccess_p.h"
+#include "navigation/viewgeometry_p.h"
+#include "navigation/zoomcorrection_p.h"
+#include <kelo_base/navigation/ViewGeometry.h>
+#include <optional>
+
+using UCoord = DocWindowXIfc::UCoord;
+using viewgeometry::Diagonals;
+using viewgeometry::Estimate;
+using viewgeometry::limitedEye;
+
+namespace {
+
+unsigned int defaultFieldOfView = 50;
+unsigned int defaultEyeToMonitorDistance = 60;
+
+/// Between the top left and the bottom right pixel of the view's rectangle.
+std::optional<Diagonals> diagonalsOf(QWidget *view)
+{
+    const ViewAccess access(view);
+    QRect device;
+    if (!access.deviceRect(device))
+        return std::nullopt;
+    UCoord first = device.topLeft();
+    UCoord last = device.bottomRight();
+    if (!access.toGeo(first) || !access.toGeo(last))
+        return std::nullopt;
+    const UCoord span = last - first;
+    const QWidget *widget = access.widget();
+    return viewgeometry::diagonals(span.geoPoint, span.devicePoint,
+                                   QSizeF(widget->physicalDpiX(), widget->physicalDpiY()));
+}
+
+/// Hands the parts of an estimate to those who want them; returns the combined value.
+double report(const Estimate &estimate, double *byFieldOfView, double *byEyeDistance,
+              double *deviation)
+{
+    if (byFieldOfView)
+        *byFieldOfView = estimate.byFieldOfView;
+    if (byEyeDistance)
+        *byEyeDistance = estimate.byEyeDistance;
+    if (deviation)
+        *deviation = estimate.deviation;
+    return estimate.combined;
+}
+
+} // namespace
+
+void SetDefaultFieldOfView(double degrees)
+{
+    defaultFieldOfView = viewgeometry::storedDefault(degrees);
+}
+
+void SetDefaultEyeToMonitorDistance(double centimetres)
+{
+    defaultEyeToMonitorDistance = viewgeometry::storedDefault(centimetres);
+}
+
+unsigned int DefaultFieldOfView()
+{
+    return defaultFieldOfView;
+}
+
+unsigned int DefaultEyeToMonitorDistance()
+{
+    return defaultEyeToMonitorDistance;
+}
+
+double EstimatedHeightAboveGroundLevel(QWidget *view, double fieldOfView,
+                                       double eyeToMonitorDistance, double *heightByFieldOfView,
+                                       double *heightByEyeDistance, double *deviation)
+{
+    Estimate estimate;
+    if (const auto diagonals = diagonalsOf(view))
+        estimate =
+            viewgeometry::estimateHeight(*diagonals, limitedEye(fieldOfView, eyeToMonitorDistance));
+    return report(estimate, heightByFieldOfView, heightByEyeDistance, deviation);
+}
+
+double EstimatedZoomRatioFromDesiredHeightAboveGroundLevel(
+    QWidget *view, double fieldOfView, double eyeToMonitorDistance, double desiredHeight,
+    double *ratioByFieldOfView, double *ratioByEyeDistance, double *deviation)
+{
+    Estimate estimate;
+    if (const auto diagonals = diagonalsOf(view))
+        estimate = viewgeometry::estimateZoomRatio(
+            *diagonals, limitedEye(fieldOfView, eyeToMonitorDistance), desiredHeight);
+    return report(estimate, ratioByFieldOfView, ratioByEyeDistance, deviation);
+}
+
+double EstimatedHeightAboveGroundLevelS(QWidget *view)
+{
+    return EstimatedHeightAboveGroundLevel(view, defaultFieldOfView, defaultEyeToMonitorDistance,
+                                           nullptr, nullptr, nullptr);
+}
+
+double EstimatedZoomRatioFromDesiredHeightAboveGroundLevelS(QWidget *view, double desiredHeight)
+{
+    return EstimatedZoomRatioFromDesiredHeightAboveGroundLevel(
+        view, defaultFieldOfView, defaultEyeToMonitorDistance, desiredHeight, nullptr, nullptr,
+        nullptr);
+}
+
+bool NorthAngle(QWidget *view, double &angle)
+{
+    angle = 0;
+    const ViewAccess access(view);
+    QRect device;
+    if (!access.deviceRect(device))
+        return false;
+    const int middle = device.center().y();
+    UCoord left(device.left() + 1, middle);
+    UCoord right(device.right() - 1, middle);
+    if (!access.toGeo(left) || !access.toGeo(right))
+        return false;
+    const UCoord span = right - left;
+    const double computed = viewgeometry::northAngle(span.devicePoint.x(), span.geoPoint);
+    if (std::isnan(computed))
+        return false;
+    angle = computed;
+    return true;
+}
+
+int GetZoomFactorCorrectionForScaleValue(double scaleA, double scaleB)
+{
+    static const zoomcorrection::Table table =
+        zoomcorrection::loadTable(zoomcorrection::settingsFile());
+    const bool isOneScale = scaleA == scaleB && scaleA != 0;
+    return isOneScale ? zoomcorrection::factorFor(table, scaleA) : -1;
+}

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// A view together with the document window that answers for it.
+#pragma once
+
+#include <kelo_base/navigation/DocWindowXIfc.h>
+#include <kelo_base/navigation/KView.h>
+
+/// For the length of one call; every question fails while there is no document window or no view.
+class ViewAccess
+{
+public:
+    /// Null means the primary view.
+    explicit ViewAccess(QWidget *view) : m_window(DocWindowXIfc::HInstance()), m_view(view)
+    {
+        if (!m_view && m_window)
+            m_view = m_window->PrimaryView();
+    }
+
+    [[nodiscard]] bool deviceRect(QRect &rect) const
+    {
+        return isThere() && m_window->DeviceRect(m_view, rect);
+    }
+    [[nodiscard]] bool docPageRect(QRectF &rect) const
+    {
+        return isThere() && m_window->DocPageRect(m_view, rect);
+    }
+    [[nodiscard]] bool toGeo(DocWindowXIfc::UCoord &coord) const
+    {
+        return isThere() && m_window->DeviceToGeo(m_view, coord);
+    }
+    /// Not null once one of the others has succeeded.
+    [[nodiscard]] QWidget *widget() const { return m_view; }
+
+private:
+    [[nodiscard]] bool isThere() const { return m_window && m_view; }
+
+    DocWindowXIfc *m_window;
+    QWidget *m_view;
+};
