@@ -15,27 +15,34 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 /// Six decimals, as "%lf" writes them: the exact binary value rounded half to even.
-QString decimalText(double value)
+class Decimal
 {
-    char text[320]; // the longest finite double takes 317
-    const auto fixed = std::chars_format::fixed;
-    const auto [end, error] = std::to_chars(text, std::end(text), value, fixed, 6);
-    return QString::fromLatin1(text, end - text);
-}
+public:
+    explicit Decimal(double value)
+        : m_end(std::to_chars(m_text, std::end(m_text), value, std::chars_format::fixed, 6).ptr)
+    {
+    }
+    [[nodiscard]] QLatin1StringView text() const { return {m_text, m_end}; }
 
-QString item(QLatin1StringView key, const QString &value)
+private:
+    char m_text[320]; // the longest finite double takes 317
+    char *m_end;
+};
+
+QString item(QLatin1StringView key, QStringView value)
 {
     return key % channel::kKeyValueSeparator % value;
 }
 
 QString item(QLatin1StringView key, double value)
 {
-    return item(key, decimalText(value));
+    return key % channel::kKeyValueSeparator % Decimal(value).text();
 }
 
 QString item(QLatin1StringView key, const QPointF &point)
 {
-    return item(key, decimalText(point.x()) % u';' % decimalText(point.y()));
+    return key % channel::kKeyValueSeparator % Decimal(point.x()).text() % u';' %
+           Decimal(point.y()).text();
 }
 
 QString polygonItem(const QString &filename)
@@ -49,7 +56,7 @@ KeloIPCCommand::~KeloIPCCommand() = default;
 
 QString KeloIPCCommand::GetParameterText() const
 {
-    QStringList parameters{item(channel::kBringToFront, m_bringToFront ? u"1"_s : u"0"_s)};
+    QStringList parameters{item(channel::kBringToFront, m_bringToFront ? u"1" : u"0")};
     SaveParameters(parameters);
     return parameters.join(channel::kParameterSeparator);
 }

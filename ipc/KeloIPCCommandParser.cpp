@@ -61,7 +61,8 @@ void KeloIPCCommandParser::ParseParameterBlock(const QStringList &parameterLines
 {
     for (const QString &line : parameterLines) {
         const qsizetype separator = line.indexOf(channel::kKeyValueSeparator);
-        const bool hasTwoParts = separator >= 0 && separator == line.lastIndexOf(u':');
+        const bool hasTwoParts =
+            separator >= 0 && separator == line.lastIndexOf(channel::kKeyValueSeparator);
         if (hasTwoParts)
             takeParameter(QStringView(line).first(separator),
                           QStringView(line).sliced(separator + 1), out);

@@ -92,7 +92,8 @@ public:
     {
         if (m_database.isOpen())
             return true;
-        m_prepared = {}; // it belonged to the connection that is no more
+        m_prepared = {}; // of the connection that is no more
+        m_database.close();
         return m_database.open() || refuse(function, m_database.lastError().text());
     }
 
@@ -101,6 +102,8 @@ public:
     {
         if (!isOpen(function))
             return nullptr;
+        if (std::exchange(m_isOutdated, false))
+            m_prepared = {};
         const auto index = static_cast<std::size_t>(statement);
         auto &query = m_prepared[index];
         if (!query) {
@@ -120,16 +123,12 @@ public:
     {
         if (!isOpen(function))
             return false;
-        m_isInTransaction = m_database.transaction();
-        if (!m_isInTransaction)
-            refuse(function, m_database.lastError().text());
-        const bool isDone = m_isInTransaction && steps() && commit(function);
-        if (!isDone && m_isInTransaction)
-            m_database.rollback();
-        m_isInTransaction = false;
-        if (!isDone)
-            closeWhenLost();
-        return isDone;
+        if (!m_database.transaction())
+            return refuse(function, m_database.lastError().text());
+        if (steps() && commit(function))
+            return true;
+        m_database.rollback();
+        return false;
     }
 
     /// Runs what is not worth preparing.
@@ -159,23 +158,13 @@ private:
     QSqlQuery *fail(const char *function, const QSqlQuery &query)
     {
         refuse(function, query.lastError().text());
-        if (!m_isInTransaction)
-            closeWhenLost();
+        m_isOutdated = true; // not at once: the transaction that failed takes no commands
         return nullptr;
-    }
-
-    /// Forgets what was prepared, which may belong to a table or a connection that is no more, and
-    /// closes a connection that is lost, which no driver tells.
-    void closeWhenLost()
-    {
-        m_prepared = {};
-        if (m_database.isOpen() && !QSqlQuery(m_database).exec(u"SELECT 1"_s))
-            m_database.close();
     }
 
     QSqlDatabase m_database;
     std::array<std::optional<QSqlQuery>, kTexts.size()> m_prepared;
-    bool m_isInTransaction = false;
+    bool m_isOutdated = false; ///< what is prepared may belong to a table that is no more
 };
 
 QSqlDatabase LinkedObjects::MakeDatabase(const QString &filename, const QString &connection)

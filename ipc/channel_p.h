@@ -18,8 +18,8 @@ inline constexpr QLatin1StringView kNamedCommand{"NamedCommand"};
 inline constexpr QLatin1StringView kIntegerCommand{"IntegerCommand"};
 
 // "Parameters" is a list of key and value
-inline constexpr QLatin1StringView kParameterSeparator{","};
-inline constexpr QLatin1StringView kKeyValueSeparator{":"};
+inline constexpr char16_t kParameterSeparator = u',';
+inline constexpr char16_t kKeyValueSeparator = u':';
 
 // Keys of parameters that go both ways
 inline constexpr QLatin1StringView kBringToFront{"BringToFront"};

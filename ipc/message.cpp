@@ -211,7 +211,7 @@ std::optional<KeloCommandData> commandDataOf(const Message &message)
     KeloCommandData data;
     if (message.type == kNamedCommand) {
         QStringList lines;
-        for (const QStringView line : QStringView(message.parameters).tokenize(u','))
+        for (const QStringView line : QStringView(message.parameters).tokenize(kParameterSeparator))
             lines << line.trimmed().toString(); // some writers set a blank behind each comma
         parser.ProcessCommandString(message.id, lines, data);
         return data.commandType == kNothingReceived ? std::nullopt : std::optional(data);

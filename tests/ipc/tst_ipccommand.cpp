@@ -17,7 +17,6 @@ private slots:
     void initTestCase();
     void savesObjectCommands();
     void savesPositionCommands();
-    void alwaysNamesAPolygonFileToHighlight();
     void writesNumbersAsCDoes();
     void readsCommands_data();
     void readsCommands();
@@ -70,10 +69,6 @@ void TestIPCCommand::savesPositionCommands()
     QCOMPARE(copy.GetParameterText(), u"BringToFront:1"_s + own);
     copy.SetPolygonFilename(u"/none/a.pol"_s); // cannot be read, but was asked for
     QCOMPARE(copy.GetParameterText(), u"BringToFront:1"_s + own + u",PolygonFile:"_s);
-}
-
-void TestIPCCommand::alwaysNamesAPolygonFileToHighlight()
-{
     QCOMPARE(HighlightPolygonsCommand().GetCommandName(), u"HighlightPolygons"_s);
     QCOMPARE(HighlightPolygonsCommand().GetParameterText(), u"BringToFront:0,PolygonFile:"_s);
 }
@@ -121,7 +116,7 @@ void TestIPCCommand::readsCommands_data()
     QTest::newRow("test looks at no parameters")
         << u"TestCommand"_s << u"X:1|BringToFront:1"_s << record(990);
     QTest::newRow("other case is unknown") << u"gotocoordinates"_s << u"X:1"_s << KeloCommandData{};
-    QTest::newRow("three parts") << goName << u"X:1:2|Y::3|ViewingHeight:4:"_s << record(1);
+    QTest::newRow("three parts") << goName << u"X:7|X:1:2|Y::3|ObjectId:a:b"_s << record(1, 7);
     QTest::newRow("one part") << goName << u"X|1|BringToFront"_s << record(1);
     QTest::newRow("empty value") << goName << u"X:7|X:"_s << record(1);
     QTest::newRow("the later one wins") << goName << u"X:1|X:2"_s << record(1, 2);
@@ -146,12 +141,9 @@ void TestIPCCommand::readsCommands()
 void TestIPCCommand::takesIntegerCommandsAsTheyAre()
 {
     for (const int number : {-1, 0, 1, 999, 4711}) {
-        const KeloCommandData before{5, u"A"_s, 1, 2, 3, 4, true};
-        KeloCommandData data = before;
+        KeloCommandData data{5, u"A"_s, 1, 2, 3, 4, true};
         KeloIPCCommandParser().ProcessCommand(number, data);
-        KeloCommandData expected = before;
-        expected.commandType = number;
-        QCOMPARE(data, expected);
+        QCOMPARE(data, (KeloCommandData{number, u"A"_s, 1, 2, 3, 4, true}));
     }
 }
 
