@@ -25,9 +25,6 @@ private slots:
 
 namespace {
 
-struct Registry;
-using Act = void (*)(Registry &, ActionSectorMenu &);
-
 const FilterByContextId kHere(0x00010000, 0, -1);
 
 /// A registry of actions "0", "1" ... under ids 100, 101 ...; odd ones belong to category 1.
@@ -164,67 +161,51 @@ void TestActionSectorMenu::keepsInStep()
 
 void TestActionSectorMenu::triggersAsAnnounced_data()
 {
-    QTest::addColumn<Act>("prepare");
-    QTest::addColumn<QStringList>("log");
-    const auto row = [](const char *name, Act act, const QStringList &log) {
-        QTest::newRow(name) << act << log;
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("moment");
+    QTest::addColumn<QString>("deed");
+    QTest::addColumn<QString>("log");
+    const auto row = [](const char *name, const QString &state, const QString &moment,
+                        const QString &deed, const QString &log) {
+        QTest::newRow(name) << state << moment << deed << log;
     };
-    const QStringList both{u"before 0"_s, u"after 0"_s};
-    row(
-        "plain", [](Registry &, ActionSectorMenu &) {}, both);
-    row(
-        "checkable and off",
-        [](Registry &registry, ActionSectorMenu &) { registry.actions[0]->setCheckable(true); },
-        both);
-    row("checkable and on",
-        [](Registry &registry, ActionSectorMenu &) {
-            registry.actions[0]->setCheckable(true);
-            registry.actions[0]->setChecked(true);
-        },
-        {});
-    row(
-        "the menus are closed before",
-        [](Registry &registry, ActionSectorMenu &menu) {
-            connect(registry.manager.get(), &ActionManager::beforeActionTrigger, &menu,
-                    [&] { QVERIFY(!menu.isVisible()); });
-        },
-        both);
-    row("action deleted when it is announced",
-        [](Registry &registry, ActionSectorMenu &) {
-            connect(registry.manager.get(), &ActionManager::beforeActionTrigger,
-                    [&] { registry.actions.clear(); });
-        },
-        {u"before 0"_s});
-    row("registry deleted when it announces",
-        [](Registry &registry, ActionSectorMenu &) {
-            connect(registry.manager.get(), &ActionManager::beforeActionTrigger,
-                    [&] { registry.manager.reset(); });
-        },
-        {u"before 0"_s});
-    row("action deleted when the menu closes",
-        [](Registry &registry, ActionSectorMenu &menu) {
-            connect(&menu, &QtPieMenu::activated, &menu, [&] { registry.actions.clear(); });
-        },
-        {});
-    row("refilled when the menu closes",
-        [](Registry &registry, ActionSectorMenu &menu) {
-            connect(&menu, &QtPieMenu::aboutToHide, registry.manager.get(),
-                    [&] { menu.fillByCategory(kHere); });
-        },
-        {});
+    row("plain", {}, {}, {}, u"before 0, after 0"_s);
+    row("checkable and off", u"off"_s, {}, {}, u"before 0, after 0"_s);
+    row("checkable and on", u"on"_s, {}, {}, {});
+    row("action deleted when announced", {}, u"before"_s, u"delete action"_s, u"before 0"_s);
+    row("registry deleted when announced", {}, u"before"_s, u"delete registry"_s, u"before 0"_s);
+    row("action deleted when the menu closes", {}, u"activated"_s, u"delete action"_s, {});
+    row("items replaced when the menu closes", {}, u"activated"_s, u"refill"_s, {});
 }
 
 void TestActionSectorMenu::triggersAsAnnounced()
 {
-    QFETCH(const Act, prepare);
-    QFETCH(const QStringList, log);
+    QFETCH(const QString, state);
+    QFETCH(const QString, moment);
+    QFETCH(const QString, deed);
+    QFETCH(const QString, log);
     Registry registry(1);
+    registry.actions[0]->setCheckable(!state.isEmpty());
+    registry.actions[0]->setChecked(state == u"on"_s);
     ActionSectorMenu menu(*registry.manager, 30, 100);
     menu.fillByLayout(layoutOf({100}), kHere);
     menu.popup({400, 400});
-    prepare(registry, menu);
+    const auto act = [&] {
+        if (deed == u"delete action"_s)
+            registry.actions.clear();
+        else if (deed == u"delete registry"_s)
+            registry.manager.reset();
+        else if (deed == u"refill"_s)
+            menu.fillByCategory(kHere);
+    };
+    connect(&menu, &QtPieMenu::activated, registry.manager.get(),
+            [&] { moment == u"activated"_s ? act() : void(); });
+    connect(registry.manager.get(), &ActionManager::beforeActionTrigger, &menu, [&] {
+        QVERIFY(!menu.isVisible()); // so that a function may open a dialog
+        moment == u"before"_s ? act() : void();
+    });
     QTest::keyClick(&menu, Qt::Key_1);
-    QCOMPARE(registry.log, log);
+    QCOMPARE(registry.log.join(u", "_s), log);
     QVERIFY(!menu.isVisible());
 }
 

@@ -29,16 +29,12 @@ private slots:
     void opensSubMenusWhereAsked();
     void survivesDeaths_data();
     void survivesDeaths();
-    void paintsHighlightWhereItIsHit_data();
     void paintsHighlightWhereItIsHit();
     void tellsScreenReaders();
     void offersAPlainMenu();
 };
 
 namespace {
-
-struct Menu;
-using Act = void (*)(Menu &);
 
 constexpr QPoint kPlace(400, 400);
 
@@ -60,15 +56,23 @@ struct Menu
     }
     ~Menu() { delete top; }
 
+    /// Writes a signal down, and deletes the victim when its time has come.
+    [[nodiscard]] auto note(const QString &text)
+    {
+        return [=, this] {
+            log << text;
+            if (text == deadline)
+                delete victim;
+        };
+    }
     QtPieItem *follow(QtPieItem *item, const QString &name)
     {
-        QObject::connect(item, &QtPieItem::activated, &context, [=, this] { log << name; });
+        QObject::connect(item, &QtPieItem::activated, &context, note(name));
         return item;
     }
     void followMenu(QtPieMenu *menu, const QString &name)
     {
         follow(menu, name + u".activated"_s);
-        const auto note = [this](const QString &text) { return [=, this] { log << text; }; };
         QObject::connect(menu, &QtPieMenu::aboutToHide, &context, note(name + u".aboutToHide"_s));
         QObject::connect(menu, &QtPieMenu::canceled, &context, note(name + u".canceled"_s));
         QObject::connect(menu, &QtPieMenu::canceledAll, &context, note(name + u".canceledAll"_s));
@@ -86,21 +90,24 @@ struct Menu
         if (word == u"hover"_s)
             QVERIFY(QMetaObject::invokeMethod(front, "hoverAlert"));
         else if (word == u"unfocus"_s)
-            QApplication::sendEvent(
-                front,
-                std::make_unique<QFocusEvent>(QEvent::FocusOut, Qt::ActiveWindowFocusReason).get());
+            send(front, QFocusEvent(QEvent::FocusOut, Qt::ActiveWindowFocusReason));
         else if (word == u"close"_s)
             front->close();
         else if (word == u"opener"_s)
             QTest::keyRelease(front, Qt::Key_F1);
         else if (word == u"repeat"_s) // the held opening key, here one that would also pick
-            QApplication::sendEvent(front, std::make_unique<QKeyEvent>(QEvent::KeyPress, Qt::Key_D,
-                                                                       Qt::NoModifier, u"d"_s, true)
-                                               .get());
+            send(front, QKeyEvent(QEvent::KeyPress, Qt::Key_D, Qt::NoModifier, u"d"_s, true));
+        else if (word == u"delete"_s)
+            delete victim;
         else
             QTest::keyClick(front, static_cast<Qt::Key>(QKeySequence(word)[0].key()));
     }
 
+    template <typename Event>
+    static void send(QWidget *front, Event event)
+    {
+        QApplication::sendEvent(front, &event);
+    }
     static QPoint placeOf(QChar place)
     {
         const int distance = place == u'c' ? 0 : place.isUpper() ? 390 : 70;
@@ -111,20 +118,18 @@ struct Menu
     }
     static void point(QWidget *front, QChar kind, QPoint place)
     {
-        const auto send = [&](QEvent::Type type, Qt::MouseButton button) {
-            if (!QApplication::activePopupWidget())
-                return;
-            QMouseEvent event(type, front->mapFromGlobal(place), place, button, button,
-                              Qt::NoModifier);
-            QApplication::sendEvent(front, &event);
+        const auto act = [&](QEvent::Type type, Qt::MouseButton button) {
+            if (front->isVisible())
+                send(front, QMouseEvent(type, front->mapFromGlobal(place), place, button, button,
+                                        Qt::NoModifier));
         };
         const Qt::MouseButton button = kind == u'R' ? Qt::RightButton : Qt::LeftButton;
         if (kind == u'm')
-            return send(QEvent::MouseMove, Qt::NoButton);
+            return act(QEvent::MouseMove, Qt::NoButton);
         if (kind != u'r')
-            send(QEvent::MouseButtonPress, button);
+            act(QEvent::MouseButtonPress, button);
         if (kind != u'p')
-            send(QEvent::MouseButtonRelease, button);
+            act(QEvent::MouseButtonRelease, button);
     }
 
     /// "top* sub": both open, the first one shaded.
@@ -142,7 +147,21 @@ struct Menu
     QPointer<QtPieMenu> top = new QtPieMenu(30, 100, nullptr, u"top"_s);
     QPointer<QtPieMenu> sub = new QtPieMenu(u"&Sub"_s, 30, 100);
     QStringList log;
+    QString deadline;
+    QPointer<QWidget> victim;
 };
+
+/// Where the edges of sectors blend.
+bool isNearLine(const QtPieMenu &menu, QPoint pos)
+{
+    const double radius = menu.radiusAt(pos);
+    bool isNear = radius < menu.innerRadius() + 2 || radius > menu.outerRadius() - 2;
+    for (int border = 0; border < menu.count(); ++border) {
+        const double turn = menu.angleAt(pos) - menu.indexToAngle(border, menu.count(), true);
+        isNear |= radius * std::abs(std::remainder(turn, 2 * std::numbers::pi)) < 2;
+    }
+    return isNear;
+}
 
 } // namespace
 
@@ -347,7 +366,8 @@ void TestPieMenu::opensSubMenusWhereAsked()
     menu.top->setSubMenuPlacement(QtPieMenu::SubMenuPlacement::AtParent);
     menu.step(u"S"_s);
     QCOMPARE(centreOf(menu.sub), kPlace);
-    menu.step(u"Esc"_s);
+    menu.top->hide();
+    QVERIFY(!menu.sub->isVisible());
 
     menu.top->setTapThreshold(0); // any time is long
     menu.top->popup(kPlace);
@@ -358,123 +378,78 @@ void TestPieMenu::opensSubMenusWhereAsked()
 
 void TestPieMenu::survivesDeaths_data()
 {
-    QTest::addColumn<Act>("act");
+    QTest::addColumn<QString>("victim");
+    QTest::addColumn<QString>("deadline");
+    QTest::addColumn<QString>("steps");
     QTest::addColumn<QString>("log");
-    const auto row = [](const char *name, Act act, const QString &log) {
-        QTest::newRow(name) << act << log;
+    const auto row = [](const char *victim, const QString &deadline, const QString &steps,
+                        const QString &log) {
+        const QByteArray name =
+            victim + (deadline.isEmpty() ? " while open" : " at " + deadline.toLatin1());
+        QTest::newRow(name) << QString::fromLatin1(victim) << deadline << steps << log;
     };
-    row(
-        "menu deleted when it is chosen from",
-        [](Menu &menu) {
-            connect(menu.top, &QtPieItem::activated, &menu.context, [&menu] { delete menu.top; });
-            menu.step(u"4"_s);
-        },
-        u"top.activated"_s);
-    row(
-        "menu deleted through its sub-menu",
-        [](Menu &menu) {
-            connect(menu.sub, &QtPieMenu::aboutToHide, &menu.context, [&menu] { delete menu.top; });
-            menu.step(u"S"_s);
-            menu.step(u"2"_s);
-        },
+    const QString pickedDo = u"top.activated top.aboutToHide Do"_s;
+    row("top", u"top.activated"_s, u"4"_s, u"top.activated"_s);
+    row("top", u"sub.aboutToHide"_s, u"S 2"_s,
         u"sub.activated top.activated top.aboutToHide sub.aboutToHide"_s);
-    row(
-        "menu deleted when it hides",
-        [](Menu &menu) {
-            connect(menu.top, &QtPieMenu::aboutToHide, &menu.context, [&menu] { delete menu.top; });
-            menu.step(u"Esc"_s);
-        },
-        u"top.aboutToHide"_s);
-    row(
-        "menu deleted when all is cancelled",
-        [](Menu &menu) {
-            connect(menu.top, &QtPieMenu::canceledAll, &menu.context, [&menu] { delete menu.top; });
-            menu.step(u"S"_s);
-            menu.step(u"unfocus"_s);
-        },
+    row("top", u"top.aboutToHide"_s, u"Esc"_s, u"top.aboutToHide"_s);
+    row("top", u"top.canceledAll"_s, u"S unfocus"_s,
         u"sub.aboutToHide sub.canceledAll top.aboutToHide top.canceledAll"_s);
-    row(
-        "item deleted when it is chosen",
-        [](Menu &menu) {
-            QtPieItem *item = menu.top->itemAt(3);
-            connect(item, &QtPieItem::activated, &menu.context, [item] { delete item; });
-            menu.step(u"4"_s);
-        },
-        u"top.activated top.aboutToHide Do"_s);
-    row("highlighted item deleted",
-        [](Menu &menu) {
-            menu.step(u"Right"_s);
-            menu.top->removeItemAt(3);
-            QCOMPARE(menu.top->highlightedItem(), -1);
-            menu.step(u"Return"_s);
-        },
-        {});
-    row(
-        "open sub-menu deleted",
-        [](Menu &menu) {
-            menu.step(u"S"_s);
-            delete menu.sub;
-            QVERIFY(!menu.top->isShaded() && menu.top->shownSubMenu() == -1);
-            menu.step(u"3"_s);
-        },
-        u"top.activated top.aboutToHide Do"_s);
-    row("parent hidden",
-        [](Menu &menu) {
-            menu.step(u"S"_s);
-            menu.top->hide();
-            QVERIFY(!menu.sub->isVisible());
-        },
-        {});
+    row("top", {}, u"delete"_s, {});
+    row("sub", u"sub.canceled"_s, u"S Esc 3"_s, u"sub.aboutToHide sub.canceled "_s + pickedDo);
+    row("sub", {}, u"S delete 3"_s, pickedDo);
+    row("Do", u"Do"_s, u"4"_s, pickedDo);
+    row("Do", {}, u"Right delete Return"_s, {}); // it was highlighted
 }
 
 void TestPieMenu::survivesDeaths()
 {
-    QFETCH(const Act, act);
+    QFETCH(const QString, victim);
+    QFETCH(const QString, deadline);
+    QFETCH(const QString, steps);
     QFETCH(const QString, log);
     Menu menu;
+    menu.victim = victim == u"top"_s   ? menu.top.data()
+                  : victim == u"sub"_s ? menu.sub.data()
+                                       : menu.top->itemAt(3);
+    menu.deadline = deadline;
     menu.top->popup(kPlace);
-    act(menu);
+    for (const QString &word : steps.split(u' '))
+        menu.step(word);
     QCOMPARE(menu.log.join(u' '), log);
-    if (menu.top)
+    QVERIFY(!menu.victim);
+    if (menu.top) {
+        QVERIFY(!menu.top->isShaded() && menu.top->shownSubMenu() == -1 &&
+                menu.top->highlightedItem() != 3);
         menu.top->grab();
-}
-
-void TestPieMenu::paintsHighlightWhereItIsHit_data()
-{
-    QTest::addColumn<int>("screen");
-    QTest::addColumn<double>("scale");
-    QTest::newRow("a pixel for one") << 0 << 1.0;
-    QTest::newRow("three pixels for two") << 1 << 1.5;
+    }
 }
 
 void TestPieMenu::paintsHighlightWhereItIsHit()
 {
-    QFETCH(const int, screen);
-    QFETCH(const double, scale);
     QtPieMenu menu(20, 100);
     for (const int weight : {3, 1, 0, 2, 5})
         menu.insertItem(QString())->setWeight(weight);
-    menu.popup(QGuiApplication::screens().at(screen)->geometry().center());
-    const QImage plain = menu.grab().toImage();
-    QCOMPARE(plain.devicePixelRatio(), scale);
-    for (int i = 0; i < menu.count(); ++i) {
-        menu.setHighlightedItem(i);
-        const QImage image = menu.grab().toImage();
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                const QPoint pos(static_cast<int>(x / scale), static_cast<int>(y / scale));
-                const double radius = menu.radiusAt(pos);
-                bool isNearLine = radius < 22 || radius > 98;
-                for (int border = 0; border < menu.count(); ++border) {
-                    const double turn =
-                        menu.angleAt(pos) - menu.indexToAngle(border, menu.count(), true);
-                    isNearLine |= radius * std::abs(std::remainder(turn, 2 * std::numbers::pi)) < 2;
+    QList<double> scales;
+    for (const QScreen *screen : QGuiApplication::screens()) {
+        menu.popup(screen->geometry().center());
+        menu.setHighlightedItem(-1);
+        const QImage plain = menu.grab().toImage();
+        const double scale = plain.devicePixelRatio();
+        scales << scale;
+        for (int i = 0; i < menu.count(); ++i) {
+            menu.setHighlightedItem(i);
+            const QImage image = menu.grab().toImage();
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x) {
+                    const QPoint pos(static_cast<int>(x / scale), static_cast<int>(y / scale));
+                    if (!isNearLine(menu, pos))
+                        QCOMPARE(image.pixel(x, y) != plain.pixel(x, y), menu.indexAt(pos) == i);
                 }
-                if (!isNearLine)
-                    QCOMPARE(image.pixel(x, y) != plain.pixel(x, y), menu.indexAt(pos) == i);
             }
         }
     }
+    QCOMPARE(scales, QList({1.0, 1.5}));
 }
 
 void TestPieMenu::tellsScreenReaders()
