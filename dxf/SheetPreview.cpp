@@ -107,7 +107,7 @@ std::vector<Draft> draftSheets(const DxfDrawing &drawing, std::span<const quint3
         Draft draft;
         takeOutlines(draft, drawing, *block);
         if (const auto number = SheetNumberAttribute(drawing, insert))
-            draft.figure.number = drawing.DisplayText(*number).simplified();
+            draft.figure.number = drawing.DisplayText(number->substr(0, 60)).simplified();
         else
             draft.figure.kind = Kind::Unnumbered;
         draft.bounds = boundsOf(draft.figure.outlines);
@@ -131,20 +131,23 @@ double usualSide(const std::vector<Draft> &drafts)
     return *middle;
 }
 
-/// Whether many sheets lie on top of each other, as they do when each block begins at the origin.
+/// Whether most sheets share a block, or blocks lie on top of each other, as they do when each
+/// begins at the origin.
 bool areStacked(const std::vector<Draft> &drafts, double side)
 {
-    static constexpr double kMostCells =
-        1e9; // beyond, cells are so small that the answer does not matter
+    static constexpr double kMostCells = 1e9; // beyond, they are so small that it does not matter
     const auto cell = [side](double centre) {
-        return static_cast<qint64>(
-            std::clamp(std::floor(centre / side * 2), -kMostCells, kMostCells));
+        const double number = std::floor(centre / side * 2);
+        return static_cast<qint64>(std::clamp(number, -kMostCells, kMostCells));
     };
-    std::unordered_set<qint64> taken;
-    for (const Draft &draft : drafts)
-        taken.insert(cell(draft.bounds.center().x()) * qint64{4'000'000'007} +
-                     cell(draft.bounds.center().y()));
-    return taken.size() * 10 < drafts.size() * 9;
+    std::unordered_set<quint32> blocks;
+    std::unordered_set<qint64> places;
+    for (const Draft &draft : drafts) {
+        const QPointF centre = draft.bounds.center();
+        blocks.insert(draft.block);
+        places.insert(cell(centre.x()) * qint64{4'000'000'007} + cell(centre.y()));
+    }
+    return blocks.size() * 2 < drafts.size() || places.size() * 10 < blocks.size() * 9;
 }
 
 Placement placeAsMap(const std::vector<Draft> &drafts)
@@ -223,6 +226,7 @@ double scaleFor(const Placement &placement, QSizeF page)
 /// Sheets of one block lie on one place in a map: one figure for all of them.
 void joinBlocks(std::vector<Draft> &drafts)
 {
+    constexpr QChar kMore(0x2026); // an ellipsis
     std::unordered_map<quint32, std::size_t> figureOfBlock;
     std::vector<Draft> joined;
     for (Draft &draft : drafts) {
@@ -232,9 +236,11 @@ void joinBlocks(std::vector<Draft> &drafts)
             continue;
         }
         SheetFigure &figure = joined[entry->second].figure;
-        if (draft.figure.kind == Kind::Unnumbered)
+        if (draft.figure.kind == Kind::Unnumbered || figure.number.endsWith(kMore))
             continue;
         const bool hasNumber = figure.kind != Kind::Unnumbered;
+        if (hasNumber && figure.number.size() > 20)
+            draft.figure.number = kMore;
         draft.figure.number.prepend(hasNumber ? figure.number + QLatin1String(", ") : QString());
         figure = std::move(draft.figure);
     }

@@ -30,31 +30,32 @@ public:
     static QString NotOneRectangle(const QString &block, std::size_t rectangles)
     {
         const QString begin =
-            tr("Rectangle detector detected less or more than one rectangle (Block:%1").arg(block);
+            tr("Rectangle detector detected less or more than one rectangle (Block:%1")
+                .arg(shown(block));
         return begin + (rectangles == 0 ? tr("): none found") : tr("): %1 found").arg(rectangles));
     }
     static QString NoSheetNumber(const QString &block, qint64 inserts)
     {
         return inserts == 1
                    ? tr("An insert of block '%1' has no sheet number and is not exported")
-                         .arg(block)
+                         .arg(shown(block))
                    : tr("%1 inserts of block '%2' have no sheet number and are not exported")
-                         .arg(QString::number(inserts), block);
+                         .arg(QString::number(inserts), shown(block));
     }
     static QString NoPolyline(const QString &sheet, const QString &block, bool blockExists)
     {
-        return blockExists
-                   ? tr("Sheet '%1' is not exported: its block '%2' has no polyline")
-                         .arg(sheet, block)
-                   : tr("Sheet '%1' is not exported: there is no block '%2'").arg(sheet, block);
+        return blockExists ? tr("Sheet '%1' is not exported: its block '%2' has no polyline")
+                                 .arg(shown(sheet), shown(block))
+                           : tr("Sheet '%1' is not exported: there is no block '%2'")
+                                 .arg(shown(sheet), shown(block));
     }
     static QString RepeatedNumber(const QString &sheet)
     {
-        return tr("More than one sheet has the number '%1'").arg(sheet);
+        return tr("More than one sheet has the number '%1'").arg(shown(sheet));
     }
     static QString NestedSheet(const QString &sheet)
     {
-        return tr("Sheet '%1' is not exported: its insert lies inside a block").arg(sheet);
+        return tr("Sheet '%1' is not exported: its insert lies inside a block").arg(shown(sheet));
     }
     static QString SheetsDrawn(qint64 sheets, std::size_t drawn)
     {
@@ -86,5 +87,13 @@ public:
     static QString MoreOfThisKind(qint64 count)
     {
         return tr("%1 more warnings of this kind").arg(count);
+    }
+
+private:
+    /// Texts of damaged plans may be millions of bytes long.
+    static QString shown(const QString &text)
+    {
+        constexpr qsizetype kLongest = 300;
+        return text.size() <= kLongest ? text : text.left(kLongest - 1) + QChar(0x2026);
     }
 };

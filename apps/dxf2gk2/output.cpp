@@ -2,9 +2,10 @@
 // Files that are complete or not there at all, and standard output.
 #include "output.h"
 #include "options.h"
+#include "system.h"
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
+#include <QTemporaryFile>
 #include <cstdio>
 #include <filesystem>
 
@@ -14,15 +15,30 @@ namespace {
 
 constexpr qsizetype kBuffer = 64 * 1024;
 
+std::filesystem::path systemPath(const QString &path)
+{
+    return QFile::encodeName(path).toStdString();
+}
+
 std::filesystem::path streamPath(const QString &path, const char *standardStream)
 {
-    return path == kStandardStream ? std::filesystem::path(standardStream)
-                                   : std::filesystem::path(QFile::encodeName(path).toStdString());
+    return path == kStandardStream ? std::filesystem::path(standardStream) : systemPath(path);
+}
+
+/// Where a chain of links ends, whether or not there is a file.
+QString linkedTarget(const QString &path)
+{
+    QFileInfo info(path);
+    for (int most = 40; info.isSymLink() && most > 0; --most)
+        info.setFile(info.symLinkTarget());
+    return info.filePath();
 }
 
 } // namespace
 
-OutputFile::OutputFile(const QString &path) : m_path(path) {}
+OutputFile::OutputFile(const QString &path) : m_path(path), m_target(linkedTarget(path)) {}
+
+OutputFile::~OutputFile() = default;
 
 bool OutputFile::open()
 {
@@ -38,7 +54,7 @@ bool OutputFile::open()
     } else if (info.exists() && !info.isFile()) { // a device or pipe cannot be replaced
         m_device = std::make_unique<QFile>(m_path);
     } else {
-        m_device = std::make_unique<QSaveFile>(m_path);
+        m_device = std::make_unique<QTemporaryFile>(m_target + u".XXXXXX"_s);
     }
     if (m_error.isEmpty() && !m_device->isOpen() && !m_device->open(mode))
         m_error = m_device->errorString();
@@ -47,15 +63,30 @@ bool OutputFile::open()
 
 bool OutputFile::commit()
 {
-    if (auto *replacement = qobject_cast<QSaveFile *>(m_device.get())) {
-        if (!replacement->commit())
-            m_error = replacement->errorString();
-    } else {
-        if (m_device->error() != QFileDevice::NoError)
-            m_error = m_device->errorString();
-        m_device->close();
+    if (m_device->error() != QFileDevice::NoError) {
+        m_error = m_device->errorString();
+        return false;
     }
-    return m_error.isEmpty();
+    if (auto *file = qobject_cast<QTemporaryFile *>(m_device.get()))
+        return replaceTarget(*file);
+    m_device->close();
+    return true;
+}
+
+bool OutputFile::replaceTarget(QTemporaryFile &file)
+{
+    const bool isNew = !QFile::exists(m_target);
+    file.setPermissions(isNew ? systemcalls::newFilePermissions() : QFile::permissions(m_target));
+    // Until asked for its name it has none, so that even a killed run leaves nothing behind. It is
+    // not forced to disk: that would take longer than most conversions.
+    const std::filesystem::path name = systemPath(file.fileName());
+    std::error_code error;
+    std::filesystem::rename(name, systemPath(m_target), error);
+    if (error)
+        m_error = QString::fromStdString(error.message());
+    else
+        file.setAutoRemove(false);
+    return !error;
 }
 
 QString OutputFile::error() const

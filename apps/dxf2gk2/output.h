@@ -6,12 +6,16 @@
 #include <QFile>
 #include <memory>
 
+class QTemporaryFile;
+
 /// A file being written. Until commit() an older file of that name stays as it was, and without it
 /// nothing is left behind. A link stays a link; devices, pipes and "-" are written to directly.
 class OutputFile
 {
 public:
     explicit OutputFile(const QString &path);
+    ~OutputFile();
+    Q_DISABLE_COPY_MOVE(OutputFile)
 
     /// False when it cannot be written; error() tells why.
     bool open();
@@ -21,7 +25,10 @@ public:
     [[nodiscard]] QString error() const;
 
 private:
+    bool replaceTarget(QTemporaryFile &file);
+
     QString m_path;
+    QString m_target; ///< m_path, links resolved
     std::unique_ptr<QFileDevice> m_device;
     QString m_error;
 };

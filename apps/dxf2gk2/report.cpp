@@ -35,6 +35,13 @@ QString printable(QString text)
     return text;
 }
 
+/// The same for a table, which one long text must not stretch out of sight.
+QString cell(const QString &text)
+{
+    constexpr qsizetype kWidest = 60;
+    return printable(text.size() <= kWidest ? text : text.left(kWidest - 1) + u'\u2026');
+}
+
 QString counted(qint64 count, QStringView noun)
 {
     return u"%1 %2%3"_s.arg(count).arg(noun, count == 1 ? u""_s : u"s"_s);
@@ -103,8 +110,8 @@ QStringList sheetRow(const DxfDrawing &drawing, const DxfInsert &insert)
     const auto value = SheetNumberText(drawing, insert);
     const qint64 number = SheetNumber(drawing, insert);
     QStringList row{number < 0 ? u"-"_s : QString::number(number),
-                    value ? printable(drawing.DisplayText(*value)) : u"-"_s,
-                    printable(drawing.DisplayText(drawing.BlockName(insert)))};
+                    value ? cell(drawing.DisplayText(*value)) : u"-"_s,
+                    cell(drawing.DisplayText(drawing.BlockName(insert)))};
     const Corners corners = cornersOf(drawing, insert);
     if (!hasCorners(corners))
         return row << u"no corners"_s;
@@ -228,9 +235,12 @@ void printTags(StandardOutput &out, const Conversion &conversion)
     const DxfDrawing &drawing = conversion.drawing;
     Table table({u"Inserts"_s, u"Tag"_s, u"Example values"_s});
     QList<QStringList> rows;
-    for (const TagUse &tag : tagsByUse(drawing))
-        rows << QStringList{QString::number(tag.inserts), printable(drawing.DisplayText(tag.tag)),
-                            printable(examplesOf(drawing, tag).join(" | "_L1))};
+    for (const TagUse &tag : tagsByUse(drawing)) {
+        QStringList examples = examplesOf(drawing, tag);
+        std::ranges::transform(examples, examples.begin(), cell);
+        rows << QStringList{QString::number(tag.inserts), cell(drawing.DisplayText(tag.tag)),
+                            examples.join(" | "_L1)};
+    }
     for (const QStringList &row : rows)
         table.measure(row);
     table.printTitles(out);

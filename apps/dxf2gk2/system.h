@@ -2,6 +2,8 @@
 // What the program needs of the operating system beside files.
 #pragma once
 
+#include <QFileDevice>
+
 namespace systemcalls {
 
 /// Makes standard streams that were closed by the caller fail when used, instead of letting the
@@ -10,6 +12,9 @@ namespace systemcalls {
 void prepareStreams();
 
 bool isTerminal(int descriptor);
+
+/// What the user's mask leaves a new file of reading and writing.
+QFileDevice::Permissions newFilePermissions();
 
 /// While it lives, the signals that end a program (interrupt, terminate, hang-up) are only noted,
 /// so that an unfinished file can be taken away; its end lets the noted signal have its effect.

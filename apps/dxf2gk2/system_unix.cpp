@@ -3,7 +3,9 @@
 #include "system.h"
 #include <csignal>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace systemcalls {
 namespace {
@@ -31,6 +33,21 @@ void prepareStreams()
 bool isTerminal(int descriptor)
 {
     return isatty(descriptor) == 1;
+}
+
+QFileDevice::Permissions newFilePermissions()
+{
+    const mode_t mask = umask(0);
+    umask(mask);
+    QFileDevice::Permissions permissions;
+    for (const auto &[bit, permission] : {std::pair{S_IRUSR, QFileDevice::ReadOwner},
+                                          {S_IWUSR, QFileDevice::WriteOwner},
+                                          {S_IRGRP, QFileDevice::ReadGroup},
+                                          {S_IWGRP, QFileDevice::WriteGroup},
+                                          {S_IROTH, QFileDevice::ReadOther},
+                                          {S_IWOTH, QFileDevice::WriteOther}})
+        permissions.setFlag(permission, (mask & static_cast<mode_t>(bit)) == 0);
+    return permissions;
 }
 
 InterruptWatch::InterruptWatch()

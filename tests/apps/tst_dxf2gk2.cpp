@@ -49,6 +49,7 @@ private slots:
     void keepsPlansAndOldResults();
     void goesOnAfterAFailure();
     void keepsLinks();
+    void keepsPermissions();
     void filtersAndLists();
     void printsJson();
     void countsWarningsWhenStrict();
@@ -274,6 +275,14 @@ void TestDxf2gk2::keepsLinks()
         QVERIFY(QFileInfo(m_dir->filePath(name)).isSymLink());
         QVERIFY(get(u"store/"_s + name).startsWith("GK2"));
     }
+}
+
+void TestDxf2gk2::keepsPermissions()
+{
+    put(u"old.txt"_s, "old");
+    const Outcome r = shell(u"umask 027; chmod 604 old.txt; $D -q -o old.txt plan.dxf; "
+                            "$D -q -o new.txt plan.dxf; stat -c %a old.txt new.txt"_s);
+    QCOMPARE(r.out, "604\n640\n"_ba);
 }
 
 void TestDxf2gk2::filtersAndLists()
