@@ -151,6 +151,7 @@ bool UserDataManagerI::save(const ConfigFile &layout, const ConfigFile &settings
                             SavingSignal announce, bool &isAnnouncing)
 {
     if (settings && !isAnnouncing) {
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
         const ConfigFile announced = settings; // lives until the last listener is done
         const QPointer<UserDataManagerI> alive(this);
         isAnnouncing = true;
