@@ -133,6 +133,10 @@ void TestDxf2gk2::converts()
     QCOMPARE(run({u"-q"_s, u"-o"_s, u"-"_s, u"plan.dxf"_s}).out, gk2);
     QCOMPARE(run({u"-q"_s, u"-"_s}, planWith({"1", "2"})).out, gk2);
 
+    // A pipe or device is written to; putting a file in its place would do harm.
+    QCOMPARE(shell(u"mkfifo f; cat f >got & $D -q -o f plan.dxf; wait; test -p f && cat got"_s).out,
+             gk2);
+
     put(u"Ü a.b.dxf"_s, planWith({"1"}));
     QVERIFY(QDir(m_dir->path()).mkdir(u"Aus"_s));
     r = shell(u"LC_ALL=C $D -q -d Aus plan.dxf 'Ü a.b.dxf'"_s); // in any locale
@@ -196,16 +200,16 @@ void TestDxf2gk2::tellsFailuresInOneLine_data()
         u"plan.dxf: cannot write 'none/plan.txt'"_s);
     row("a folder as target", u"$D -o . plan.dxf"_s,
         u"plan.dxf: cannot write '\\.': it is a folder"_s);
-    row("disk full", u"$D -o /dev/full plan.dxf"_s,
-        u"plan.dxf: cannot write '/dev/full': No space left on device"_s);
-    row("disk full, for a picture", u"$D --list --preview full.svg plan.dxf >/dev/null"_s,
-        u"plan.dxf: cannot write 'full.svg': No space left on device"_s);
     row("file size limit", u"(ulimit -f 0; $D -o big.txt plan.dxf)"_s,
         u"plan.dxf: cannot write 'big.txt': File too large"_s);
+    row("file size limit, for a picture",
+        u"(ulimit -f 0; $D --list --preview big.svg plan.dxf >/dev/null)"_s,
+        u"plan.dxf: cannot write 'big.svg': File too large"_s);
     row("standard output full", u"$D -q -o - plan.dxf >/dev/full"_s,
         u"plan.dxf: cannot write to standard output: No space left on device"_s);
     row("standard output closed", u"$D --list plan.dxf >&-"_s,
         u"cannot write to standard output: Bad file descriptor"_s);
+    // The program gets its plan only when the reader of its output is gone.
     // The program gets its plan only when the reader of its output is gone.
     row("reader gone",
         u"mkfifo p; (read x < p; cat plan.dxf) | ($D -q --list - 2>e; echo $? >s) | "
@@ -218,7 +222,6 @@ void TestDxf2gk2::tellsFailuresInOneLine()
 {
     QFETCH(const QString, line);
     QFETCH(const QString, told);
-    QVERIFY(QFile::link(u"/dev/full"_s, m_dir->filePath(u"full.svg"_s)));
     put(u"plan.txt"_s, "old");
     Outcome r = shell(line);
     QCOMPARE(r.status, 1);
@@ -228,14 +231,14 @@ void TestDxf2gk2::tellsFailuresInOneLine()
     QVERIFY2(QRegularExpression(u"^dxf2gk2: "_s + told).match(QString::fromUtf8(r.err)).hasMatch(),
              r.err);
     QCOMPARE(get(u"plan.txt"_s), "old"_ba);
-    QVERIFY(!names().contains(u"a.txt"_s) && !names().contains(u"big.txt"_s));
+    QVERIFY(!names().contains(u"a.txt"_s) && names().filter(u"big"_s).isEmpty());
 }
 
 void TestDxf2gk2::keepsPlansAndOldResults_data()
 {
     QTest::addColumn<QString>("line");
     QTest::newRow("by name") << u"$D -o plan.dxf plan.dxf"_s;
-    QTest::newRow("in other spelling") << u"$D -o ../${PWD##*/}/./plan.dxf plan.dxf"_s;
+    QTest::newRow("in other spelling") << u"$D -o \"$PWD/./plan.dxf\" plan.dxf"_s;
     QTest::newRow("by a link to it") << u"ln -s plan.dxf plan.txt; $D plan.dxf"_s;
     QTest::newRow("by a link to the plan's file") << u"ln plan.dxf x.txt; $D -o x.txt plan.dxf"_s;
     QTest::newRow("a plan called .txt") << u"mv plan.dxf p.txt; ln -s p.txt plan.dxf; $D p.txt"_s;

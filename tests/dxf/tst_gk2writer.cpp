@@ -83,11 +83,13 @@ void TestGk2Writer::writesExactBytes()
     DxfDrawingBuilder plan;
     addBlock(plan, "B", polylines);
     addInsert(plan, "B", {{"BL_NR", " 1\xFC "}});
+    addBlock(plan, "other", {kFrame});
+    addInsert(plan, "other", {{"Bl_Nr", "other"}});
     addInsert(plan, "B", {{"Bl_Nr", "no"}, {"BL_NR", "%%U2"}});
     qint64 count = 0;
     const QByteArray text = gk2(labelled(plan, labels), &count);
-    QCOMPARE(text, "GK2\r\n\r\n 1\xFC \r\n" + corners + "\r\n%%U2\r\n" + corners);
-    QCOMPARE(count, 2);
+    QCOMPARE(text, "GK2\r\n\r\n 1\xFC \r\n" + corners + "\r\nother\r\n\r\n%%U2\r\n" + corners);
+    QCOMPARE(count, 3);
 }
 
 void TestGk2Writer::skipsWhatIsNoSheet()
