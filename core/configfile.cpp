@@ -47,9 +47,11 @@ void setLaterTime(QFileDevice &file, const QString &replacedName)
 
 bool readConfigFile(QIODevice &device, QSettings::SettingsMap &values)
 {
-    auto [readValues, isWhole] = initext::parse(device.readAll());
-    values = std::move(readValues); // what can be read counts, damaged or not
-    return isWhole;
+    auto parsed = initext::parse(device.readAll());
+    if (!parsed)
+        return false;
+    values = std::move(parsed->values);
+    return true; // damaged or not: QSettings would drop what can be read
 }
 
 /// @param device  the file that shall replace the one of its name. QSettings, which holds the lock,
@@ -60,10 +62,13 @@ bool writeConfigFile(QIODevice &device, const QSettings::SettingsMap &values)
     QFile old(file.fileName());
     if (old.open(QIODevice::ReadOnly)) {
         const QByteArray oldText = old.readAll();
-        if (!initext::parse(oldText).isWhole && !setAside(old.fileName(), oldText))
+        const auto oldValues = initext::parse(oldText);
+        const bool isDamaged = oldValues && !oldValues->isWhole;
+        if (!oldValues || (isDamaged && !setAside(old.fileName(), oldText)))
             return false;
     }
-    if (!writeAll(file, initext::textOf(values)))
+    const auto text = initext::textOf(values);
+    if (!text || !writeAll(file, *text))
         return false;
     if (old.isOpen())
         setLaterTime(file, old.fileName());

@@ -4,9 +4,10 @@
 
 #include <QByteArray>
 #include <QSettings>
+#include <optional>
 
-/// Reads and writes the same text as QSettings::IniFormat, so that either may open files of the
-/// other.
+/// The text is that of QSettings::IniFormat, read and written by QSettings itself, so that either
+/// may open files of the other.
 namespace initext {
 
 struct Parsed
@@ -17,10 +18,10 @@ struct Parsed
     bool isWhole = true;
 };
 
-[[nodiscard]] Parsed parse(QByteArrayView text);
+/// Nothing when the system has no room for a temporary file.
+[[nodiscard]] std::optional<Parsed> parse(QByteArrayView text);
 
-/// UTF-8 with LF line ends; sections and keys in the order of the map, those without a section
-/// first.
-[[nodiscard]] QByteArray textOf(const QSettings::SettingsMap &values);
+/// Nothing when the system has no room for a temporary file.
+[[nodiscard]] std::optional<QByteArray> textOf(const QSettings::SettingsMap &values);
 
 } // namespace initext

@@ -14,8 +14,8 @@ class KView;
 /// four functions carry the geometry and must be there. A control asks for the others and hides
 /// what they do not offer, so a viewer implements those it has; the defaults say "not offered".
 ///
-/// A view is a widget that the viewer knows as one of its views, never null. Change notices are the
-/// signals of KView. Everything runs on the GUI thread.
+/// A view is never null here; a widget that is none of the viewer's views makes every question
+/// fail. Change notices are the signals of KView. Everything runs on the GUI thread.
 class KELO_BASE_EXPORT DocWindowXIfc
 {
 public:

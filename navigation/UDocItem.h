@@ -22,9 +22,9 @@ public:
     QString description;        ///< more for people to read, for example as a tool tip
     qint32 documentNumber = -1; ///< the viewer's number, 1 ... kMaxDocumentNumber; -1: none yet
     qint32 pageNumber = -1;     ///< counted from 0; -1: no particular page, the first is shown
-    qint32 rotation = 0; ///< north angle of the stored view in whole degrees, as NorthAngle()
-    qint32 scale = 1;    ///< map scale denominator, 25000 for 1 : 25000; 1: true size or unknown
-    UCoord position;     ///< middle of the stored view; all null: the whole page
+    qint32 rotation = 0;        ///< NorthAngle() of the stored view, in whole degrees
+    qint32 scale = 1; ///< denominator of its map scale, 25000 for 1 : 25000; 1: none stored
+    UCoord position;  ///< middle of the stored view; all null: the whole page
 
     /// Whether the viewer can show it: it has a file name and a number in the range above.
     [[nodiscard]] bool IsValid() const;

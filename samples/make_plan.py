@@ -85,7 +85,7 @@ class Plan:
         self.options = options
         self.coding = Coding(options)
         self.sheets = options.sheets + len(options.fault)
-        self.columns = math.ceil(math.sqrt(self.sheets))
+        self.columns = math.ceil(math.sqrt(2 * self.sheets))
         self.faults = dict(enumerate(options.fault, options.sheets))  # by index of the sheet
         self.streets = UMLAUT_STREETS if options.umlauts else STREETS
 
@@ -110,10 +110,10 @@ class Plan:
         row, column = divmod(index, self.columns)
         x, y, turn = column * WIDTH, row * HEIGHT, 0.0
         if self.options.rotated:
-            phase = column * math.pi / 4  # a bend takes eight sheets; the steepest turns by 35°
-            y = row * HEIGHT * 1.25 + 0.7 * WIDTH * 4 / math.pi * math.sin(phase)
-            turn = math.atan(0.7 * math.cos(phase))
-            x *= 0.88  # the road is longer than its way east
+            phase = column * math.pi / 4  # a bend takes eight sheets; the steepest turns by 22°
+            y = row * HEIGHT * 1.15 + 0.4 * WIDTH * 4 / math.pi * math.sin(phase)
+            turn = math.atan(0.4 * math.cos(phase))
+            x *= 0.97  # the road is longer than its way east
         return WEST + x, SOUTH + y, turn
 
     def corners(self, index):

@@ -179,7 +179,7 @@ void TestActionManager::survivesDeathsInAnyOrder()
             QAction late;
             manager->RegisterAction(record(10 + who, &late));
             QCOMPARE(late.associatedObjects().size(), owner ? 1 : 0);
-            QCOMPARE(manager->FindActionDataByAction(&late)->id, 10 + who);
+            QCOMPARE(manager->FindActionDataByAction(&late), manager->FindActionDataById(10 + who));
         }
     } while (std::next_permutation(order.begin(), order.end()));
 }

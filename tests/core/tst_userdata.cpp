@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Data scopes: paths, files, signals.
-#include "support/MessageLog.h"
-#include "support/TemporaryHome.h"
+#include "tests/support/MessageLog.h"
+#include "tests/support/TemporaryHome.h"
 
 #include <kelo_base/core/UserDataManager.h>
 
@@ -63,9 +63,9 @@ private:
 
 void TestUserData::init()
 {
-    m_home.emplace();
     QCoreApplication::setOrganizationName(u"Büro & Co"_s);
-    QCoreApplication::setApplicationName(u"Karten"_s);
+    QCoreApplication::setApplicationName(u"Karten"_s); // temporary directories bear it as well
+    m_home.emplace();
 }
 
 void TestUserData::cleanup()
@@ -131,7 +131,7 @@ void TestUserData::createsOnlyWhatIsPrepared()
         QVERIFY(QFileInfo(path).isDir());
     manager.PrepareStorageDirectoryForProject(ObjectId("Q"));
     QCOMPARE(QDir(base()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-             QStringList({u"P"_s, u"Q"_s, u"data"_s}));
+             QStringList({u"data"_s, u"P"_s, u"Q"_s}));
 }
 
 void TestUserData::findsTheFileOfAScope_data()
@@ -189,7 +189,7 @@ void TestUserData::savesWhatListenersPut()
 {
     UserDataManagerI &manager = UserDataManager();
     connect(&manager, &UserDataManagerI::onSavingUserConfigFiles, this,
-            [](QSettings &settings) { settings.setValue("G/ü"_L1, u"für"_s); });
+            [](QSettings &settings) { settings.setValue(u"G/ü"_s, u"für"_s); });
     connect(&manager, &UserDataManagerI::onSavingProjectConfigFiles, this,
             [](QSettings &settings) { settings.setValue("project"_L1, true); });
     manager.OpenProjectConfigFiles(ObjectId("P"));

@@ -12,7 +12,7 @@ run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/consumer -B ${work_dir}/build 
   -D CMAKE_CXX_COMPILER=${compiler} "-DCMAKE_CXX_FLAGS=${flags}"
   -D CMAKE_PREFIX_PATH=${work_dir}/moved -D wanted_version=${version})
 run(${CMAKE_COMMAND} --build ${work_dir}/build)
-run(${work_dir}/build/consumer)
+run(${work_dir}/build/consumer ${CMAKE_CURRENT_LIST_DIR}/../../samples/village.dxf 21)
 
 file(GLOB_RECURSE library ${work_dir}/moved/libkelo_base.so.${version})
 execute_process(COMMAND ${readelf} -d ${library} OUTPUT_VARIABLE dynamic COMMAND_ERROR_IS_FATAL ANY)

@@ -46,17 +46,12 @@ bool agree(const Values &got, long double first, long double second)
            isClose(got[3], deviation, (first + second) * 1e-12L);
 }
 
-double between(QRandomGenerator &random, double low, double high)
-{
-    return low + random.generateDouble() * (high - low);
-}
-
 void setRandomly(TestView &view, QRandomGenerator &random)
 {
     view.device.setRect(random.bounded(-50, 50), random.bounded(-50, 50), random.bounded(100, 4000),
                         random.bounded(100, 3000));
-    view.metresPerPixel = std::pow(10, between(random, -2, 3));
-    view.eastToRight = between(random, -180, 180);
+    view.metresPerPixel = std::pow(10, random.bounded(5.0) - 2);
+    view.eastToRight = random.bounded(360.0) - 180;
     view.origin = view.metresPerPixel * QPointF(random.bounded(1000), -random.bounded(1000));
     view.dpi = {random.bounded(60, 400), random.bounded(60, 400)};
 }
@@ -85,9 +80,9 @@ void TestViewGeometry::agreesWithLongDoubles()
         setRandomly(window.view, random);
         const auto &[device, metresPerPixel, dpi] =
             std::tie(window.view.device, window.view.metresPerPixel, window.view.dpi);
-        const double fieldOfView = between(random, 1, 179);
-        const double eyeDistance = between(random, 5, 800);
-        const double desired = between(random, 1, 1e5);
+        const double fieldOfView = 1 + random.bounded(178.0);
+        const double eyeDistance = 5 + random.bounded(795.0);
+        const double desired = 1 + random.bounded(1e5);
 
         const long double pixels = std::hypot(device.width() - 1.0L, device.height() - 1.0L);
         const long double map = metresPerPixel * pixels + 0.001L;
@@ -133,10 +128,10 @@ void TestViewGeometry::failsWithoutNumbers()
         return !NorthAngle(&window.view, angle) && angle == 0 && heights(50, 60) == kFailure &&
                ratios(50, 60, 100) == kFailure;
     };
-    window.view.unknownFrom = 0; // neither corner is known
-    QVERIFY(fails());
-    window.view.unknownFrom = 400; // the first one is
-    QVERIFY(fails());
+    for (const int column : {0, 400}) { // neither corner is known; the first one is
+        window.view.unknownFrom = column;
+        QVERIFY(fails());
+    }
     window.view.unknownFrom = 800;
     window.view.origin.rx() = qInf();
     QVERIFY(fails());
@@ -239,23 +234,18 @@ void TestViewGeometry::correctsByTable()
     QTEST(process.readAllStandardOutput(), "factors");
 }
 
-/// Prints the factor for each of the scales; "7/8" hands over two different ones.
-static int printFactors(const QStringList &scales)
+/// With "--correct", prints the factor for each scale; "7/8" hands over two different ones.
+int main(int argc, char *argv[])
 {
-    for (const QString &scale : scales) {
+    const QApplication app(argc, argv);
+    TestViewGeometry test;
+    if (app.arguments().value(1) != "--correct"_L1)
+        return QTest::qExec(&test, app.arguments());
+    for (const QString &scale : app.arguments().value(2).split(u' ')) {
         const QStringList pair = scale.split(u'/');
         std::printf("%d ", GetZoomFactorCorrectionForScaleValue(pair.first().toDouble(),
                                                                 pair.last().toDouble()));
     }
     return 0;
-}
-
-int main(int argc, char *argv[])
-{
-    const QApplication app(argc, argv);
-    if (app.arguments().value(1) == "--correct"_L1)
-        return printFactors(app.arguments().value(2).split(u' '));
-    TestViewGeometry test;
-    return QTest::qExec(&test, app.arguments());
 }
 #include "tst_viewgeometry.moc"

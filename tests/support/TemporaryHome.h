@@ -13,6 +13,8 @@ class TemporaryHome
 public:
     TemporaryHome() : m_oldHome(qgetenv("HOME")), m_oldConfig(qgetenv("XDG_CONFIG_HOME"))
     {
+        if (!m_dir.isValid())
+            qFatal("no temporary directory: %s", qPrintable(m_dir.errorString()));
         qputenv("HOME", QFile::encodeName(m_dir.path()));
         qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_dir.filePath(QStringLiteral(".config"))));
     }

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Uses a little of the installed library; exit status 0 when it answers as it should.
-#include <kelo_base/core/Interpolate.h>
-#include <kelo_base/dxf/DxfDrawing.h>
+// Counts the sheets of a plan with the installed library: consumer PLAN COUNT
+#include <QString>
+#include <cstdlib>
+#include <kelo_base/dxf/DxfReader.h>
 
-int main()
+int main(int argc, char **argv)
 {
-    const DxfDrawing drawing;
-    const bool isEmpty = drawing.Blocks().empty() && !drawing.HasUtf8Texts();
-    return isEmpty && qor::InterpolateValueLinear(0, 0, 2, 4, 1) == 2 ? 0 : 1;
+    if (argc != 3)
+        return 2;
+    const DxfReadResult plan = ReadDxfFile(QString::fromLocal8Bit(argv[1]));
+    return plan && plan.drawing.Inserts().size() == std::strtoul(argv[2], nullptr, 10) ? 0 : 1;
 }

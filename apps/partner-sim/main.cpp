@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Plays the partner program of the viewer over the exchange files.
+#include "options.h"
+#include "receiver.h"
+#include "script.h"
+#include "sender.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
+#include <QTimer>
+#include <QUuid>
+#include <cstdio>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const char kHelp[] =
+    "Plays the partner program: sends commands to the viewer and prints what it receives.\n"
+    "\n"
+    "Commands: \"goto X Y [NORTH [HEIGHT]]\", \"find OBJECT\", test, \"integer N\",\n"
+    "\"raw NAME PARAMETERS\"; with the word front behind it, the viewer shall come to the front.\n"
+    "Without commands it listens. Example:\n"
+    "  partner-sim /tmp/exchange \"goto 3500000 5800000 0 250\" \"find ABC front\"";
+
+int refuse(const QString &reason)
+{
+    std::fprintf(stderr, "partner-sim: %s (--help explains)\n", qUtf8Printable(reason));
+    return 2;
+}
+
+std::optional<Manner> mannerOf(const QString &name)
+{
+    static const QMap<QString, Manner> manners{{QString(), Manner::Careful},
+                                               {u"plain"_s, Manner::Plain},
+                                               {u"bytes"_s, Manner::Bytes},
+                                               {u"half"_s, Manner::Half}};
+    const auto manner = manners.find(name);
+    return manner == manners.end() ? std::nullopt : std::optional(*manner);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication app(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QString::fromLatin1(kHelp));
+    parser.addHelpOption();
+    parser.addPositionalArgument(u"directory"_s, u"Where the exchange files are."_s);
+    parser.addPositionalArgument(u"commands"_s, u"What to send, in order."_s, u"[commands...]"_s);
+    parser.addOptions({
+        {u"script"_s, u"Send the commands in a file, one a line, before the others."_s, u"file"_s},
+        {u"listen"_s, u"Go on receiving when all is sent."_s},
+        {u"json"_s, u"Print JSON objects, one a line."_s},
+        {u"sender"_s, u"Go on as this sender: command k has number k."_s, u"id"_s},
+        {u"repeat"_s, u"Send a command again when there is silence."_s},
+        {u"silence"_s, u"Milliseconds until no answer is silence."_s, u"ms"_s, u"10000"_s},
+        {u"poll"_s, u"Milliseconds between two looks at the files."_s, u"ms"_s, u"1000"_s},
+        {u"journal"_s, u"Append what is received to a file, each exactly once."_s, u"file"_s},
+        {u"refuse"_s, u"Refuse what is received."_s},
+        {u"clumsy"_s, u"Write like a careless partner: plain, bytes or half."_s, u"manner"_s},
+    });
+    parser.process(app);
+
+    QStringList lines = parser.positionalArguments();
+    if (lines.isEmpty() || !QDir(lines[0]).exists())
+        return refuse(u"there is no exchange directory"_s);
+    const auto manner = mannerOf(parser.value(u"clumsy"_s));
+    if (!manner)
+        return refuse(u"unknown manner"_s);
+    const QString sender = parser.isSet(u"sender"_s)
+                               ? parser.value(u"sender"_s)
+                               : QUuid::createUuid().toString(QUuid::WithoutBraces);
+    const Options options{.directory = lines.takeFirst(),
+                          .sender = sender,
+                          .journal = parser.value(u"journal"_s),
+                          .manner = *manner,
+                          .silence = parser.value(u"silence"_s).toInt(),
+                          .repeats = parser.isSet(u"repeat"_s),
+                          .refuses = parser.isSet(u"refuse"_s),
+                          .isJson = parser.isSet(u"json"_s)};
+    if (parser.isSet(u"script"_s)) {
+        QFile script(parser.value(u"script"_s));
+        if (!script.open(QIODevice::ReadOnly))
+            return refuse(u"cannot read "_s + script.fileName());
+        lines = QString::fromUtf8(script.readAll()).split(u'\n') + lines;
+    }
+    QString fault;
+    const auto commands = parseScript(lines, fault);
+    if (!commands)
+        return refuse(u"no command: "_s + fault);
+
+    Sender outgoing(options, *commands);
+    Receiver incoming(options);
+    const bool listens = parser.isSet(u"listen"_s) || commands->isEmpty();
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        outgoing.poll();
+        incoming.poll();
+        if (outgoing.isDone() && !listens)
+            QCoreApplication::quit();
+    });
+    timer.start(std::max(1, parser.value(u"poll"_s).toInt()));
+    return QCoreApplication::exec();
+}

@@ -1,0 +1,361 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// What a pie menu makes of pointer and keys, and how it shows itself.
+#include <kelo_base/menus/QtPieMenu.h>
+
+#include "menus/pieaccessible_p.h"
+#include "menus/piegeometry_p.h"
+#include "menus/piemenudata_p.h"
+#include "menus/pietext_p.h"
+#include <QApplication>
+#include <QCloseEvent>
+#include <QCursor>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPropertyAnimation>
+#include <QStyle>
+#include <QStyleOption>
+#include <QToolTip>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+const pie::Layout &QtPieMenu::Data::layoutOf(const QtPieMenu &menu)
+{
+    const QPoint middle = menu.rect().center();
+    if (!layout || layout->middle != middle) {
+        outdate();
+        layout = pie::Layout{middle, static_cast<double>(std::min(innerRadius, outerRadius)),
+                             static_cast<double>(outerRadius), pie::centredBorders(weights())};
+    }
+    return *layout;
+}
+
+const std::vector<pie::Cell> &QtPieMenu::Data::fittedCells(const QtPieMenu &menu)
+{
+    const pie::Layout &ring = layoutOf(menu); // may outdate the cells
+    if (cells.size() == items.size())
+        return cells;
+    const QFontMetricsF metrics(menu.font(), &menu);
+    const int iconEdge = menu.style()->pixelMetric(QStyle::PM_LargeIconSize, nullptr, &menu);
+    cells.clear();
+    for (const QtPieItem *item : items) {
+        cells.push_back({.text = item->text(),
+                         .icon = item->icon(),
+                         .isEnabled = item->isEnabled(),
+                         .isSubMenu = item->type() == SubMenu,
+                         .isCheckable = item->isCheckable(),
+                         .isChecked = item->isChecked()});
+    }
+    pie::fitCells(cells, ring, metrics, iconEdge);
+    return cells;
+}
+
+std::vector<int> QtPieMenu::Data::weights() const
+{
+    std::vector<int> weights;
+    weights.reserve(items.size());
+    for (const QtPieItem *item : items)
+        weights.push_back(item->weight());
+    return weights;
+}
+
+void QtPieMenu::Data::outdate()
+{
+    layout.reset();
+    cells.clear();
+}
+
+// Showing
+
+void QtPieMenu::showEvent(QShowEvent *event)
+{
+    QtPieItem::showEvent(event);
+    if (!testAttribute(Qt::WA_TranslucentBackground) && d->isMaskOutdated) {
+        generateMask(&d->mask);
+        setMask(d->mask);
+        d->isMaskOutdated = false;
+    }
+    // The menu has moved since popup() looked; a pointer far away is not aiming at it yet.
+    const QPoint pointer = QCursor::pos();
+    const bool isNear = radiusAt(mapFromGlobal(pointer)) <= d->outerRadius;
+    const int target = isNear ? targetAt(pointer) : Data::kNone;
+    setHighlightedItem(canChoose(target) ? target : Data::kJustOpened);
+    d->pointer = pointer;
+    d->isRightDown = false;
+    if (d->isFading)
+        fadeIn();
+    pie::announceOpen(*this, true);
+}
+
+void QtPieMenu::fadeIn()
+{
+    const int duration = style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this);
+    if (duration <= 0 || !QApplication::isEffectEnabled(Qt::UI_FadeMenu))
+        return;
+    auto *fade = new QPropertyAnimation(this, "windowOpacity", this);
+    fade->setDuration(duration);
+    fade->setStartValue(0.0);
+    fade->setEndValue(1.0);
+    fade->start(QAbstractAnimation::DeleteWhenStopped);
+}
+
+void QtPieMenu::hideEvent(QHideEvent *event)
+{
+    QtPieItem::hideEvent(event);
+    d->hover.stop();
+    d->stroke = {};
+    d->keysDown.clear();
+    d->isShaded = false;
+    if (QtPieMenu *menu = subMenuAt(std::exchange(d->shownSubMenu, Data::kNone)))
+        menu->hide();
+    pie::announceOpen(*this, false);
+}
+
+void QtPieMenu::paintEvent(QPaintEvent *event)
+{
+    d->stroke.seen();
+    QStyleOption option;
+    option.initFrom(this);
+    QPainter painter(this);
+    pie::Picture picture{.layout = d->layoutOf(*this),
+                         .cells = d->fittedCells(*this),
+                         .palette = palette(),
+                         .highlighted = d->highlighted,
+                         .isSubMenu = !isTopLevelMenu(),
+                         .isShaded = d->isShaded,
+                         .direction = layoutDirection()};
+    picture.underlinesLetters = style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this);
+    pie::paint(painter, picture, event->rect());
+}
+
+void QtPieMenu::changeEvent(QEvent *event)
+{
+    QtPieItem::changeEvent(event);
+    const QEvent::Type what = event->type();
+    if (what == QEvent::FontChange || what == QEvent::StyleChange || what == QEvent::EnabledChange)
+        itemChanged();
+}
+
+bool QtPieMenu::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        event->accept(); // keys are ours while the menu is open, not the shortcuts' behind it
+        return true;
+    }
+    if (event->type() != QEvent::ToolTip)
+        return QtPieItem::event(event);
+    const auto *help = static_cast<QHelpEvent *>(event);
+    const int index = targetAt(help->globalPos());
+    QString tip;
+    if (const QtPieItem *item = itemAt(index)) {
+        const bool isElided = d->fittedCells(*this)[static_cast<std::size_t>(index)].isElided;
+        tip = item->toolTip();
+        if (tip.isEmpty() && isElided)
+            tip = pie::withoutMnemonic(item->text());
+    }
+    QToolTip::showText(help->globalPos(), tip, this);
+    return true;
+}
+
+// Leaving
+
+void QtPieMenu::closeEvent(QCloseEvent *event)
+{
+    event->accept();
+    if (isVisible())
+        cancelTree();
+}
+
+void QtPieMenu::focusOutEvent(QFocusEvent *event)
+{
+    QtPieItem::focusOutEvent(event);
+    if (event->reason() != Qt::PopupFocusReason && isVisible())
+        cancelTree();
+}
+
+// Pointer
+
+QPoint QtPieMenu::globalCentre() const
+{
+    return mapToGlobal(rect().center());
+}
+
+int QtPieMenu::targetAt(QPoint globalPos) const
+{
+    return pie::targetAt(d->layoutOf(*this), globalPos - d->stroke.origin(globalCentre()));
+}
+
+void QtPieMenu::pointTo(QPoint globalPos)
+{
+    d->pointer = globalPos;
+    const int index = targetAt(globalPos);
+    setHighlightedItem(canChoose(index) ? index : Data::kNone);
+    if (index == d->pointerOver)
+        return;
+    d->pointerOver = index;
+    d->hover.stop();
+    if (!subMenuAt(index) || !canChoose(index))
+        return;
+    if (d->autoActivates)
+        hoverAlert();
+    else
+        d->hover.start();
+}
+
+void QtPieMenu::hoverAlert()
+{
+    if (subMenuAt(d->pointerOver))
+        openSubMenu(d->pointerOver, d->pointer);
+}
+
+void QtPieMenu::mouseMoveEvent(QMouseEvent *event)
+{
+    const QPoint pointer = event->globalPosition().toPoint();
+    const bool isOnItem = targetAt(pointer) != Data::kNone;
+    d->stroke.move(pointer, isOnItem, QApplication::startDragDistance());
+    pointTo(pointer);
+}
+
+void QtPieMenu::mousePressEvent(QMouseEvent *event)
+{
+    const QPoint pointer = event->globalPosition().toPoint();
+    if (event->button() == Qt::LeftButton)
+        d->stroke.press(pointer, targetAt(pointer) != Data::kNone);
+    d->isRightDown |= event->button() == Qt::RightButton;
+    pointTo(pointer);
+}
+
+void QtPieMenu::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::RightButton && std::exchange(d->isRightDown, false))
+        return cancelLevel();
+    const QPoint pointer = event->globalPosition().toPoint();
+    const int target = targetAt(pointer);
+    d->pointer = pointer;
+    const pie::Verdict verdict =
+        d->stroke.release(pointer, target != Data::kNone, QApplication::startDragDistance());
+    carryOut(verdict, target);
+}
+
+void QtPieMenu::carryOut(pie::Verdict verdict, int target)
+{
+    if (verdict == pie::Verdict::Choose)
+        activateItem(target);
+    else if (verdict == pie::Verdict::Cancel)
+        cancelLevel();
+}
+
+// Keys
+
+void QtPieMenu::keyPressEvent(QKeyEvent *event)
+{
+    const bool isOpener = event->isAutoRepeat() && !d->keysDown.contains(event->key());
+    const bool isCommand = event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier);
+    if (isOpener || isCommand)
+        return;
+    d->keysDown.insert(event->key());
+    d->hover.stop();
+    if (!steerByKey(event->key()) && !event->isAutoRepeat())
+        pickByKey(*event);
+}
+
+void QtPieMenu::keyReleaseEvent(QKeyEvent *event)
+{
+    if (event->isAutoRepeat() || d->keysDown.remove(event->key()))
+        return;
+    const bool isTap = d->sinceOpening.elapsed() < d->tapThreshold;
+    carryOut(d->stroke.releaseKey(isTap, canChoose(d->highlighted)), d->highlighted);
+}
+
+bool QtPieMenu::steerByKey(int key)
+{
+    std::vector<bool> open;
+    for (int i = 0; i < count(); ++i)
+        open.push_back(canChoose(i));
+    const int current = d->highlighted;
+    switch (key) {
+    case Qt::Key_Right:
+        return steerTowards(open, 0), true;
+    case Qt::Key_Up:
+        return steerTowards(open, pie::kTop), true;
+    case Qt::Key_Left:
+        return steerTowards(open, pie::kTurn / 2), true;
+    case Qt::Key_Down:
+        return steerTowards(open, -pie::kTop), true;
+    case Qt::Key_Tab:
+        return setHighlightedItem(pie::stepAlong(open, current, 1)), true;
+    case Qt::Key_Backtab:
+        return setHighlightedItem(pie::stepAlong(open, current, -1)), true;
+    case Qt::Key_Home:
+        return setHighlightedItem(pie::stepAlong(open, Data::kNone, 1)), true;
+    case Qt::Key_End:
+        return setHighlightedItem(pie::stepAlong(open, Data::kNone, -1)), true;
+    default:
+        return false;
+    }
+}
+
+void QtPieMenu::steerTowards(const std::vector<bool> &open, double direction)
+{
+    const std::vector<double> &borders = d->layoutOf(*this).borders;
+    const int next = pie::stepTowards(borders, open, d->highlighted, direction);
+    if (next != d->highlighted)
+        return setHighlightedItem(next);
+    // Onwards in the item's own direction lies its sub-menu.
+    if (subMenuAt(next) && std::cos(direction - pie::middleOf(borders, next)) > 0.5)
+        activateByKey(next);
+}
+
+void QtPieMenu::pickByKey(const QKeyEvent &event)
+{
+    const int key = event.key();
+    switch (key) {
+    case Qt::Key_Enter:
+    case Qt::Key_Return:
+    case Qt::Key_Select:
+    case Qt::Key_Space:
+        return activateByKey(d->highlighted);
+    case Qt::Key_Escape:
+    case Qt::Key_Cancel:
+        return cancelLevel();
+    case Qt::Key_Backspace:
+    case Qt::Key_Back:
+        return isTopLevelMenu() ? void() : cancelLevel();
+    default:
+        break;
+    }
+    if (key >= Qt::Key_0 && key <= Qt::Key_9)
+        return activateByKey(key == Qt::Key_0 ? 9 : key - Qt::Key_1);
+    if (!event.text().isEmpty())
+        pickByLetter(event.text().front());
+}
+
+void QtPieMenu::pickByLetter(QChar letter)
+{
+    std::vector<bool> matching;
+    for (int i = 0; i < count(); ++i)
+        matching.push_back(canChoose(i) &&
+                           pie::mnemonicOf(itemAt(i)->text()) == letter.toCaseFolded());
+    const auto matches = std::count(matching.begin(), matching.end(), true);
+    const int next = pie::stepAlong(matching, d->highlighted, 1);
+    if (matches == 1)
+        activateByKey(next);
+    else if (matches > 1) // the letter walks from one to the next
+        setHighlightedItem(next);
+}
+
+void QtPieMenu::activateByKey(int index)
+{
+    if (!canChoose(index))
+        return;
+    if (QtPieMenu *menu = subMenuAt(index)) {
+        const pie::Layout &layout = d->layoutOf(*this);
+        const double radius = (layout.innerRadius + layout.outerRadius) / 2;
+        const QPointF place = layout.pointIn(index, radius) - QPointF(0.5, 0.5); // a pixel's corner
+        openSubMenu(index, mapToGlobal(place.toPoint()));
+        menu->setHighlightedItem(Data::kJustOpened); // the pointer has no say in this
+        return;
+    }
+    activateItem(index);
+}
