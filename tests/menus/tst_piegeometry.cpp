@@ -278,9 +278,10 @@ void TestPieGeometry::labelsStayInTheirSector()
                 QVERIFY(label.icon.bottom() <= label.text.top());
             for (const QRectF &part : {label.icon, label.text}) {
                 for (int corner = 0; corner < 9 && !part.isEmpty(); ++corner) {
-                    const QPointF at =
-                        part.topLeft() - layout.centre() +
-                        QPointF(part.width() * (corner % 3) / 2, part.height() * (corner / 3) / 2);
+                    const int column = corner % 3;
+                    const int row = corner / 3;
+                    const QPointF at = part.topLeft() - layout.centre() +
+                                       QPointF(part.width() * column, part.height() * row) / 2;
                     const double radius = pie::radiusOf(at.x(), at.y());
                     QVERIFY(radius > layout.innerRadius && radius < layout.outerRadius);
                     QCOMPARE(pie::sectorAt(layout.borders, pie::angleOf(at.x(), at.y())), i);
