@@ -20,11 +20,14 @@ bool isDigit(char16_t c)
     return c < 0x80 ? c >= u'0' && c <= u'9' : QChar::isDigit(c);
 }
 
+char16_t asciiUpper(char16_t c)
+{
+    return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - (u'a' - u'A')) : c;
+}
+
 char16_t toUpper(char16_t c)
 {
-    if (c < 0x80)
-        return c >= u'a' && c <= u'z' ? static_cast<char16_t>(c - (u'a' - u'A')) : c;
-    return QChar(c).toUpper().unicode();
+    return c < 0x80 ? asciiUpper(c) : QChar(c).toUpper().unicode();
 }
 
 /// A position in a text; at the end it shows the null character.
@@ -81,21 +84,6 @@ int compareAsIntegers(Walker &a, Walker &b)
         if (firstDifference == 0)
             firstDifference = orderOf(a.current(), b.current());
     }
-}
-
-/// Compares two runs of digits that differ first at @p at, where both have digits.
-/// @param longer  which one goes on longer: below 0 the right one, 0 neither
-int orderOfRuns(QStringView left, QStringView right, qsizetype at, int longer)
-{
-    const char16_t *const x = left.utf16();
-    const char16_t *const y = right.utf16();
-    const int firstDifference = orderOf(x[at], y[at]);
-    if (longer * firstDifference >= 0) // both say the same, whichever counts
-        return firstDifference;
-    while (at > 0 && isDigit(x[at - 1]))
-        --at;
-    const bool isFraction = x[at] == u'0' || y[at] == u'0';
-    return isFraction ? firstDifference : longer;
 }
 
 /// Compares from positions that are outside of runs of digits, or at the start of both.
@@ -155,14 +143,32 @@ bool isAscii(quint64 block)
     return (block & (kEach * 0xFF80)) == 0;
 }
 
-/// The order of texts that differ first at @p at, where four more units are; 0 when it takes closer
-/// looks: at white space, ends of texts, and whatever is not ASCII.
-template <bool ignoresCase>
-int orderOfBlocks(QStringView left, QStringView right, qsizetype at)
+bool isAsciiDigit(char16_t c)
 {
-    const char16_t *const x = left.utf16();
-    const char16_t *const y = right.utf16();
-    const qsizetype size = std::min(left.size(), right.size());
+    return static_cast<char16_t>(c - u'0') < 10;
+}
+
+/// The order of two runs of digits that differ first at @p at; 0 behind anything but ASCII.
+/// @param longer  which one goes on longer: below 0 the right one, 0 neither
+inline int orderOfRuns(const char16_t *x, const char16_t *y, qsizetype at, int longer)
+{
+    const int difference = orderOf(x[at], y[at]);
+    if (longer * difference >= 0) // both say the same, whichever counts
+        return difference;
+    while (at > 0 && isAsciiDigit(x[at - 1]))
+        --at;
+    if (at > 0 && x[at - 1] >= 0x80)
+        return 0; // may be a digit as well
+    const bool isFraction = x[at] == u'0' || y[at] == u'0';
+    return isFraction ? difference : longer;
+}
+
+/// The order of texts that differ first at @p at; 0 when it takes closer looks: at white space,
+/// ends of texts, and whatever is not ASCII.
+/// @param size  of the shorter one
+template <bool ignoresCase>
+inline int orderOfBlocks(const char16_t *x, const char16_t *y, qsizetype at, qsizetype size)
+{
     for (qsizetype next = at; next + kBlock <= size; next += kBlock) {
         const quint64 a = blockAt(x + next);
         const quint64 b = blockAt(y + next);
@@ -171,16 +177,16 @@ int orderOfBlocks(QStringView left, QStringView right, qsizetype at)
         const quint64 endsA = endsOfDigits(a);
         const quint64 endsB = endsOfDigits(b);
         if ((endsA | endsB) == 0)
-            continue;
+            continue; // digits all through
         const int longer = std::countr_zero(endsA) - std::countr_zero(endsB);
-        const bool areDigits = ((endsA | endsB) & 0x8000) == 0 || next > at;
-        if (areDigits)
-            return orderOfRuns(left, right, at, longer);
-        if (longer != 0 && at > 0 && isDigit(x[at - 1]))
-            return longer; // of equal runs one goes on
+        if (next > at || ((endsA | endsB) & 0x8000) == 0)
+            return orderOfRuns(x, y, at, longer);
+        const char16_t before = at > 0 ? x[at - 1] : u'\0';
+        if (longer != 0 && before >= u'0' && (before <= u'9' || before >= 0x80))
+            return before <= u'9' ? longer : 0; // of equal runs one goes on
         if (x[at] <= u' ' || y[at] <= u' ')
             return 0;
-        return ignoresCase ? orderOf(toUpper(x[at]), toUpper(y[at])) : orderOf(x[at], y[at]);
+        return ignoresCase ? orderOf(asciiUpper(x[at]), asciiUpper(y[at])) : orderOf(x[at], y[at]);
     }
     return 0;
 }
@@ -205,10 +211,8 @@ int naturalOrder(QStringView left, QStringView right)
     }
     if ((nulls & kHighest) != 0)
         return orderFrom<ignoresCase>(left, right, 0);
-    if (at + kBlock <= size) {
-        if (const int order = orderOfBlocks<ignoresCase>(left, right, at))
-            return order;
-    }
+    if (const int order = orderOfBlocks<ignoresCase>(x, y, at, size))
+        return order;
     return orderFrom<ignoresCase>(left, right, at);
 }
 
