@@ -53,6 +53,15 @@ struct KeloIPCFacadeI::Channel
         return {directory, sender, times.leftover.count(), times.answer.count()};
     }
 
+    /// Hands a command over. The handler may switch the channel off, or destroy it.
+    void handle(const channel::Delivery &delivery)
+    {
+        const bool isAccepted = handler.HandleCommand(delivery.command, delivery.origin);
+        isHandling = false;
+        inbox.answer(delivery.origin,
+                     isAccepted ? channel::AnswerState::Accepted : channel::AnswerState::Refused);
+    }
+
     QString directory;
     KeloIPCCommandHandler &handler;
     KeloIPCTimes times;
@@ -60,7 +69,7 @@ struct KeloIPCFacadeI::Channel
     quint64 lastNumber = 0;
     channel::Inbox inbox;
     channel::Outbox outbox;
-    bool isHandling = false; ///< a handler may run an event loop, and with it the timers
+    bool isHandling = false; ///< from a delivery until its handler returns
     bool isDirectoryMissing = false;
 };
 
@@ -161,22 +170,17 @@ void KeloIPCFacadeI::poll()
         if (!alive || m_channel != running)
             return;
     }
-    if (!running->isHandling)
-        receive(running);
-}
-
-/// @param running  kept alive: the handler may switch the channel off, or destroy it
-void KeloIPCFacadeI::receive(const std::shared_ptr<Channel> &running)
-{
-    const auto delivery = running->inbox.poll(now(), running->handler);
-    if (!delivery)
+    if (running->isHandling)
         return;
-    running->isHandling = true;
-    const bool isAccepted = running->handler.HandleCommand(delivery->command, delivery->origin);
-    running->isHandling = false;
-    using channel::AnswerState;
-    running->inbox.answer(delivery->origin,
-                          isAccepted ? AnswerState::Accepted : AnswerState::Refused);
+    if (const auto delivery = running->inbox.poll(now(), running->handler)) {
+        running->isHandling = true;
+        const auto handle = [this, running, delivery] {
+            if (m_channel == running) // not switched off in the meantime
+                running->handle(*delivery);
+        };
+        // Not from here: while a timer is served it does not fire again, whatever loop runs.
+        QMetaObject::invokeMethod(this, handle, Qt::QueuedConnection);
+    }
 }
 
 /// What need not be known every second: the directory and the partner program.

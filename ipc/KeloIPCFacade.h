@@ -97,7 +97,6 @@ private:
     ~KeloIPCFacadeI() override;
 
     void poll();
-    void receive(const std::shared_ptr<Channel> &running);
     void lookAround();
 
     KeloIPCTimes m_times;

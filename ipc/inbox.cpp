@@ -36,7 +36,7 @@ Inbox::Inbox(const QString &directory, qint64 leftover)
 {
 }
 
-std::optional<Inbox::Delivery> Inbox::poll(qint64 now, const KeloIPCCommandHandler &handler)
+std::optional<Delivery> Inbox::poll(qint64 now, const KeloIPCCommandHandler &handler)
 {
     if (!m_hasClaim && !claim())
         return std::nullopt;
@@ -64,7 +64,7 @@ bool Inbox::claim()
     return m_hasClaim;
 }
 
-std::optional<Inbox::Delivery> Inbox::takeClaimed(qint64 now, const KeloIPCCommandHandler &handler)
+std::optional<Delivery> Inbox::takeClaimed(qint64 now, const KeloIPCCommandHandler &handler)
 {
     const FileStamp stamp = stampOf(m_claimed);
     const auto bytes = readFile(m_claimed, kFileLimit);

@@ -27,16 +27,17 @@ enum class Verdict {
 [[nodiscard]] Verdict judge(const Message &message, const std::optional<KeloCommandData> &data,
                             qint64 age, qint64 limit, quint64 last);
 
+/// A command that may be carried out.
+struct Delivery
+{
+    KeloCommandData command;
+    KeloCommandOrigin origin;
+};
+
 /// Looks at the incoming file, claims it by renaming, reads, records its number.
 class Inbox
 {
 public:
-    struct Delivery
-    {
-        KeloCommandData command;
-        KeloCommandOrigin origin;
-    };
-
     /// @param leftover  milliseconds after which a command that lay is not carried out any more
     Inbox(const QString &directory, qint64 leftover);
 

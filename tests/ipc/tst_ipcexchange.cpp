@@ -182,9 +182,13 @@ void TestIPCExchange::remembersAnswers()
     QCOMPARE(answers.state(u"a"_s, 8), std::nullopt);
     QCOMPARE(answers.lastNumber(u"b"_s), 0U);
     for (quint64 number = 1; number <= 1000; ++number) // a long life stays small
-        answers.set(QString::number(number % 20), number, AnswerState::Accepted);
-    QVERIFY(answers.encode().size() < 20'000);
-    QCOMPARE(answers.lastNumber(u"19"_s), 999U);
+        answers.set(QString::number(number % 10), number, AnswerState::Accepted);
+    QVERIFY(answers.encode().size() < 8'000);
+    QCOMPARE(answers.lastNumber(u"9"_s), 999U);
+    for (int sender = 100; sender < 1000; ++sender)
+        answers.set(QString::number(sender), 1, AnswerState::Accepted);
+    QVERIFY(answers.encode().size() < 8'000);
+    QCOMPARE(answers.lastNumber(u"999"_s), 1U);
     QCOMPARE(answers.lastNumber(u"a"_s), 0U);
 }
 
