@@ -35,58 +35,56 @@ class TestIPCSoak : public QObject
     Q_OBJECT
 
 private slots:
-    void deliversExactlyOnce();
+    void deliversExactlyOnce()
+    {
+        const int count = std::max(kShortSoak, qEnvironmentVariableIntValue("KELO_SOAK"));
+        const QTemporaryDir dir;
+        const QString exchange = dir.filePath(u"exchange"_s);
+        QVERIFY(QDir().mkpath(exchange));
+        const QString in = dir.filePath(u"in"_s);
+        const QString out = dir.filePath(u"out"_s);
+        QFile script(dir.filePath(u"script"_s));
+        QVERIFY(script.open(QIODevice::WriteOnly));
+        QByteArrayList received;
+        QByteArrayList sent;
+        for (int i = 1; i <= count; ++i) {
+            const QByteArray number = QByteArray::number(i);
+            script.write("goto " + number + " 0\n");
+            received << number + ' ' + number;
+            sent << "viewer " + number + " MoveToObject BringToFront:0,ObjectId:" + number;
+        }
+        script.close();
+
+        QProcess viewer;
+        viewer.setProgram(QStringLiteral(KELO_SOAK_VIEWER));
+        viewer.setArguments({exchange, in, QString::number(count)});
+        const QString options = u"%1 --script %2 --journal %3 --sender sim --poll 1 --silence 100 "
+                                "--repeat --listen"_s;
+        QProcess partner;
+        partner.setProgram(QStringLiteral(KELO_PARTNER_SIM));
+        partner.setArguments(options.arg(exchange, script.fileName(), out).split(u' '));
+        restart(viewer);
+        restart(partner);
+        QRandomGenerator random(17);
+        QElapsedTimer sinceProgress;
+        sinceProgress.start();
+        for (qsizetype done = 0; linesOf(in).size() < count || linesOf(out).size() < count;) {
+            // A kill comes within the next commands, wherever the exchange may then be.
+            QTest::qWait(20 + random.bounded(200));
+            restart(random.bounded(2) == 0 ? viewer : partner);
+            const qsizetype now = linesOf(in).size() + linesOf(out).size();
+            if (std::exchange(done, now) != now)
+                sinceProgress.start();
+            QVERIFY2(!sinceProgress.hasExpired(60'000), qPrintable(QString::number(now)));
+        }
+        QVERIFY(!QFile::exists(exchange + u"/kelo-in.txt.rejected"_s));
+        QByteArrayList taken = linesOf(out);
+        for (QByteArray &line : taken)
+            line.truncate(line.indexOf(",Click"));
+        QCOMPARE(linesOf(in), received);
+        QCOMPARE(taken, sent);
+    }
 };
-
-void TestIPCSoak::deliversExactlyOnce()
-{
-    const int count = std::max(kShortSoak, qEnvironmentVariableIntValue("KELO_SOAK"));
-    const QTemporaryDir dir;
-    const QString exchange = dir.filePath(u"exchange"_s);
-    QVERIFY(QDir().mkpath(exchange));
-    const QString in = dir.filePath(u"in"_s);
-    const QString out = dir.filePath(u"out"_s);
-    QFile script(dir.filePath(u"script"_s));
-    QVERIFY(script.open(QIODevice::WriteOnly));
-    for (int i = 1; i <= count; ++i)
-        script.write("goto " + QByteArray::number(i) + " 0\n");
-    script.close();
-
-    QProcess viewer;
-    viewer.setProgram(QStringLiteral(KELO_SOAK_VIEWER));
-    viewer.setArguments({exchange, in, QString::number(count)});
-    QProcess partner;
-    partner.setProgram(QStringLiteral(KELO_PARTNER_SIM));
-    partner.setArguments(
-        u"%1 --script %2 --journal %3 --sender sim --poll 1 --silence 100 --repeat "
-        "--listen"_s.arg(exchange, script.fileName(), out)
-            .split(u' '));
-    restart(viewer);
-    restart(partner);
-    QRandomGenerator random(17);
-    QElapsedTimer sinceProgress;
-    sinceProgress.start();
-    for (qsizetype done = 0; linesOf(in).size() < count || linesOf(out).size() < count;) {
-        // A kill comes within the next commands, wherever the exchange may then be.
-        QTest::qWait(20 + random.bounded(200));
-        restart(random.bounded(2) == 0 ? viewer : partner);
-        const qsizetype now = linesOf(in).size() + linesOf(out).size();
-        if (std::exchange(done, now) != now)
-            sinceProgress.start();
-        QVERIFY2(!sinceProgress.hasExpired(60'000), qPrintable(QString::number(now)));
-    }
-    QVERIFY(!QFile::exists(exchange + u"/kelo-in.txt.rejected"_s));
-    const QByteArrayList received = linesOf(in);
-    const QByteArrayList sent = linesOf(out);
-    QCOMPARE(received.size(), count);
-    QCOMPARE(sent.size(), count);
-    for (int i = 1; i <= count; ++i) {
-        const QByteArray number = QByteArray::number(i);
-        QCOMPARE(received[i - 1], number + ' ' + number);
-        QCOMPARE(sent[i - 1].first(sent[i - 1].indexOf(",Click")),
-                 "viewer " + number + " MoveToObject BringToFront:0,ObjectId:" + number);
-    }
-}
 
 QTEST_GUILESS_MAIN(TestIPCSoak)
 #include "tst_ipcsoak.moc"
