@@ -47,18 +47,16 @@ private slots:
         command.SetCenter({2, 3});
         command.SetNorthDeviation(-12.5);
         command.SetViewingHeight(1e6);
+        command.SetBringToFront(true);
+        command.SetPolygonFilename(u"/none/a.pol"_s); // cannot be read, but was asked for
         command.SaveToSettings(settings);
-        const QString own = u",TopLeft:1.000000;2.000000,BottomRight:3.000000;4.000000,"
-                            "Center:2.000000;3.000000,NorthDeviationInDegrees:-12.500000,"
-                            "ViewingHeight:1000000.000000"_s;
         QCOMPARE(settings.group(), u"Outgoing"_s);
         QCOMPARE(settings.value("CommandType"_L1), u"NamedCommand"_s);
         QCOMPARE(settings.value("CommandId"_L1), u"MoveToPosition"_s);
-        QCOMPARE(settings.value("Parameters"_L1), u"BringToFront:0"_s + own);
-        MoveToPositionCommand copy = command; // commands are copied as values
-        copy.SetBringToFront(true);
-        copy.SetPolygonFilename(u"/none/a.pol"_s); // cannot be read, but was asked for
-        QCOMPARE(copy.GetParameterText(), u"BringToFront:1"_s + own + u",PolygonFile:"_s);
+        QCOMPARE(settings.value("Parameters"_L1),
+                 u"BringToFront:1,TopLeft:1.000000;2.000000,BottomRight:3.000000;4.000000,"
+                 "Center:2.000000;3.000000,NorthDeviationInDegrees:-12.500000,"
+                 "ViewingHeight:1000000.000000,PolygonFile:"_s);
         QCOMPARE(HighlightPolygonsCommand().GetCommandName(), u"HighlightPolygons"_s);
     }
 
