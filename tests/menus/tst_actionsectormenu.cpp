@@ -136,8 +136,7 @@ void TestActionSectorMenu::keepsInStep()
     action.setIcon(own);
     action.setCheckable(true);
     action.setChecked(true);
-    QVERIFY(menu.itemAt(0)->isCheckable() && menu.itemAt(0)->isChecked() &&
-            !menu.itemIcon(0).isNull());
+    QVERIFY(menu.itemAt(0)->isChecked() && !menu.itemIcon(0).isNull());
     action.setEnabled(false);
     QCOMPARE(contentOf(menu), u"(new) 1"_s);
     action.setVisible(false);
@@ -155,10 +154,7 @@ void TestActionSectorMenu::triggersAsAnnounced()
     const auto check = [](int checks, const QString &moment, Deed deed, const QString &log) {
         Registry registry(1);
         ActionSectorMenu menu(*registry.manager, 30, 100);
-        const auto reach = [&](const QString &reached) {
-            if (reached == moment)
-                deed(registry, menu);
-        };
+        const auto reach = [&](QStringView now) { now == moment ? deed(registry, menu) : void(); };
         connect(&menu, &QtPieMenu::activated, &menu, [&] { reach(u"closing"_s); });
         connect(registry.manager.get(), &ActionManager::beforeActionTrigger, &menu, [&] {
             QVERIFY(!menu.isVisible()); // so that a function may open a dialog

@@ -73,8 +73,6 @@ void TestPieGeometry::findsBorders()
     check("alone, centred", {5}, 0, 1, true, 3 * pi / 2);
     check("beyond the items, weight 1", {2, 2}, 3, 5, false, pi);
     check("no shares at all are equal", {0, -7}, 1, 2, false, 3 * pi / 2);
-    check("negative is none", {1, -7, 1}, 2, 3, false, 3 * pi / 2);
-    check("huge", {INT_MAX, INT_MAX}, 1, 2, false, 3 * pi / 2);
     check("count 0 is 1", {}, INT_MIN, 0, false, pi / 2);
     check("many turns beyond", {1}, 1'000'000'000, INT_MAX, false, pi / 2);
 }
@@ -82,8 +80,8 @@ void TestPieGeometry::findsBorders()
 void TestPieGeometry::sharesEveryPixelOut()
 {
     QRandomGenerator random(8);
-    std::vector<Weights> rings{{1}, {1, 1}, {0, 0, 0}, {1, 0, 0}, {-5, INT_MAX, 1}};
-    rings.emplace_back(64, INT_MAX);
+    std::vector<Weights> rings{{1},       {1, 1},           {0, 0},
+                               {1, 0, 0}, {-5, INT_MAX, 1}, Weights(64, INT_MAX)};
     for (int i = 0; i < 60; ++i) {
         for (int &weight : rings.emplace_back(1 + random.bounded(64U)))
             weight =
@@ -120,35 +118,31 @@ void TestPieGeometry::findsOddAngles()
     QCOMPARE(pie::sectorAt(quarters, pi / 4), 0); // a border belongs to what begins there
     QCOMPARE(pie::sectorAt(quarters, std::nextafter(pi / 4, 0)), 3);
     QCOMPARE(pie::sectorAt(quarters, -pi / 2), 2); // found one turn later
-    QCOMPARE(pie::sectorAt(quarters, 100), -1);
-    QCOMPARE(pie::sectorAt(quarters, std::nan("")), -1);
+    QVERIFY(pie::sectorAt(quarters, 100) == -1 && pie::sectorAt(quarters, std::nan("")) == -1);
     // Halves: item 0 is the upper one. Exactly to the right ends the lower one, as 2 pi does.
     const std::vector<double> halves = pie::centredBorders(Weights{1, 1});
-    QCOMPARE(pie::sectorAt(halves, 2 * pi), 1);
-    QCOMPARE(pie::sectorAt(halves, 0), 0);
+    QVERIFY(pie::sectorAt(halves, 2 * pi) == 1 && pie::sectorAt(halves, 0) == 0);
 }
 
 void TestPieGeometry::placesOnScreen()
 {
-    const auto placed = [](int x, int y, QSize size) {
-        return pie::placeOnScreen({x, y}, size, QRect(-100, 50, 1000, 600));
-    };
+    const QRect screen(-100, 50, 1000, 600);
     const QSize menu(201, 201);
-    QCOMPARE(placed(500, 300, menu), QPoint(400, 200)); // the middle pixel is at the point
-    QCOMPARE(placed(-100, 50, menu), QPoint(-100, 50));
-    QCOMPARE(placed(799, 549, menu), QPoint(699, 449));           // just fits
-    QCOMPARE(placed(0, 100, QSize(1001, 601)), QPoint(-101, 49)); // larger than the screen
+    QCOMPARE(pie::placeOnScreen({500, 300}, menu, screen), QPoint(400, 200)); // middle at the point
+    QCOMPARE(pie::placeOnScreen({-100, 50}, menu, screen), QPoint(-100, 50));
+    QCOMPARE(pie::placeOnScreen({799, 549}, menu, screen), QPoint(699, 449));      // just fits
+    QCOMPARE(pie::placeOnScreen({0, 100}, {1001, 601}, screen), QPoint(-101, 49)); // too large
 }
 
 void TestPieGeometry::arrowsGoWhereTheyPoint()
 {
-    // Keys: up, down, left, right; + and - step along the ring. Way: the items reached, - for none.
-    const auto check = [](std::size_t count, const std::vector<std::size_t> &closed,
-                          const QString &keys, const QString &way) {
-        const std::vector<double> borders = pie::centredBorders(Weights(count, 1));
-        std::vector<bool> open(count, true);
-        for (const std::size_t i : closed)
-            open[i] = false;
+    // Items: o open, x closed. Keys: up, down, left, right; + and - step along the ring. Way: the
+    // items reached, - for none.
+    const auto check = [](const QString &items, const QString &keys, const QString &way) {
+        std::vector<bool> open;
+        for (const QChar item : items)
+            open.push_back(item == u'o');
+        const std::vector<double> borders = pie::centredBorders(Weights(open.size(), 1));
         int current = -1;
         QString walked;
         for (const QChar key : keys) {
@@ -161,16 +155,16 @@ void TestPieGeometry::arrowsGoWhereTheyPoint()
         }
         QVERIFY2(walked == way, qPrintable(keys + u" goes "_s + walked));
     };
-    check(4, {}, u"urdl"_s, u"0321"_s);
-    check(4, {}, u"uduu"_s, u"0200"_s); // across, and on
-    check(8, {}, u"urrrrddlll"_s, u"0766654322"_s);
-    check(8, {7}, u"urd"_s, u"065"_s);  // over the closed one
-    check(8, {6}, u"ur"_s, u"07"_s);    // never past the direction
-    check(4, {0, 2}, u"ru"_s, u"33"_s); // stays when nothing is there
-    check(3, {0, 1, 2}, u"u"_s, u"-"_s);
-    check(0, {}, u"u"_s, u"-"_s);
-    check(4, {1}, u"+++-+-"_s, u"023232"_s);
-    check(3, {}, u"-+-"_s, u"202"_s); // backwards from none, and around
+    check(u"oooo"_s, u"urdl"_s, u"0321"_s);
+    check(u"oooo"_s, u"uduu"_s, u"0200"_s); // across, and on
+    check(u"oooooooo"_s, u"urrrrddlll"_s, u"0766654322"_s);
+    check(u"ooooooox"_s, u"urd"_s, u"065"_s); // over the closed one
+    check(u"ooooooxo"_s, u"ur"_s, u"07"_s);   // never past the direction
+    check(u"xoxo"_s, u"ru"_s, u"33"_s);       // stays when nothing is there
+    check(u"xxx"_s, u"u"_s, u"-"_s);
+    check(u""_s, u"u"_s, u"-"_s);
+    check(u"oxoo"_s, u"+++-+-"_s, u"023232"_s);
+    check(u"ooo"_s, u"-+-"_s, u"202"_s); // backwards from none, and around
 }
 
 void TestPieGeometry::labelsStayInTheirSector()

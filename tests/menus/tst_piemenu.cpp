@@ -170,16 +170,14 @@ void TestPieMenu::startsAsPromised()
 {
     const QtPieMenu menu(30, 100);
     QCOMPARE(menu.sizeHint(), QSize(201, 201));
-    QVERIFY(menu.hasMouseTracking() && menu.isTopLevelMenu() && !menu.autoActivateSubMenus());
-    QCOMPARE(menu.tapThreshold(), 200);
+    QVERIFY(menu.hasMouseTracking() && menu.tapThreshold() == 200 && !menu.autoActivateSubMenus());
     QCOMPARE(QtPieMenu(-5, 1'000'000).sizeHint(), QSize(8193, 8193));
 
     QBitmap mask(201, 201);
     menu.generateMask(&mask);
     const QImage round = mask.toImage();
     const auto isSet = [&](int x, int y) { return qGray(round.pixel(x, y)) == 0; };
-    QVERIFY(isSet(100, 0) && isSet(0, 100) && isSet(200, 100) && isSet(100, 200) && isSet(31, 31));
-    QVERIFY(!isSet(0, 0) && !isSet(200, 0) && !isSet(28, 28));
+    QVERIFY(isSet(100, 0) && isSet(0, 100) && isSet(200, 100) && isSet(31, 31) && !isSet(28, 28));
 }
 
 void TestPieMenu::warnsOfIndexesOutOfRange()
@@ -192,9 +190,8 @@ void TestPieMenu::warnsOfIndexesOutOfRange()
     menu.setItemIcon(icon, 7);
     menu.setItemWeight(3, 1);
     menu.setItemEnabled(true, -2);
-    QVERIFY(menu.itemText(-1).isEmpty() && menu.itemIcon(1).isNull());
-    QVERIFY(menu.itemWeight(1) == 0 && !menu.isItemEnabled(1));
-    QVERIFY(!menu.itemAt(1) && !menu.subMenuAt(0) && !menu.subMenuAt(-1)); // without a word
+    QVERIFY(menu.itemText(-1).isEmpty() && menu.itemIcon(1).isNull() && menu.itemWeight(1) == 0);
+    QVERIFY(!menu.isItemEnabled(1) && !menu.itemAt(1) && !menu.subMenuAt(0) && !menu.subMenuAt(-1));
     menu.removeItemAt(1);
     QStringList expected;
     for (const QString &call :
@@ -226,8 +223,7 @@ void TestPieMenu::keepsItemsInOrder()
     menu.top->insertItem(menu.top);
     menu.top->insertItem(static_cast<QtPieItem *>(nullptr));
     QCOMPARE(texts(), u"&Left &Sub &Do &Top"_s);
-    QCOMPARE(menu.sub->count(), 3);
-    QVERIFY(!menu.sub->isTopLevelMenu() && menu.top->subMenuAt(1) == menu.sub);
+    QVERIFY(menu.sub->count() == 3 && !menu.sub->isTopLevelMenu());
     delete menu.top->itemAt(0);
     menu.top->removeItemAt(1);
     QCOMPARE(texts(), u"&Sub &Top"_s);
@@ -246,24 +242,22 @@ void TestPieMenu::picksCancelsAndSurvives()
     check(u"Right Home Return"_s, u"top.activated top.aboutToHide Top"_s, {});
     // Clicks and strokes that end in the middle, the right button, and what comes from outside
     check(u"rc pc rc | me mc rc | long repeat opener | rc Re | Esc | unfocus | close"_s, kLeft, {});
-    // An unsteady click, a second release, one thought better of; the opening key tapped, and let
-    // go but once; a disabled item, resting on a plain one
-    check(u"mC rC | rc me re me re | rc me pe mc rc"_s, {}, u"top"_s);
+    // An unsteady click, a second release, one thought better of; nothing highlighted, a digit
+    // without an item or of a disabled one
+    check(u"mC rC | rc me re me re | rc me pe mc rc | Return | 0 | 2"_s, {}, u"top"_s);
+    // The opening key tapped, and let go but once; a disabled item, resting on a plain one
     check(u"me opener | me opener long repeat opener | rc pw rw | rc me hover"_s, {}, u"top"_s);
-    // Nothing highlighted, a digit without an item or of a disabled one
-    check(u"Return | 0 | 2"_s, {}, u"top"_s);
     // A sub-menu opens by a click, by resting, also at the end of the stroke, and by keys: letter,
     // and the arrow that points to it
     check(u"rc ps rs | rc ms hover | ms hover rs | rc ms hover mS rS | S | Down Down"_s, {},
           u"top* sub"_s);
     check(u"rc ps rs pS rS | ms hover mS rS | Down Down Down Return"_s, kPickedUnder, {});
-    // Back by escape, right button, a click in the middle, backspace, which never goes further; the
+    // Back by the right button, a click in the middle, backspace, which never goes further; the
     // stroke ends with its sub-menu
-    check(
-        u"rc ps rs Esc | rc ps rs Re | rc ps rs ps rs | S Backspace Backspace | ms hover Esc re"_s,
-        kBack, u"top"_s);
-    check(u"rc ps rs Esc Esc"_s, kBack + u' ' + kLeft, {});
-    check(u"rc ps rs unfocus | rc ps rs close"_s, kLeftAll, {});
+    check(u"S Re | rc S ps rs | S Backspace Backspace | ms hover Esc re"_s, kBack, u"top"_s);
+    // Escape goes back, and then out
+    check(u"S Esc Esc"_s, kBack + u' ' + kLeft, {});
+    check(u"S unfocus | S close"_s, kLeftAll, {});
     // Deaths
     check(u"top@top.activated 4"_s, u"top.activated"_s, {});
     check(u"top@sub.aboutToHide S 2"_s, kHidden, {});
@@ -305,9 +299,8 @@ void TestPieMenu::opensSubMenusWhereAsked()
     QCOMPARE(menu.open(), u"top"_s);
     menu.run(u"S"_s);
     QCOMPARE(centreOf(menu.sub), kPlace + QPoint(0, 65)); // around its item
-    menu.run(u"Esc"_s);
     menu.top->setSubMenuPlacement(QtPieMenu::SubMenuPlacement::AtParent);
-    menu.run(u"S"_s);
+    menu.run(u"Esc S"_s);
     QCOMPARE(centreOf(menu.sub), kPlace);
     menu.top->hide();
     QVERIFY(!menu.sub->isVisible());
@@ -335,10 +328,10 @@ void TestPieMenu::paintsHighlightWhereItIsHit()
             menu.setHighlightedItem(i);
             const QImage image = menu.grab().toImage();
             for (int step = 0; step < 16; ++step) { // none of them near the edge of a sector
-                const QPointF offset = QLineF::fromPolar(70, step * 22.5).p2();
-                const QPoint pos = QPoint(100, 100) + offset.toPoint();
-                const QPoint pixel = pos * plain.devicePixelRatio();
-                QCOMPARE(image.pixel(pixel) != plain.pixel(pixel), menu.indexAt(pos) == i);
+                const QPoint at =
+                    QPoint(100, 100) + QLineF::fromPolar(70, step * 22.5).p2().toPoint();
+                const QPoint pixel = at * plain.devicePixelRatio();
+                QCOMPARE(image.pixel(pixel) != plain.pixel(pixel), menu.indexAt(at) == i);
             }
         }
     }
@@ -352,7 +345,7 @@ void TestPieMenu::tellsScreenReaders()
     menu.top->popup(kPlace);
     menu.top->setHighlightedItem(3);
     QAccessibleInterface *ring = QAccessible::queryAccessibleInterface(menu.top);
-    QVERIFY(ring->role() == QAccessible::PopupMenu && ring->childCount() == 4);
+    QCOMPARE(ring->role(), QAccessible::PopupMenu);
     const auto flag = [](bool isSet, const QString &name) {
         return isSet ? u"; "_s + name : u""_s;
     };
@@ -367,7 +360,7 @@ void TestPieMenu::tellsScreenReaders()
     QCOMPARE(tell(1), u"Left; left, 2 of 4; disabled"_s);
     QCOMPARE(tell(2), u"Sub; bottom, 3 of 4; popup"_s);
     QCOMPARE(tell(3), u"Do; right, 4 of 4; focused"_s);
-    QCOMPARE(ring->child(0)->role(), QAccessible::MenuItem);
+    QVERIFY(ring->childCount() == 4 && ring->child(0)->role() == QAccessible::MenuItem);
     QVERIFY(ring->focusChild() == ring->child(3) && ring->indexOfChild(ring->child(2)) == 2);
     QCOMPARE(ring->childAt(kPlace.x(), kPlace.y() - 70), ring->child(0));
     QVERIFY(ring->child(3)->rect().contains(kPlace + QPoint(65, 0)));
