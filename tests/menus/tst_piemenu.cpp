@@ -252,9 +252,10 @@ void TestPieMenu::picksCancelsAndSurvives()
     check(u"rc ps rs | rc ms hover | ms hover rs | rc ms hover mS rS | S | Down Down"_s, {},
           u"top* sub"_s);
     check(u"rc ps rs pS rS | ms hover mS rS | Down Down Down Return"_s, kPickedUnder, {});
-    // Back by escape, right button, a click in the middle, backspace, which never goes further; the
+    // Back by the right button, a click in the middle, backspace, which never goes further; the
     // stroke ends with its sub-menu
-    check(u"S Esc | S Re | S ps rs | S Backspace Backspace | ms hover Esc re"_s, kBack, u"top"_s);
+    check(u"S Re | rc S ps rs | S Backspace Backspace | ms hover Esc re"_s, kBack, u"top"_s);
+    // Escape goes back, and then out
     check(u"S Esc Esc"_s, kBack + u' ' + kLeft, {});
     check(u"S unfocus | S close"_s, kLeftAll, {});
     // Deaths
