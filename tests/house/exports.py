@@ -14,7 +14,9 @@ marked |= set(re.findall(r"\bKELO_BASE_EXPORT [^;{(]*?\b(\w+)\(", headers))
 listing = subprocess.run([nm, "--dynamic", "--defined-only", "--demangle", library], check=True,
                          capture_output=True, text=True).stdout
 symbols = [line.split(maxsplit=2)[1:] for line in listing.splitlines()]
-symbols = [entry for entry in symbols if entry[1] not in ("__bss_start", "_edata", "_end")]
+# The linker's own marks, and the sanitizer's of what it watches.
+symbols = [entry for entry in symbols if entry[1] not in ("__bss_start", "_edata", "_end")
+           and not entry[1].startswith("__odr_asan.")]
 # Inline things of the standard library and of the toolkit are everybody's.
 ours = [name for kind, name in symbols
         if kind not in "VWu" or not re.search(r"\b(std|Q\w+)\b", name)]
