@@ -57,7 +57,7 @@ void checkAnswers(QByteArrayView bytes)
 {
     const Answers answers = Answers::decode(bytes);
     const QByteArray text = answers.encode();
-    promise(text.size() <= 16 * (70 + 32 * 30), "what is remembered is limited");
+    promise(text.size() <= qsizetype{16} * (70 + 32 * 30), "what is remembered is limited");
     promise(Answers::decode(text) == answers, "answers are read as they are written");
 }
 

@@ -56,7 +56,6 @@ private slots:
     void init();
     void cleanup();
     void servesSimplePartners();
-    void waitsForSlowWriters();
     void answersByNumber();
     void deliversNothingTwice();
     void setsFaultyFilesAside_data();
@@ -120,24 +119,6 @@ void TestIPCFacade::servesSimplePartners()
     QCOMPARE(content(u"kelo-in-answers.txt"_s), "none"); // nobody would read it
     facade().Deactivate();
     QVERIFY(!facade().IsActive());
-}
-
-/// A file counts when it did not change between two looks, not before.
-void TestIPCFacade::waitsForSlowWriters()
-{
-    facade().SetTimes({.poll = 50ms});
-    activate();
-    QFile file(path(u"kelo-in.txt"_s));
-    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-    const QByteArray text = integerCommand(12345);
-    QElapsedTimer pause;
-    for (const char c : text) {
-        file.write(&c, 1);
-        for (pause.start(); pause.elapsed() < 3;)
-            QCoreApplication::processEvents();
-    }
-    file.close();
-    QTRY_COMPARE(m_handler->received, QList<int>({12345}));
 }
 
 void TestIPCFacade::answersByNumber()
