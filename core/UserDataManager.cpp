@@ -5,8 +5,11 @@
 #include "core/configfile_p.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDebug>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QPointer>
 #include <QSettings>
 #include <QStandardPaths>
@@ -31,9 +34,21 @@ QString configFileName(const QString &directory, QLatin1StringView file)
     return directory % kSeparator % kConfigFolder % kSeparator % file;
 }
 
+/// A process that died while it took the lock of a file leaves the lock empty, and QSettings would
+/// wait half a minute for nobody. A living one writes into it at once.
+void dropAbandonedLock(const QString &fileName)
+{
+    const QFileInfo lock(fileName + QStringLiteral(".lock"));
+    const bool isEmpty = lock.exists() && lock.size() == 0;
+    if (isEmpty && lock.lastModified().msecsTo(QDateTime::currentDateTime()) > 1000)
+        QFile::remove(lock.filePath());
+}
+
 std::shared_ptr<QSettings> openConfigFile(const QString &directory, QLatin1StringView file)
 {
-    return std::make_shared<QSettings>(configFileName(directory, file), configFileFormat());
+    const QString name = configFileName(directory, file);
+    dropAbandonedLock(name);
+    return std::make_shared<QSettings>(name, configFileFormat());
 }
 
 /// Whether the directory exists in the end.
@@ -151,6 +166,7 @@ bool UserDataManagerI::save(const ConfigFile &layout, const ConfigFile &settings
                             SavingSignal announce, bool &isAnnouncing)
 {
     if (settings && !isAnnouncing) {
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
         const ConfigFile announced = settings; // lives until the last listener is done
         const QPointer<UserDataManagerI> alive(this);
         isAnnouncing = true;

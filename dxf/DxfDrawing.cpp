@@ -33,7 +33,7 @@ std::optional<std::string_view> DxfDrawing::FindAttribute(const DxfInsert &inser
 
 std::string_view DxfDrawing::Value(const DxfAttribute &attribute) const
 {
-    return std::string_view(m_bytes).substr(attribute.valueOffset, attribute.valueSize);
+    return bytes(attribute.valueOffset, attribute.valueSize);
 }
 
 VtxPosition DxfDrawing::Corner(const DxfPolyline &polyline, quint32 vertex) const
@@ -62,5 +62,10 @@ QString DxfDrawing::DisplayText(std::string_view text) const
 std::string_view DxfDrawing::text(quint32 number) const
 {
     const TextRange &range = m_texts[number];
-    return std::string_view(m_bytes).substr(range.offset, range.size);
+    return bytes(range.offset, range.size);
+}
+
+std::string_view DxfDrawing::bytes(quint32 offset, quint32 size) const
+{
+    return {m_bytes.constData() + offset, size};
 }

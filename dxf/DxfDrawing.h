@@ -2,6 +2,7 @@
 // What a DXF plan holds of its sheets: blocks with polylines, and inserts with attributes.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <kelo_base/core/Export.h>
 #include <optional>
@@ -120,6 +121,7 @@ private:
         quint32 size = 0;
     };
     [[nodiscard]] std::string_view text(quint32 number) const;
+    [[nodiscard]] std::string_view bytes(quint32 offset, quint32 size) const;
 
     std::vector<DxfBlock> m_blocks;
     std::vector<DxfPolyline> m_polylines;
@@ -129,7 +131,7 @@ private:
     std::vector<DxfInsert> m_nestedInserts;
     std::vector<DxfAttribute> m_attributes;
     std::vector<TextRange> m_texts; ///< names and tags, each once
-    std::string m_bytes;            ///< all texts one after the other
+    QByteArray m_bytes; ///< all texts one after the other; grows in place, unlike std::string
     std::string m_version;
     std::string m_codePage;
     bool m_isBinary = false;

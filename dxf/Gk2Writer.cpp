@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr std::size_t kChunk = 256 * 1024;
+constexpr std::size_t kChunk = 256UL * 1024;
 constexpr std::ptrdiff_t kColumns = 7;
 /// Corners stand clockwise from top left, not in the order of their numbers.
 constexpr std::array kCornerOrder{vpTopLeft, vpTopRight, vpBottomRight, vpBottomLeft};

@@ -109,7 +109,8 @@ bool DxfDrawingBuilder::IsFull() const
 {
     // Room for the longest single entity that the reader lets through.
     constexpr std::size_t kLimit = 0xFFFFFFFF - 0x01000000;
-    return std::max({m_drawing.m_bytes.size(), m_drawing.m_vertices.size()}) > kLimit;
+    return static_cast<std::size_t>(m_drawing.m_bytes.size()) > kLimit ||
+           m_drawing.m_vertices.size() > kLimit;
 }
 
 DxfDrawing DxfDrawingBuilder::Take()
@@ -140,7 +141,7 @@ quint32 DxfDrawingBuilder::textNumber(std::string_view text)
 quint32 DxfDrawingBuilder::appendBytes(std::string_view text)
 {
     const auto offset = static_cast<quint32>(m_drawing.m_bytes.size());
-    m_drawing.m_bytes.append(text);
+    m_drawing.m_bytes.append(text.data(), static_cast<qsizetype>(text.size()));
     return offset;
 }
 

@@ -56,7 +56,7 @@ QString whyNoDxf(std::string_view head)
 {
     if (head.empty())
         return ReaderText::tr("The file is empty");
-    const QString reason = whySignature(head);
+    QString reason = whySignature(head);
     if (!reason.isEmpty())
         return reason;
     if (isUtf16(head))

@@ -153,8 +153,8 @@ bool PlanGate::beginInSection(std::string_view name)
     case Section::Entities:
         m_entity = beginInEntities(name);
         // Nothing of a lost section end must be lost without a word.
-        return name != "BLOCK"
-               || refuse(m_entityPosition, ReaderText::tr("A block stands outside of the blocks"));
+        return name != "BLOCK" ||
+               refuse(m_entityPosition, ReaderText::tr("A block stands outside of the blocks"));
     case Section::Blocks:
         m_entity = beginInBlocks(name);
         return true;

@@ -21,6 +21,12 @@ constexpr int kLargestRadius = 4096; // its mask has eight megabytes
 constexpr Qt::WindowFlags kPopupFlags =
     Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint;
 
+QSize sizeOf(int outerRadius)
+{
+    const int edge = 2 * outerRadius + 1;
+    return {edge, edge};
+}
+
 } // namespace
 
 QtPieMenu::QtPieMenu(int innerRadius, int outerRadius, QWidget *parent, const QString &name)
@@ -248,9 +254,9 @@ int QtPieMenu::innerRadius() const
 void QtPieMenu::setOuterRadius(int pixels)
 {
     d->outerRadius = std::clamp(pixels, 0, kLargestRadius);
-    d->mask = QBitmap(sizeHint());
+    d->mask = QBitmap(sizeOf(d->outerRadius));
     d->isMaskOutdated = true;
-    resize(sizeHint());
+    resize(sizeOf(d->outerRadius));
     itemChanged();
 }
 
@@ -261,8 +267,7 @@ int QtPieMenu::outerRadius() const
 
 QSize QtPieMenu::sizeHint() const
 {
-    const int edge = 2 * d->outerRadius + 1;
-    return {edge, edge};
+    return sizeOf(d->outerRadius);
 }
 
 void QtPieMenu::generateMask(QBitmap *mask) const

@@ -251,8 +251,7 @@ void QtPieMenu::carryOut(pie::Verdict verdict, int target)
 void QtPieMenu::keyPressEvent(QKeyEvent *event)
 {
     const bool isOpener = event->isAutoRepeat() && !d->keysDown.contains(event->key());
-    const bool isCommand = event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier);
-    if (isOpener || isCommand)
+    if (isOpener)
         return;
     d->keysDown.insert(event->key());
     d->hover.stop();
@@ -270,9 +269,9 @@ void QtPieMenu::keyReleaseEvent(QKeyEvent *event)
 
 bool QtPieMenu::steerByKey(int key)
 {
-    std::vector<bool> open;
+    std::vector<bool> open(static_cast<std::size_t>(count()));
     for (int i = 0; i < count(); ++i)
-        open.push_back(canChoose(i));
+        open[static_cast<std::size_t>(i)] = canChoose(i);
     const int current = d->highlighted;
     switch (key) {
     case Qt::Key_Right:
@@ -333,10 +332,11 @@ void QtPieMenu::pickByKey(const QKeyEvent &event)
 
 void QtPieMenu::pickByLetter(QChar letter)
 {
-    std::vector<bool> matching;
-    for (int i = 0; i < count(); ++i)
-        matching.push_back(canChoose(i) &&
-                           pie::mnemonicOf(itemAt(i)->text()) == letter.toCaseFolded());
+    std::vector<bool> matching(static_cast<std::size_t>(count()));
+    for (int i = 0; i < count(); ++i) {
+        const bool isMarked = pie::mnemonicOf(itemAt(i)->text()) == letter.toCaseFolded();
+        matching[static_cast<std::size_t>(i)] = isMarked && canChoose(i);
+    }
     const auto matches = std::count(matching.begin(), matching.end(), true);
     const int next = pie::stepAlong(matching, d->highlighted, 1);
     if (matches == 1)

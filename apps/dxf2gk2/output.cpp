@@ -13,7 +13,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kBuffer = 64 * 1024;
+constexpr qsizetype kBuffer = qsizetype{64} * 1024;
 
 std::filesystem::path systemPath(const QString &path)
 {

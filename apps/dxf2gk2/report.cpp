@@ -54,7 +54,7 @@ Corners cornersOf(const DxfDrawing &drawing, const DxfInsert &insert)
     for (const DxfPolyline &polyline : drawing.Polylines(*drawing.BlockOf(insert))) {
         const auto vertices = drawing.Vertices(polyline);
         for (quint32 i = 0; i < vertices.size(); ++i)
-            corners[drawing.Corner(polyline, i)] = &vertices[i];
+            corners[static_cast<std::size_t>(drawing.Corner(polyline, i))] = &vertices[i];
     }
     corners[vpUnknown] = nullptr;
     return corners;
@@ -116,7 +116,7 @@ QStringList sheetRow(const DxfDrawing &drawing, const DxfInsert &insert)
     if (!hasCorners(corners))
         return row << u"no corners"_s;
     for (const CornerColumn &column : kCornerColumns)
-        row << cornerText(corners[column.position]);
+        row << cornerText(corners[static_cast<std::size_t>(column.position)]);
     return row;
 }
 
@@ -126,7 +126,7 @@ QJsonObject sheetJson(const DxfDrawing &drawing, const DxfInsert &insert)
     const Corners corners = cornersOf(drawing, insert);
     QJsonObject cornerObject;
     for (const CornerColumn &column : kCornerColumns)
-        if (const DxfVertex *corner = corners[column.position])
+        if (const DxfVertex *corner = corners[static_cast<std::size_t>(column.position)])
             cornerObject[column.key] = QJsonArray{corner->x, corner->y};
     return {{u"number"_s, SheetNumber(drawing, insert)},
             {u"value"_s, value ? QJsonValue(drawing.DisplayText(*value)) : QJsonValue()},

@@ -38,7 +38,7 @@ void PlanView::mousePressEvent(QMouseEvent *event)
 void PlanView::paintEvent(QPaintEvent *)
 {
     QRandomGenerator random(5); // the same plan each time
-    const auto shift = [&random] { return random.bounded(kParcel / 2) - kParcel / 4; };
+    const auto shift = [&random](double most) { return (random.generateDouble() - 0.5) * most; };
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     QColor ink = palette().color(QPalette::Text);
@@ -47,10 +47,10 @@ void PlanView::paintEvent(QPaintEvent *)
     for (int y = 0; y < height() + kParcel; y += kParcel) {
         QPolygonF street;
         for (int x = -kParcel; x < width() + kParcel; x += kParcel) {
-            const QPointF corner(x + shift(), y + shift() / 3);
+            const QPointF corner(x + shift(45), y + shift(15));
             street << corner;
-            painter.drawLine(corner, corner + QPointF(shift() / 2, kParcel * 0.85));
-            const QRectF house(corner + QPointF(25, 25), QSizeF(30 + shift() / 3, 22));
+            painter.drawLine(corner, corner + QPointF(shift(22), kParcel * 0.85));
+            const QRectF house(corner + QPointF(25, 25), QSizeF(30 + shift(15), 22));
             painter.drawRect(house);
         }
         painter.drawPolyline(street);

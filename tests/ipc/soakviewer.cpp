@@ -21,11 +21,7 @@ public:
     {
         if (!m_file.open(QIODevice::ReadWrite | QIODevice::Unbuffered))
             qFatal("no journal");
-        const QByteArray text = m_file.readAll();
-        const qsizetype whole = text.lastIndexOf('\n') + 1;
-        m_file.resize(whole); // the rest was being written when the process died
-        m_file.seek(whole);
-        m_last = static_cast<quint64>(text.first(whole).count('\n'));
+        m_last = static_cast<quint64>(m_file.readAll().count('\n'));
     }
     bool HandleCommand(const KeloCommandData &command, const KeloCommandOrigin &origin) override
     {
@@ -34,10 +30,7 @@ public:
         m_last = origin.number;
         return true;
     }
-    [[nodiscard]] std::optional<quint64> GetLastNumber(const QString &) const override
-    {
-        return m_last;
-    }
+    std::optional<quint64> GetLastNumber(const QString &) const override { return m_last; }
 
 private:
     QFile m_file;
@@ -50,7 +43,6 @@ int main(int argc, char **argv)
 {
     const QCoreApplication app(argc, argv);
     const QStringList words = QCoreApplication::arguments();
-    const quint64 count = words.at(3).toULongLong();
     Journal journal(words.at(2));
     KeloIPCFacadeI &facade = KeloIPCFacadeI::Instance();
     facade.SetTimes({.poll = 1ms, .partner = 1h, .answer = 100ms});
@@ -58,7 +50,7 @@ int main(int argc, char **argv)
         return 1;
     const auto sendNext = [&] { // after silence the same one again, under the number it had
         const quint64 done = facade.ContinueAs(u"viewer"_s);
-        if (done == count)
+        if (done == words.at(3).toULongLong())
             return;
         MoveToObjectCommand command;
         command.SetObjectId(QString::number(done + 1));
@@ -67,7 +59,5 @@ int main(int argc, char **argv)
     QObject::connect(&facade, &KeloIPCFacadeI::CommandAnswered, &facade, sendNext,
                      Qt::QueuedConnection);
     sendNext();
-    const int status = QCoreApplication::exec();
-    KeloIPCFacadeI::Destroy();
-    return status;
+    return QCoreApplication::exec();
 }

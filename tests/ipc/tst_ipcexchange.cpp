@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The exchange files as values, and what is decided from them, without files or clocks.
+// Commands and exchange files as values, and what is decided from them, without a channel.
 #include "fuzz/checkexchange.h"
-#include "ipc/inbox_p.h"
+#include "ipc/exchangefiles_p.h"
 #include "ipc/message_p.h"
 #include <QtTest>
+#include <clocale>
+#include <cstdio>
+#include <kelo_base/ipc/KeloCommandData.h>
+#include <kelo_base/ipc/KeloIPCCommand.h>
+#include <kelo_base/ipc/KeloIPCCommandParser.h>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace channel;
@@ -11,13 +16,10 @@ using namespace channel;
 namespace {
 
 /// "type|id|parameters|sender|number"; empty for what was refused.
-QString textOf(const std::optional<Message> &message)
+QString textOf(const std::optional<Message> &m)
 {
-    if (!message)
-        return {};
-    return QStringList{message->type, message->id, message->parameters, message->sender,
-                       QString::number(message->number)}
-        .join(u'|');
+    return m ? u"%1|%2|%3|%4|%5"_s.arg(m->type, m->id, m->parameters, m->sender).arg(m->number)
+             : u""_s;
 }
 
 } // namespace
@@ -27,183 +29,179 @@ class TestIPCExchange : public QObject
     Q_OBJECT
 
 private slots:
-    void readsFiles_data();
-    void readsFiles();
-    void agreesWithSettings_data();
-    void agreesWithSettings();
-    void isIncompleteAtEveryCut();
-    void knowsWholeFiles();
-    void turnsMessagesIntoRecords();
-    void judges_data();
-    void judges();
-    void remembersAnswers();
-    void keepsThePromisesOfTheFuzzer();
-};
-
-void TestIPCExchange::readsFiles_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("expected");
-    const QByteArray start = "CommandType=NamedCommand\nCommandId=A\n";
-    const QString plain = u"NamedCommand|A|X:1,Y:2||0"_s;
-    QTest::newRow("three bare keys") << start + "Parameters=X:1,Y:2" << plain;
-    QTest::newRow("other line ends, section, comments, blanks, unknown keys")
-        << QByteArray("; x\r\n[General]\r\n\r\nCommandType = NamedCommand \r\nCommandId=A\r\n"
-                      "# y\r\nColour=red\r\nParameters=\"X:1,Y:2\"\r\n[End]\r\n")
-        << plain;
-    QTest::newRow("byte-order mark") << "\xef\xbb\xbf" + start + "Parameters=X:1,Y:2" << plain;
-    QTest::newRow("behind the end mark") << start + "Parameters=X:1,Y:2\n[End]\ngarbage" << plain;
-    for (const char *const text : {"Wei\xc3\x9f", "Wei\xdf", "\"Wei\\xdf\""}) // the last: an escape
-        QTest::addRow("any encoding: %s", text)
-            << start + "Parameters=" + text << u"NamedCommand|A|Weiß||0"_s;
-    QTest::newRow("numbered") << start + "Sender=s-1\nSerialNumber=12"
-                              << u"NamedCommand|A||s-1|12"_s;
-    for (const char *const end :
-         {"Sender=s", "SerialNumber=3", "Sender=s\nSerialNumber=0", "Sender=s\nSerialNumber=-1",
-          "Sender=s\nSerialNumber=1x", "Sender=s\nSerialNumber=99999999999999999999",
-          "Sender=a]b\nSerialNumber=1", "Parameters=\"X:1", "Parameters=X:1\\", "[Other]", "word",
-          "=1", "CommandId="})
-        QTest::addRow("refused: %s", end) << start + end << QString();
-    QTest::newRow("empty") << QByteArray() << QString();
-}
-
-void TestIPCExchange::readsFiles()
-{
-    QFETCH(const QByteArray, bytes);
-    QTEST(textOf(decodeMessage(bytes)), "expected");
-}
-
-void TestIPCExchange::agreesWithSettings_data()
-{
-    QTest::addColumn<QString>("value");
-    for (const QString &value :
-         {u"X:1,Y:2"_s, u"a=b;c"_s, u" outer blanks "_s, u"back\\slash and \"quotes\""_s,
-          u"line\nend\r\t"_s, u"Straße 雪"_s, u"[End]\n[End]"_s})
-        QTest::addRow("%s", qPrintable(value)) << value;
-}
-
-/// Partners use settings to write, and to read what is written here.
-void TestIPCExchange::agreesWithSettings()
-{
-    QFETCH(const QString, value);
-    const QTemporaryDir dir;
-    const QString expected = u"NamedCommand|A|%1|s|7"_s.arg(value);
+    /// The locale of the process must not show in any number.
+    void initTestCase()
     {
-        QSettings settings(dir.filePath(u"theirs"_s), QSettings::IniFormat);
-        settings.setValue("CommandType"_L1, u"NamedCommand"_s);
-        settings.setValue("CommandId"_L1, u"A"_s);
-        settings.setValue("Parameters"_L1, value);
-        settings.setValue("Sender"_L1, u"s"_s);
-        settings.setValue("SerialNumber"_L1, 7);
+        QLocale::setDefault(QLocale(QLocale::German));
+        std::setlocale(LC_ALL, "de_DE.UTF-8"); // where installed
     }
-    const auto message = decodeMessage(*readFile(dir.filePath(u"theirs"_s), kFileLimit));
-    QCOMPARE(textOf(message), expected);
-    QVERIFY(writeFile(dir.filePath(u"ours"_s), encodeMessage(*message)));
-    const QSettings settings(dir.filePath(u"ours"_s), QSettings::IniFormat);
-    QCOMPARE(settings.value("Parameters"_L1).toString(), value);
-    QCOMPARE(settings.value("SerialNumber"_L1).toULongLong(), 7U);
-    QCOMPARE(textOf(decodeMessage(encodeMessage(*message))), expected);
-}
 
-void TestIPCExchange::isIncompleteAtEveryCut()
-{
-    const QByteArray text = encodeMessage({u"NamedCommand"_s, u"A"_s, u"X:1"_s, u"s"_s, 12});
-    QVERIFY(hasEndMark(text.right(kEndMarkReach)));
-    for (qsizetype size = 0; size < text.trimmed().size(); ++size)
-        QVERIFY2(!hasEndMark(text.first(size).right(kEndMarkReach)), text.first(size).constData());
-    QVERIFY(hasEndMark("x\r\n[End]\r\n"));
-    QVERIFY(!hasEndMark("Parameters=[End]"));
-}
+    void savesCommands()
+    {
+        const QTemporaryDir dir;
+        QSettings settings(dir.filePath(u"a.ini"_s), QSettings::IniFormat);
+        settings.beginGroup("Outgoing"_L1);
+        MoveToPositionCommand command;
+        command.SetTopLeft({1, 2});
+        command.SetBottomRight({3, 4});
+        command.SetCenter({2, 3});
+        command.SetNorthDeviation(-12.5);
+        command.SetViewingHeight(1e6);
+        command.SetBringToFront(true);
+        command.SetPolygonFilename(u"/none/a.pol"_s); // cannot be read, but was asked for
+        command.SaveToSettings(settings);
+        QCOMPARE(settings.group(), u"Outgoing"_s);
+        QCOMPARE(settings.value("CommandType"_L1), u"NamedCommand"_s);
+        QCOMPARE(settings.value("CommandId"_L1), u"MoveToPosition"_s);
+        QCOMPARE(settings.value("Parameters"_L1),
+                 u"BringToFront:1,TopLeft:1.000000;2.000000,BottomRight:3.000000;4.000000,"
+                 "Center:2.000000;3.000000,NorthDeviationInDegrees:-12.500000,"
+                 "ViewingHeight:1000000.000000,PolygonFile:"_s);
+        QCOMPARE(HighlightPolygonsCommand().GetCommandName(), u"HighlightPolygons"_s);
+    }
 
-void TestIPCExchange::knowsWholeFiles()
-{
-    using Kind = FileStamp::Kind;
-    const FileStamp file{Kind::File, 10, 1000};
-    QVERIFY(isComplete(file, {}, true));
-    QVERIFY(isComplete(file, file, false));
-    for (const FileStamp &before :
-         {FileStamp(), FileStamp{Kind::File, 9, 1000}, FileStamp{Kind::File, 10, 999}})
-        QVERIFY(!isComplete(file, before, false));
-    QVERIFY(!isComplete({Kind::Other, 0, 0}, {Kind::Other, 0, 0}, true));
-}
+    void writesNumbersAsCDoes()
+    {
+        std::setlocale(LC_NUMERIC, "C"); // for snprintf, which is the judge here
+        QRandomGenerator random(7);
+        QList<double> numbers{5e-7,   1.5e-6, -0.0,
+                              5e-324, 2.5e-6, std::numeric_limits<double>::max()};
+        for (int i = 0; i < 2000; ++i) {
+            numbers << (random.generateDouble() - 0.5) * std::pow(10, random.bounded(20));
+            numbers << random.bounded(1 << 20) / 128.0 / 1024; // many are exact halves
+        }
+        for (const double number : numbers) {
+            char expected[400];
+            std::snprintf(expected, sizeof expected, "%lf", number);
+            MoveToObjectCommand command;
+            command.SetViewingHeight(number);
+            QCOMPARE(command.GetParameterText().section(u':', -1), QLatin1StringView(expected));
+        }
+    }
 
-void TestIPCExchange::turnsMessagesIntoRecords()
-{
-    const auto typeOf = [](const QString &type, const QString &id) {
-        const auto data = commandDataOf({type, id, u"X:1, Y:2,,"_s, QString(), 0});
+    void readsCommands_data()
+    {
+        QTest::addColumn<QString>("line"); // the name and the parameters, joined with |
+        QTest::addColumn<KeloCommandData>("expected");
+        const auto add = [](const QString &line, const KeloCommandData &expected) {
+            QTest::newRow(qPrintable(line)) << line << expected;
+        };
+        const QString go = u"GotoCoordinates|"_s;
+        add(go + u"X:1.5|Y:-2e3|NorthDeviationInDegrees:12|ViewingHeight:.5|ObjectId:Ä b"_s,
+            {1, u"Ä b"_s, 1.5, -2000, 12, 0.5, false});
+        add(u"FindDocumentsForObject|ObjectId:ABC|X:7"_s, {2, u"ABC"_s, 7});
+        add(u"TestCommand|X:1|BringToFront:1"_s, {990, {}}); // looks at no parameters
+        add(u"gotocoordinates|X:1"_s, {});
+        add(go + u"Y|X:7|X:1:2|Y::3|ObjectId:a:b|BringToFront"_s, {1, {}, 7}); // not two parts
+        add(go + u"X:1|X:2|Y:7|Y:"_s, {1, {}, 2}); // the later one wins, even empty
+        add(go + u"x:1|bringtofront:1| X:3"_s, {1, {}});
+        // The flag is set by the key alone, for partners that write it only when they mean it.
+        add(go + u"BringToFront:0"_s, {1, {}, 0, 0, 0, 0, true});
+        add(go + u"X:1,5|Y:1.5"_s, {1, {}, 0, 1.5}); // a comma is no point
+        add(go + u"X:inf|Y:nan|ViewingHeight:1e999"_s, {1, {}});
+    }
+
+    void readsCommands()
+    {
+        QFETCH(const QString, line);
+        const QStringList parameters = line.split(u'|').mid(1);
+        KeloCommandData data;
+        KeloIPCCommandParser().ProcessCommandString(line.section(u'|', 0, 0), parameters, data);
+        QTEST(data, "expected");
+    }
+
+    void readsFiles_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("expected");
+        const QByteArray start = "CommandType=NamedCommand\nCommandId=A\n";
+        const QString plain = u"NamedCommand|A|X:1,Y:2||0"_s;
+        QTest::newRow("simplest") << start + "Parameters=X:1,Y:2" << plain;
+        QTest::newRow("line ends, sections, comments, blanks, unknown keys, marks, garbage")
+            << QByteArray("\xef\xbb\xbf; x\r\n[General]\r\n\r\nCommandType = NamedCommand \r\n"
+                          "CommandId=A\r\n# y\r\nColour=red\r\nParameters=\"X:1,Y:2\"\r\n[End]\nz")
+            << plain;
+        for (const char *const text :
+             {"Wei\xc3\x9f", "Wei\xdf", "\"Wei\\xdf\""}) // the last: an escape
+            QTest::addRow("any encoding: %s", text)
+                << start + "Parameters=" + text << u"NamedCommand|A|Weiß||0"_s;
+        for (const char *const end :
+             {"Sender=s", "SerialNumber=3", "Sender=s\nSerialNumber=0", "Sender=s\nSerialNumber=-1",
+              "Sender=s\nSerialNumber=1x", "Sender=s\nSerialNumber=99999999999999999999",
+              "Sender=a]b\nSerialNumber=1", "Parameters=\"X:1", "Parameters=X:1\\", "[Other]",
+              "word", "=1", "CommandId="})
+            QTest::addRow("refused: %s", end) << start + end << QString();
+    }
+
+    void readsFiles()
+    {
+        QFETCH(const QByteArray, bytes);
+        QTEST(textOf(decodeMessage(bytes)), "expected");
+    }
+
+    /// Partners use settings to write, and to read what is written here.
+    void agreesWithSettings()
+    {
+        for (const QString &value :
+             {u"X:1,Y:2"_s, u"a=b;c"_s, u" outer blanks "_s, u"back\\slash and \"quotes\""_s,
+              u"line\nend\r\t"_s, u"Straße 雪"_s, u"[End]\n[End]"_s}) {
+            const QTemporaryDir dir;
+            QSettings theirs(dir.filePath(u"theirs"_s), QSettings::IniFormat);
+            theirs.setValue("CommandType"_L1, u"NamedCommand"_s);
+            theirs.setValue("CommandId"_L1, u"A"_s);
+            theirs.setValue("Parameters"_L1, value);
+            theirs.setValue("Sender"_L1, u"s"_s);
+            theirs.setValue("SerialNumber"_L1, 7);
+            theirs.sync();
+            const auto message = decodeMessage(*readFile(theirs.fileName(), kFileLimit));
+            QCOMPARE(textOf(message), u"NamedCommand|A|%1|s|7"_s.arg(value));
+            QVERIFY(hasEndMark(encodeMessage(*message)) && !hasEndMark("Parameters=[End]"));
+            QVERIFY(writeFile(dir.filePath(u"ours"_s), encodeMessage(*message)));
+            const QSettings ours(dir.filePath(u"ours"_s), QSettings::IniFormat);
+            QCOMPARE(ours.value("Parameters"_L1).toString(), value);
+        }
+    }
+
+    void turnsMessagesIntoRecords()
+    {
+        const auto recordOf = [](const QString &type, const QString &id) {
+            return commandDataOf({type, id, u"X:1, Y:2,,"_s, QString(), 0});
+        };
         // A blank behind the comma is some writers' habit; integer commands have no parameters.
-        const bool isRead = !data || data->y == (data->commandType == 1 ? 2 : 0);
-        return data && isRead ? data->commandType : -7;
-    };
-    QCOMPARE(typeOf(u"NamedCommand"_s, u"GotoCoordinates"_s), 1);
-    QCOMPARE(typeOf(u"IntegerCommand"_s, u"12"_s), 12);
-    QCOMPARE(typeOf(u"IntegerCommand"_s, u"999"_s), 999);
-    for (const QString &id : {u"1.5"_s, u"3000000000"_s, u"TestCommand"_s, u""_s})
-        QCOMPARE(typeOf(u"IntegerCommand"_s, id), -7);
-    QCOMPARE(typeOf(u"NamedCommand"_s, u"12"_s), -7);
-    QCOMPARE(typeOf(u"OtherCommand"_s, u"TestCommand"_s), -7);
-}
-
-void TestIPCExchange::judges_data()
-{
-    QTest::addColumn<quint64>("number");
-    QTest::addColumn<bool>("isKnown");
-    QTest::addColumn<int>("age");
-    QTest::addColumn<Verdict>("expected"); // with limit 60, and 5 as the last number delivered
-    QTest::newRow("next") << quint64(6) << true << 60 << Verdict::Deliver;
-    QTest::newRow("numbers may be left out") << quint64(9) << true << 0 << Verdict::Deliver;
-    QTest::newRow("written in the future") << quint64(6) << true << -99 << Verdict::Deliver;
-    QTest::newRow("no number") << quint64(0) << true << 0 << Verdict::Deliver;
-    QTest::newRow("again") << quint64(5) << true << 0 << Verdict::Repeat;
-    QTest::newRow("again, old and unknown") << quint64(4) << false << 99 << Verdict::Repeat;
-    QTest::newRow("old") << quint64(6) << true << 61 << Verdict::Leftover;
-    QTest::newRow("old without number") << quint64(0) << true << 61 << Verdict::Leftover;
-    QTest::newRow("unknown") << quint64(6) << false << 0 << Verdict::Unknown;
-}
-
-void TestIPCExchange::judges()
-{
-    QFETCH(const quint64, number);
-    QFETCH(const bool, isKnown);
-    QFETCH(const int, age);
-    Message message;
-    message.number = number;
-    const auto data = isKnown ? std::optional(KeloCommandData()) : std::nullopt;
-    QTEST(judge(message, data, age, 60, 5), "expected");
-}
-
-void TestIPCExchange::remembersAnswers()
-{
-    Answers answers =
-        Answers::decode("1=taken\n[a]\r\n7=accepted\n9=refused\nx\n8=maybe\n10=taken\n[]\n1=taken");
-    QCOMPARE(answers.encode(), "[a]\n7=accepted\n9=refused\n10=taken\n");
-    QCOMPARE(answers.lastNumber(u"a"_s), 10U);
-    QCOMPARE(answers.lastAnswered(u"a"_s), 9U);
-    QCOMPARE(answers.state(u"a"_s, 8), std::nullopt);
-    QCOMPARE(answers.lastNumber(u"b"_s), 0U);
-    for (quint64 number = 1; number <= 1000; ++number) // a long life stays small
-        answers.set(QString::number(number % 10), number, AnswerState::Accepted);
-    QVERIFY(answers.encode().size() < 8'000);
-    QCOMPARE(answers.lastNumber(u"9"_s), 999U);
-    for (int sender = 100; sender < 1000; ++sender)
-        answers.set(QString::number(sender), 1, AnswerState::Accepted);
-    QVERIFY(answers.encode().size() < 8'000);
-    QCOMPARE(answers.lastNumber(u"999"_s), 1U);
-    QCOMPARE(answers.lastNumber(u"a"_s), 0U);
-}
-
-void TestIPCExchange::keepsThePromisesOfTheFuzzer()
-{
-    const QFileInfoList seeds =
-        QDir(QStringLiteral(KELO_EXCHANGE_CORPUS)).entryInfoList(QDir::Files);
-    QVERIFY(!seeds.isEmpty());
-    for (const QFileInfo &seed : seeds) {
-        qInfo("%s", qPrintable(seed.fileName())); // the last one named is the one that failed
-        const std::string bytes = readFile(seed.filePath(), kFileLimit)->toStdString();
-        for (std::size_t size = 0; size <= bytes.size(); ++size)
-            checkExchange({bytes.data(), size});
+        QCOMPARE(recordOf(u"NamedCommand"_s, u"GotoCoordinates"_s), (KeloCommandData{1, {}, 1, 2}));
+        for (const int id : {-1, 0, 1, 999, 4711})
+            QCOMPARE(recordOf(u"IntegerCommand"_s, QString::number(id)), (KeloCommandData{id, {}}));
+        for (const QString &id : {u"1.5"_s, u"3000000000"_s, u"TestCommand"_s, u""_s})
+            QCOMPARE(recordOf(u"IntegerCommand"_s, id), std::nullopt);
+        QCOMPARE(recordOf(u"OtherCommand"_s, u"TestCommand"_s), std::nullopt);
     }
-}
+
+    void remembersAnswers()
+    {
+        Answers answers = Answers::decode(
+            "1=taken\n[a]\r\n7=accepted\n9=refused\nx\n8=maybe\n10=taken\n[]\n1=taken");
+        QCOMPARE(answers.encode(), "[a]\n7=accepted\n9=refused\n10=taken\n");
+        QCOMPARE(answers.lastNumber(u"a"_s), 10U);
+        QCOMPARE(answers.lastAnswered(u"a"_s), 9U);
+        for (quint64 number = 1; number <= 1000; ++number) // a long life stays small
+            answers.set(QString::number(number % 20), number, AnswerState::Accepted);
+        QVERIFY(answers.encode().size() < 20'000);
+        QCOMPARE(answers.lastNumber(u"19"_s), 999U);
+        QCOMPARE(answers.lastNumber(u"a"_s), 0U);
+    }
+
+    void keepsThePromisesOfTheFuzzer()
+    {
+        const auto seeds = QDir(QStringLiteral(KELO_EXCHANGE_CORPUS)).entryInfoList(QDir::Files);
+        QVERIFY(!seeds.isEmpty());
+        for (const QFileInfo &seed : seeds) {
+            qInfo("%s", qPrintable(seed.fileName())); // the last one named is the one that failed
+            const std::string bytes = readFile(seed.filePath(), kFileLimit)->toStdString();
+            for (std::size_t size = 0; size <= bytes.size(); ++size)
+                checkExchange({bytes.data(), size});
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(TestIPCExchange)
 #include "tst_ipcexchange.moc"

@@ -10,209 +10,156 @@ using namespace Qt::Literals::StringLiterals;
 
 using Links = std::vector<KeloLinkedObject>;
 
-namespace {
-
-const KeloLinkedObject kLink{"A", u"plan"_s, {1, 2}, 3, 4};
-
-} // namespace
-
 class TestLinkedObjects : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase_data();
-    void init();
-    void cleanup();
-    void findsDocumentsForObjects();
-    void storesAllOrNothing();
-    void keepsSettings();
-    void migrates();
-    void refusesTablesItDoesNotKnow();
-    void outlivesALostConnection();
-    void doesNotWaitForLocks();
+    void initTestCase_data()
+    {
+        QTest::addColumn<bool>("isServer");
+        QTest::newRow("SQLite") << false;
+        if (qEnvironmentVariableIsSet("KELO_POSTGRES"))
+            QTest::newRow("PostgreSQL") << true;
+    }
+
+    void init()
+    {
+        QFETCH_GLOBAL(const bool, isServer);
+        m_isServer = isServer;
+        m_dir = std::make_unique<QTemporaryDir>();
+        connect(u"test"_s).open();
+        for (const QString &table : {u"OBJECTS"_s, u"SETTINGS"_s})
+            run(u"DROP TABLE IF EXISTS IPC_"_s + table);
+        m_objects = std::make_unique<LinkedObjects>(QSqlDatabase::database(u"test"_s));
+        QVERIFY(m_objects->Open());
+    }
+
+    void cleanup()
+    {
+        m_objects.reset();
+        QSqlDatabase::removeDatabase(u"test"_s);
+    }
+
+    void findsDocumentsForObjects()
+    {
+        const Links links{{"A", u"plan 2"_s, {3500000.123456789, -1e-300}, 0.1, -359.9},
+                          {"A", u"plan 10"_s, {1, 2}, 3, 4},
+                          {"B", u"Größe'); --"_s, {5, 6}, 7, 8}};
+        QVERIFY(m_objects->Store(links) && m_objects->Store({}));
+        LinkedObjects objects(QSqlDatabase::database(u"test"_s));
+        QVERIFY(objects.Open()); // finds the tables as they are
+        QCOMPARE(objects.DocumentsForObject("A"), Links({links[1], links[0]}));
+        QCOMPARE(objects.DocumentsForObject("B"), Links({links[2]}));
+        QCOMPARE(objects.DocumentsForObject("C"), Links());
+
+        const Links moved{{"A", u"plan 2"_s, {7, 8}, 9, 10}};
+        QVERIFY(objects.Store(moved));
+        QCOMPARE(objects.ObjectsInDocument(u"plan 2"_s), moved);
+        QVERIFY(objects.RemoveDocument(u"plan 10"_s) && objects.RemoveDocument(u"none"_s));
+        QCOMPARE(objects.DocumentsForObject("A"), moved);
+    }
+
+    void storesAllOrNothing()
+    {
+        const double nan = std::numeric_limits<double>::quiet_NaN();
+        for (const KeloLinkedObject &bad : Links{{"", u"plan"_s, {1, 2}, 3, 4},
+                                                 {"B", {}, {1, 2}, 3, 4},
+                                                 {"B", QString(256, u'x'), {1, 2}, 3, 4},
+                                                 {"B", u"plan"_s, {nan, 2}, 3, 4},
+                                                 {"B", u"plan"_s, {1, 2}, 3, -1 / 0.0}}) {
+            const MessageLog log;
+            QVERIFY(!m_objects->Store(Links{m_link[0], bad, m_link[0]}));
+            QVERIFY(log.lines().size() == 1 &&
+                    log.lines()[0].startsWith(u"LinkedObjects::Store : "_s));
+            QCOMPARE(m_objects->DocumentsForObject("A"), Links());
+        }
+        QVERIFY(m_objects->Store(m_link));
+        run(u"DROP TABLE IPC_OBJECTS"_s);
+        QVERIFY(!m_objects->Store(m_link));
+        QCOMPARE(m_objects->DocumentsForObject("A"), std::nullopt);
+        QVERIFY(!m_objects->RemoveDocument(u"plan"_s));
+    }
+
+    void keepsSettings()
+    {
+        QCOMPARE(m_objects->ReadSetting(u"a"_s).value_or(u"none"_s), u"none"_s);
+        for (const QString &value : {u"dapex.exe /x 'ü'"_s, QString()})
+            QVERIFY(m_objects->WriteSetting(u"a"_s, value) &&
+                    m_objects->ReadSetting(u"a"_s) == value);
+        QVERIFY(!m_objects->WriteSetting(u"SchemaVersion"_s, u"0"_s));
+    }
+
+    /// Tables of the first version, with a link in them, get the index and keep the link. Later and
+    /// foreign ones are refused.
+    void migrates()
+    {
+        QVERIFY(m_objects->Store(m_link));
+        run(u"DROP INDEX IPC_OBJECTS_BY_DOCUMENT"_s);
+        run(u"UPDATE IPC_SETTINGS SET VALUE = '1' WHERE NAME = 'SchemaVersion'"_s);
+        QVERIFY(m_objects->Open());
+        QCOMPARE(m_objects->DocumentsForObject("A"), m_link);
+        run(u"DROP INDEX IPC_OBJECTS_BY_DOCUMENT"_s); // fails when it is not there
+        run(u"UPDATE IPC_SETTINGS SET VALUE = '3' WHERE NAME = 'SchemaVersion' AND VALUE = '2'"_s);
+        QVERIFY(!m_objects->Open());
+        run(u"DROP TABLE IPC_SETTINGS"_s); // the other table looks like a foreign one now
+        QVERIFY(!m_objects->Open());
+        run(u"CREATE TABLE IPC_SETTINGS (NAME INTEGER)"_s); // fails when it was left behind
+    }
+
+    void outlivesALostConnection()
+    {
+        QVERIFY(m_objects->Store(m_link));
+        if (m_isServer) { // the server ends the connection, which shows at the next use
+            QVERIFY(connect(u"other"_s).open());
+            run(u"SELECT pg_terminate_backend(pid, 5000) FROM pg_stat_activity "
+                "WHERE usename = 'kelo' AND pid <> pg_backend_pid()"_s,
+                u"other"_s);
+            QSqlDatabase::removeDatabase(u"other"_s);
+            QVERIFY(!m_objects->Store(m_link));
+        } else {
+            QSqlDatabase::database(u"test"_s).close();
+        }
+        QCOMPARE(m_objects->DocumentsForObject("A"), m_link);
+    }
+
+    void doesNotWaitForLocks()
+    {
+        QVERIFY(connect(u"other"_s).open());
+        run(m_isServer ? u"BEGIN; LOCK TABLE IPC_OBJECTS"_s : u"BEGIN EXCLUSIVE"_s, u"other"_s);
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(!m_objects->Store(m_link));
+        QVERIFY(timer.elapsed() < 5000); // far below any default
+        run(u"ROLLBACK"_s, u"other"_s);
+        QSqlDatabase::removeDatabase(u"other"_s);
+        QVERIFY(m_objects->Store(m_link));
+    }
 
 private:
-    [[nodiscard]] QSqlDatabase connect(const QString &name) const;
-    void run(const QString &text) const
+    [[nodiscard]] QSqlDatabase connect(const QString &name) const
     {
-        QSqlQuery query(QSqlDatabase::database(u"test"_s));
+        if (!m_isServer)
+            return LinkedObjects::MakeDatabase(m_dir->filePath(u"a.db"_s), name);
+        QSqlDatabase database = QSqlDatabase::addDatabase(u"QPSQL"_s, name);
+        database.setHostName(qEnvironmentVariable("KELO_POSTGRES"));
+        database.setUserName(u"kelo"_s);
+        database.setDatabaseName(u"postgres"_s);
+        database.setConnectOptions(u"options='-c lock_timeout=200'"_s);
+        return database;
+    }
+
+    static void run(const QString &text, const QString &connection = u"test"_s)
+    {
+        QSqlQuery query(QSqlDatabase::database(connection));
         QVERIFY2(query.exec(text), qPrintable(query.lastError().text()));
     }
 
+    const Links m_link{{"A", u"plan"_s, {1, 2}, 3, 4}};
     std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<LinkedObjects> m_objects; ///< open, on empty tables
     bool m_isServer = false;
 };
-
-void TestLinkedObjects::initTestCase_data()
-{
-    QTest::addColumn<bool>("isServer");
-    QTest::newRow("SQLite") << false;
-    if (qEnvironmentVariableIsSet("KELO_POSTGRES"))
-        QTest::newRow("PostgreSQL") << true;
-}
-
-QSqlDatabase TestLinkedObjects::connect(const QString &name) const
-{
-    if (!m_isServer)
-        return LinkedObjects::MakeDatabase(m_dir->filePath(u"a.db"_s), name);
-    QSqlDatabase database = QSqlDatabase::addDatabase(u"QPSQL"_s, name);
-    database.setHostName(qEnvironmentVariable("KELO_POSTGRES"));
-    database.setUserName(u"kelo"_s);
-    database.setDatabaseName(u"postgres"_s);
-    database.setConnectOptions(u"options='-c lock_timeout=200'"_s);
-    return database;
-}
-
-void TestLinkedObjects::init()
-{
-    QFETCH_GLOBAL(const bool, isServer);
-    m_isServer = isServer;
-    m_dir = std::make_unique<QTemporaryDir>();
-    QSqlDatabase database = connect(u"test"_s);
-    QVERIFY2(database.open(), qPrintable(database.lastError().text()));
-    run(u"DROP TABLE IF EXISTS IPC_OBJECTS"_s);
-    run(u"DROP TABLE IF EXISTS IPC_SETTINGS"_s);
-}
-
-void TestLinkedObjects::cleanup()
-{
-    QSqlDatabase::removeDatabase(u"test"_s);
-}
-
-void TestLinkedObjects::findsDocumentsForObjects()
-{
-    const Links links{{"A", u"plan 2"_s, {3500000.123456789, -1e-300}, 0.1, -359.9},
-                      {"A", u"plan 10"_s, {1, 2}, 3, 4},
-                      {"B", u"Größe'); --"_s, {5, 6}, 7, 8}};
-    {
-        LinkedObjects objects(QSqlDatabase::database(u"test"_s));
-        QVERIFY(objects.Open());
-        QVERIFY(objects.Store(links));
-        QVERIFY(objects.Store({}));
-    }
-    LinkedObjects objects(QSqlDatabase::database(u"test"_s));
-    QVERIFY(objects.Open()); // finds the tables as they are
-    QCOMPARE(objects.DocumentsForObject("A"), Links({links[1], links[0]}));
-    QCOMPARE(objects.DocumentsForObject("B"), Links({links[2]}));
-    QCOMPARE(objects.DocumentsForObject("C"), Links());
-
-    KeloLinkedObject moved = links[0];
-    moved.position = {7, 8};
-    moved.viewingHeight = 9;
-    moved.northDeviation = 10;
-    QVERIFY(objects.Store({&moved, 1}));
-    QCOMPARE(objects.ObjectsInDocument(u"plan 2"_s), Links({moved}));
-    QVERIFY(objects.RemoveDocument(u"plan 10"_s));
-    QVERIFY(objects.RemoveDocument(u"none"_s));
-    QCOMPARE(objects.DocumentsForObject("A"), Links({moved}));
-}
-
-void TestLinkedObjects::storesAllOrNothing()
-{
-    LinkedObjects objects(QSqlDatabase::database(u"test"_s));
-    QVERIFY(objects.Open());
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    for (const KeloLinkedObject &bad :
-         {KeloLinkedObject{"", u"plan"_s, {1, 2}, 3, 4}, KeloLinkedObject{"B", {}, {1, 2}, 3, 4},
-          KeloLinkedObject{"B", QString(256, u'x'), {1, 2}, 3, 4},
-          KeloLinkedObject{"B", u"plan"_s, {nan, 2}, 3, 4},
-          KeloLinkedObject{"B", u"plan"_s, {1, 2}, 3, -1 / 0.0}}) {
-        const MessageLog log;
-        QVERIFY(!objects.Store(Links{kLink, bad, kLink}));
-        QCOMPARE(log.lines().size(), 1);
-        QVERIFY(log.lines()[0].startsWith(u"LinkedObjects::Store : "_s));
-        QCOMPARE(objects.DocumentsForObject("A"), Links());
-    }
-    QVERIFY(objects.Store({&kLink, 1}));
-    run(u"DROP TABLE IPC_OBJECTS"_s);
-    QVERIFY(!objects.Store({&kLink, 1}));
-    QCOMPARE(objects.DocumentsForObject("A"), std::nullopt);
-    QVERIFY(!objects.RemoveDocument(u"plan"_s));
-    QVERIFY(objects.WriteSetting(u"a"_s, u"1"_s)); // that table is still there
-}
-
-void TestLinkedObjects::keepsSettings()
-{
-    LinkedObjects objects(QSqlDatabase::database(u"test"_s));
-    QVERIFY(objects.Open());
-    QCOMPARE(objects.ReadSetting(u"Partner"_s), std::nullopt);
-    for (const QString &value : {u"dapex.exe /x 'ü'"_s, QString(), u"2"_s}) {
-        QVERIFY(objects.WriteSetting(u"Partner"_s, value));
-        QCOMPARE(objects.ReadSetting(u"Partner"_s).value_or(u"none"_s), value);
-    }
-    QVERIFY(!objects.WriteSetting(u"SchemaVersion"_s, u"0"_s));
-    QVERIFY(objects.Open());
-}
-
-/// Tables of the first version, with a link in them, get the index and keep the link.
-void TestLinkedObjects::migrates()
-{
-    {
-        LinkedObjects objects(QSqlDatabase::database(u"test"_s));
-        QVERIFY(objects.Open() && objects.Store({&kLink, 1}));
-    }
-    run(u"DROP INDEX IPC_OBJECTS_BY_DOCUMENT"_s);
-    run(u"UPDATE IPC_SETTINGS SET VALUE = '1' WHERE NAME = 'SchemaVersion'"_s);
-    LinkedObjects objects(QSqlDatabase::database(u"test"_s));
-    QVERIFY(objects.Open());
-    QCOMPARE(objects.ReadSetting(u"SchemaVersion"_s), u"2"_s);
-    QCOMPARE(objects.DocumentsForObject("A"), Links({kLink}));
-    run(u"DROP INDEX IPC_OBJECTS_BY_DOCUMENT"_s); // fails when it is not there
-}
-
-void TestLinkedObjects::refusesTablesItDoesNotKnow()
-{
-    LinkedObjects objects(QSqlDatabase::database(u"test"_s));
-    run(u"CREATE TABLE IPC_OBJECTS (FOREIGN_COLUMN INTEGER)"_s);
-    QVERIFY(!objects.Open());
-    QVERIFY(!QSqlDatabase::database(u"test"_s).tables().contains(u"IPC_SETTINGS"_s,
-                                                                 Qt::CaseInsensitive));
-    run(u"DROP TABLE IPC_OBJECTS"_s);
-    QVERIFY(objects.Open());
-    run(u"UPDATE IPC_SETTINGS SET VALUE = '3' WHERE NAME = 'SchemaVersion'"_s);
-    QVERIFY(!objects.Open());
-}
-
-void TestLinkedObjects::outlivesALostConnection()
-{
-    LinkedObjects objects(QSqlDatabase::database(u"test"_s));
-    QVERIFY(objects.Open());
-    QVERIFY(objects.Store({&kLink, 1}));
-    if (m_isServer) { // the server ends the connection, which shows at the next use
-        QVERIFY(connect(u"other"_s).open());
-        QSqlQuery(QSqlDatabase::database(u"other"_s))
-            .exec(u"SELECT pg_terminate_backend(pid, 5000) FROM pg_stat_activity "
-                  "WHERE usename = 'kelo' AND pid <> pg_backend_pid()"_s);
-        QSqlDatabase::removeDatabase(u"other"_s);
-        QVERIFY(!objects.Store({&kLink, 1}));
-    } else {
-        QSqlDatabase::database(u"test"_s).close();
-    }
-    QCOMPARE(objects.DocumentsForObject("A"), Links({kLink}));
-    QVERIFY(objects.Store({&kLink, 1}));
-}
-
-void TestLinkedObjects::doesNotWaitForLocks()
-{
-    LinkedObjects objects(QSqlDatabase::database(u"test"_s));
-    QVERIFY(objects.Open());
-    {
-        QSqlDatabase other = connect(u"other"_s);
-        QVERIFY(other.open());
-        QSqlQuery query(other);
-        QVERIFY(query.exec(m_isServer ? u"BEGIN"_s : u"BEGIN EXCLUSIVE"_s));
-        QVERIFY(!m_isServer || query.exec(u"LOCK TABLE IPC_OBJECTS"_s));
-        QElapsedTimer timer;
-        timer.start();
-        QVERIFY(!objects.Store({&kLink, 1}));
-        QVERIFY(timer.elapsed() < 5000); // far below any default
-        QVERIFY(query.exec(u"ROLLBACK"_s));
-    }
-    QSqlDatabase::removeDatabase(u"other"_s);
-    QCOMPARE(objects.DocumentsForObject("A"), Links());
-    QVERIFY(objects.Store({&kLink, 1}));
-}
 
 QTEST_GUILESS_MAIN(TestLinkedObjects)
 #include "tst_linkedobjects.moc"

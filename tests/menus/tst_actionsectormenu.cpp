@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Sector menus: what they offer, how they keep in step, what they trigger.
 #include <QAction>
-#include <QSignalSpy>
 #include <QtTest>
 #include <kelo_base/actions/ActionManager.h>
 #include <kelo_base/actions/ContextMenuLayout.h>
 #include <kelo_base/actions/FunctionFilter.h>
 #include <kelo_base/menus/ActionSectorMenu.h>
+#include <numeric>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -17,16 +17,11 @@ class TestActionSectorMenu : public QObject
 private slots:
     void offersByLayout();
     void offersByCategory();
-    void putsTheRestIntoMore();
     void keepsInStep();
-    void triggersAsAnnounced_data();
     void triggersAsAnnounced();
 };
 
 namespace {
-
-struct Registry;
-using Act = void (*)(Registry &, ActionSectorMenu &);
 
 const FilterByContextId kHere(0x00010000, 0, -1);
 
@@ -40,11 +35,10 @@ struct Registry
             add(100 + i, i % 2, 0, actions.back().get());
         }
         manager->SetCategoryDescription(1, u"Odd & so"_s);
-        const auto note = [this](const QString &what) {
-            return [=, this](QAction &action) { log << what + action.text(); };
-        };
-        QObject::connect(manager.get(), &ActionManager::beforeActionTrigger, note(u"before "_s));
-        QObject::connect(manager.get(), &ActionManager::afterActionTriggered, note(u"after "_s));
+        QObject::connect(manager.get(), &ActionManager::beforeActionTrigger,
+                         [this](QAction &action) { log << u"before "_s + action.text(); });
+        QObject::connect(manager.get(), &ActionManager::afterActionTriggered,
+                         [this](QAction &action) { log << u"after "_s + action.text(); });
     }
     void add(int id, int category, int context, QAction *action) const
     {
@@ -72,12 +66,11 @@ QString contentOf(const QtPieMenu &menu)
     QStringList words;
     for (int i = 0; i < menu.count(); ++i) {
         const QString text = menu.itemText(i);
+        const bool isGap = text.isEmpty() && menu.itemIcon(i).isNull() && !menu.isItemEnabled(i);
         if (const QtPieMenu *sub = menu.subMenuAt(i))
             words << text + u'[' + contentOf(*sub) + u']';
-        else if (text.isEmpty() && menu.itemIcon(i).isNull() && !menu.isItemEnabled(i))
-            words << u"-"_s;
         else
-            words << (menu.isItemEnabled(i) ? text : u'(' + text + u')');
+            words << (isGap ? u"-"_s : menu.isItemEnabled(i) ? text : u'(' + text + u')');
     }
     return words.join(u' ');
 }
@@ -86,7 +79,16 @@ QString contentOf(const QtPieMenu &menu)
 
 void TestActionSectorMenu::offersByLayout()
 {
-    Registry registry(3);
+    Registry registry(30);
+    ActionSectorMenu menu(*registry.manager, 30, 100);
+    std::vector<int> ids(30);
+    std::iota(ids.begin(), ids.end(), 100);
+    menu.fillByLayout(layoutOf({ids.begin(), ids.begin() + 12}), kHere);
+    QCOMPARE(contentOf(menu), u"0 1 2 3 4 5 6 7 8 9 10 11"_s);
+    menu.fillByLayout(layoutOf(ids), kHere);
+    QCOMPARE(contentOf(menu), u"0 1 2 3 4 5 6 7 8 9 10 More[11 12 13 14 15 16 17 18 19 20 21 "
+                              u"More[22 23 24 25 26 27 28 29]]"_s);
+
     QAction elsewhere(u"elsewhere"_s), invalid(u"invalid"_s);
     registry.add(7, 0, 0x00020000, &elsewhere);
     registry.add(-1, 0, 0, &invalid); // -1 stands for an empty slot all the same
@@ -94,8 +96,7 @@ void TestActionSectorMenu::offersByLayout()
     registry.manager->FindActionDataById(8)->valid = false;
     registry.actions[1]->setEnabled(false);
     registry.actions.pop_back();
-    ActionSectorMenu menu(*registry.manager, 30, 100);
-    menu.fillByLayout(layoutOf({101, -1, 7, 100, 55, 102, 8}), kHere);
+    menu.fillByLayout(layoutOf({101, -1, 7, 100, 55, 129, 8}), kHere);
     QCOMPARE(contentOf(menu), u"(1) - - 0 - - -"_s);
     QCOMPARE(menu.indexAt({100, 20}), 0); // slot 0 is the sector at the top
     registry.manager.reset();
@@ -119,20 +120,6 @@ void TestActionSectorMenu::offersByCategory()
     QCOMPARE(menu.count(), 0);
 }
 
-void TestActionSectorMenu::putsTheRestIntoMore()
-{
-    Registry registry(30);
-    ActionSectorMenu menu(*registry.manager, 30, 100);
-    std::vector<int> ids;
-    for (int i = 0; i < 30; ++i)
-        ids.push_back(100 + i);
-    menu.fillByLayout(layoutOf({ids.begin(), ids.begin() + 12}), kHere);
-    QCOMPARE(contentOf(menu), u"0 1 2 3 4 5 6 7 8 9 10 11"_s);
-    menu.fillByLayout(layoutOf(ids), kHere);
-    QCOMPARE(contentOf(menu), u"0 1 2 3 4 5 6 7 8 9 10 More[11 12 13 14 15 16 17 18 19 20 21 "
-                              u"More[22 23 24 25 26 27 28 29]]"_s);
-}
-
 void TestActionSectorMenu::keepsInStep()
 {
     Registry registry(2);
@@ -149,8 +136,7 @@ void TestActionSectorMenu::keepsInStep()
     action.setIcon(own);
     action.setCheckable(true);
     action.setChecked(true);
-    QVERIFY(menu.itemAt(0)->isCheckable() && menu.itemAt(0)->isChecked());
-    QVERIFY(!menu.itemIcon(0).isNull());
+    QVERIFY(menu.itemAt(0)->isChecked() && !menu.itemIcon(0).isNull());
     action.setEnabled(false);
     QCOMPARE(contentOf(menu), u"(new) 1"_s);
     action.setVisible(false);
@@ -162,70 +148,36 @@ void TestActionSectorMenu::keepsInStep()
     menu.grab();
 }
 
-void TestActionSectorMenu::triggersAsAnnounced_data()
-{
-    QTest::addColumn<Act>("prepare");
-    QTest::addColumn<QStringList>("log");
-    const auto row = [](const char *name, Act act, const QStringList &log) {
-        QTest::newRow(name) << act << log;
-    };
-    const QStringList both{u"before 0"_s, u"after 0"_s};
-    row(
-        "plain", [](Registry &, ActionSectorMenu &) {}, both);
-    row(
-        "checkable and off",
-        [](Registry &registry, ActionSectorMenu &) { registry.actions[0]->setCheckable(true); },
-        both);
-    row("checkable and on",
-        [](Registry &registry, ActionSectorMenu &) {
-            registry.actions[0]->setCheckable(true);
-            registry.actions[0]->setChecked(true);
-        },
-        {});
-    row(
-        "the menus are closed before",
-        [](Registry &registry, ActionSectorMenu &menu) {
-            connect(registry.manager.get(), &ActionManager::beforeActionTrigger, &menu,
-                    [&] { QVERIFY(!menu.isVisible()); });
-        },
-        both);
-    row("action deleted when it is announced",
-        [](Registry &registry, ActionSectorMenu &) {
-            connect(registry.manager.get(), &ActionManager::beforeActionTrigger,
-                    [&] { registry.actions.clear(); });
-        },
-        {u"before 0"_s});
-    row("registry deleted when it announces",
-        [](Registry &registry, ActionSectorMenu &) {
-            connect(registry.manager.get(), &ActionManager::beforeActionTrigger,
-                    [&] { registry.manager.reset(); });
-        },
-        {u"before 0"_s});
-    row("action deleted when the menu closes",
-        [](Registry &registry, ActionSectorMenu &menu) {
-            connect(&menu, &QtPieMenu::activated, &menu, [&] { registry.actions.clear(); });
-        },
-        {});
-    row("refilled when the menu closes",
-        [](Registry &registry, ActionSectorMenu &menu) {
-            connect(&menu, &QtPieMenu::aboutToHide, registry.manager.get(),
-                    [&] { menu.fillByCategory(kHere); });
-        },
-        {});
-}
-
 void TestActionSectorMenu::triggersAsAnnounced()
 {
-    QFETCH(const Act, prepare);
-    QFETCH(const QStringList, log);
-    Registry registry(1);
-    ActionSectorMenu menu(*registry.manager, 30, 100);
-    menu.fillByLayout(layoutOf({100}), kHere);
-    menu.popup({400, 400});
-    prepare(registry, menu);
-    QTest::keyClick(&menu, Qt::Key_1);
-    QCOMPARE(registry.log, log);
-    QVERIFY(!menu.isVisible());
+    using Deed = void (*)(Registry &, ActionSectorMenu &);
+    const auto check = [](int checks, const QString &moment, Deed deed, const QString &log) {
+        Registry registry(1);
+        ActionSectorMenu menu(*registry.manager, 30, 100);
+        const auto reach = [&](QStringView now) { now == moment ? deed(registry, menu) : void(); };
+        connect(&menu, &QtPieMenu::activated, &menu, [&] { reach(u"closing"_s); });
+        connect(registry.manager.get(), &ActionManager::beforeActionTrigger, &menu, [&] {
+            QVERIFY(!menu.isVisible()); // so that a function may open a dialog
+            reach(u"announced"_s);
+        });
+        registry.actions[0]->setCheckable(checks > 0);
+        registry.actions[0]->setChecked(checks > 1);
+        menu.fillByLayout(layoutOf({100}), kHere);
+        menu.popup({400, 400});
+        QTest::keyClick(&menu, Qt::Key_1);
+        QCOMPARE(moment + registry.log.join(u' '), moment + log);
+        QVERIFY(!menu.isVisible());
+    };
+    const Deed deleteAction = [](Registry &registry, auto &) { registry.actions.clear(); };
+    const Deed deleteRegistry = [](Registry &registry, auto &) { registry.manager.reset(); };
+    const Deed refill = [](Registry &, ActionSectorMenu &menu) { menu.fillByCategory(kHere); };
+    check(0, {}, nullptr, u"before 0 after 0"_s);
+    check(1, {}, nullptr, u"before 0 after 0"_s);
+    check(2, {}, nullptr, {}); // would be switched off
+    check(0, u"announced"_s, deleteAction, u"before 0"_s);
+    check(0, u"announced"_s, deleteRegistry, u"before 0"_s);
+    check(0, u"closing"_s, deleteAction, {});
+    check(0, u"closing"_s, refill, {});
 }
 
 QTEST_MAIN(TestActionSectorMenu)

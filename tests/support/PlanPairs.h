@@ -38,10 +38,8 @@ inline QByteArray binaryPlan(const PlanPairs &pairs, bool isWide)
         plan.append(reinterpret_cast<const char *>(&number), sizeof number);
     };
     for (const auto &[code, value] : pairs) {
-        if (!isWide && code < 255)
-            append(static_cast<quint8>(code));
-        else if (!isWide)
-            plan += '\xff';
+        if (!isWide)
+            plan += static_cast<char>(std::min(code, 255));
         if (isWide || code >= 255)
             append(static_cast<qint16>(code));
         if ((code >= 10 && code < 60) || (code >= 140 && code < 150) || code / 10 == 101)
@@ -59,33 +57,30 @@ inline QByteArray binaryPlan(const PlanPairs &pairs, bool isWide)
 /// "A[closed 0,0 1,0] B[] | A BL_NR=1 TITEL=x | nested B BL_NR=2"
 inline QByteArray textOf(const DxfDrawing &drawing)
 {
-    QByteArrayList parts;
     const auto bytes = [](std::string_view text) {
         return QByteArray(text.data(), static_cast<qsizetype>(text.size()));
     };
+    const auto number = [](double value) { return QByteArray::number(value, 'g', 17); };
+    QByteArrayList blocks;
     for (const DxfBlock &block : drawing.Blocks()) {
         QByteArrayList polylines;
         for (const DxfPolyline &polyline : drawing.Polylines(block)) {
-            QByteArrayList words;
-            if (polyline.closed)
-                words << "closed";
+            QByteArrayList words(polyline.closed ? 1 : 0, "closed");
             for (const DxfVertex &vertex : drawing.Vertices(polyline))
-                words << QByteArray::number(vertex.x, 'g', 17) + ',' +
-                             QByteArray::number(vertex.y, 'g', 17);
+                words << number(vertex.x) + ',' + number(vertex.y);
             polylines << words.join(' ');
         }
-        parts << bytes(drawing.Name(block)) + '[' + polylines.join("; ") + ']';
+        blocks << bytes(drawing.Name(block)) + '[' + polylines.join("; ") + ']';
     }
-    QByteArrayList lines{parts.join(' ')};
-    const auto addInsert = [&](const DxfInsert &insert, const QByteArray &prefix) {
-        QByteArray line = prefix + bytes(drawing.BlockName(insert));
-        for (const DxfAttribute &attribute : drawing.Attributes(insert))
-            line += ' ' + bytes(drawing.Tag(attribute)) + '=' + bytes(drawing.Value(attribute));
-        lines << line;
+    QByteArray text = blocks.join(' ');
+    const auto addInserts = [&](const auto &inserts, const char *prefix) {
+        for (const DxfInsert &insert : inserts) {
+            text += prefix + bytes(drawing.BlockName(insert));
+            for (const DxfAttribute &attribute : drawing.Attributes(insert))
+                text += ' ' + bytes(drawing.Tag(attribute)) + '=' + bytes(drawing.Value(attribute));
+        }
     };
-    for (const DxfInsert &insert : drawing.Inserts())
-        addInsert(insert, {});
-    for (const DxfInsert &insert : drawing.NestedSheetInserts())
-        addInsert(insert, "nested ");
-    return lines.join(" | ");
+    addInserts(drawing.Inserts(), " | ");
+    addInserts(drawing.NestedSheetInserts(), " | nested ");
+    return text;
 }

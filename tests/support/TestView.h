@@ -9,9 +9,8 @@
 #include <numbers>
 
 /// The map turned, scaled and shifted under a screen whose y grows downwards. Set what you need.
-class TestView : public KView
+struct TestView : KView
 {
-public:
     QRect device{0, 0, 800, 600};
     double metresPerPixel = 1;
     double eastToRight = 0;    ///< degrees counter-clockwise from east to the right of the screen
@@ -37,9 +36,8 @@ protected:
 };
 
 /// Registered while it lives.
-class TestWindow : public DocWindowXIfc
+struct TestWindow : DocWindowXIfc
 {
-public:
     TestWindow() { SetHInstance(this); }
 
     mutable TestView view;
@@ -51,11 +49,7 @@ public:
         rect = view.device;
         return hasRects;
     }
-    bool DocPageRect(QWidget *, QRectF &rect) const override
-    {
-        rect = {0, 0, 420, 297};
-        return hasRects;
-    }
+    bool DocPageRect(QWidget *, QRectF &) const override { return hasRects; } // an empty page
     bool DeviceToGeo(QWidget *, UCoord &coord) const override
     {
         coord.geoPoint = view.geoAt(coord.devicePoint);
