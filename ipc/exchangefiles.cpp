@@ -4,9 +4,10 @@
 
 #include "ipc/channel_p.h"
 
-#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
+#include <chrono>
 #include <filesystem>
 
 namespace channel {
@@ -21,12 +22,21 @@ std::filesystem::path nativePath(const QString &path)
 
 FileStamp stampOf(const QString &path)
 {
-    const QFileInfo info(path);
-    if (!info.exists())
+    // Not QFileInfo: it asks for the time zone with each time it tells.
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const fs::path file = nativePath(path);
+    const fs::file_time_type modified = fs::last_write_time(file, error);
+    if (error)
         return {};
-    return {.kind = info.isFile() ? FileStamp::Kind::File : FileStamp::Kind::Other,
-            .size = info.size(),
-            .modified = info.lastModified().toMSecsSinceEpoch()};
+    const auto sinceEpoch = fs::file_time_type::clock::to_sys(modified).time_since_epoch();
+    FileStamp stamp{.kind = FileStamp::Kind::Other,
+                    .modified = std::chrono::floor<std::chrono::milliseconds>(sinceEpoch).count()};
+    if (fs::is_regular_file(file, error)) {
+        stamp.kind = FileStamp::Kind::File;
+        stamp.size = static_cast<qint64>(fs::file_size(file, error)); // -1: gone in the meantime
+    }
+    return stamp;
 }
 
 std::optional<QByteArray> readFile(const QString &path, qint64 limit)
@@ -63,6 +73,11 @@ bool renameFile(const QString &from, const QString &to)
     std::error_code error; // QFile::rename() refuses to replace, and copies where it cannot rename
     std::filesystem::rename(nativePath(from), nativePath(to), error);
     return !error;
+}
+
+bool fileExists(const QString &path)
+{
+    return QFile::exists(path);
 }
 
 bool removeFile(const QString &path)

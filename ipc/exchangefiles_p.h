@@ -20,8 +20,11 @@ struct FileStamp
     friend bool operator==(const FileStamp &, const FileStamp &) = default;
 };
 
-/// Costs one call of the system.
+/// One call of the system where nothing is, three for a file.
 [[nodiscard]] FileStamp stampOf(const QString &path);
+
+/// One call of the system.
+[[nodiscard]] bool fileExists(const QString &path);
 
 /// All bytes of a file; nothing when it cannot be read or has more than @p limit.
 [[nodiscard]] std::optional<QByteArray> readFile(const QString &path, qint64 limit);
