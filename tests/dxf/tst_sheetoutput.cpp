@@ -156,8 +156,9 @@ void TestSheetOutput::keepsPlaceAndScale()
     const auto check = [](int count, double step, bool isMap) {
         DxfDrawingBuilder plan;
         for (int i = 0; i < count; ++i) {
+            const int row = i / 50;
             const double x = i % 50 * step;
-            const double y = i / 50 * step;
+            const double y = row * step;
             addBlock(plan, std::to_string(i), {{{x, y}, {x + 3, y}, {x + 3, y + 2}, {x, y + 2}}});
             addInsert(plan, std::to_string(i), {{"BL_NR", "1"}});
         }
