@@ -1,23 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What holds for any bytes that are read as an exchange file.
 #include "fuzz/checkexchange.h"
+#include "fuzz/promise.h"
 #include "ipc/message_p.h"
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <kelo_base/ipc/KeloCommandData.h>
 
 using namespace channel;
 
 namespace {
-
-void promise(bool isKept, const char *what)
-{
-    if (isKept)
-        return;
-    std::fprintf(stderr, "broken promise: %s\n", what);
-    std::abort();
-}
 
 void checkRecord(const Message &message)
 {

@@ -1,23 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What holds for any bytes that are read as a plan and written as GK2.
 #include "fuzz/checkplan.h"
+#include "fuzz/promise.h"
 #include <QBuffer>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <kelo_base/dxf/DxfReader.h>
 #include <kelo_base/dxf/Gk2Writer.h>
 #include <kelo_base/dxf/SheetAnalysis.h>
 
 namespace {
-
-void promise(bool isKept, const char *what)
-{
-    if (isKept)
-        return;
-    std::fprintf(stderr, "broken promise: %s\n", what);
-    std::abort();
-}
 
 /// Gives a few bytes at a time and does not tell how many there are.
 class Trickle : public QIODevice
