@@ -129,9 +129,10 @@ int main(int argc, char *argv[])
     const std::unique_ptr<QCoreApplication> application(options.preview.isEmpty()
                                                             ? new QCoreApplication(own, argv)
                                                             : new QGuiApplication(own, argv));
-    if (options.json)
-        systemcalls::speakEnglish();
-    else if (InstallTranslation() && !parsed.error.isEmpty())
+    const bool isTranslated = !options.json && InstallTranslation();
+    if (!isTranslated)
+        systemcalls::speakEnglish(); // no sentence in two languages
+    else if (!parsed.error.isEmpty())
         parsed = parseOptions(arguments); // again: now the error is for its reader
     if (!parsed.error.isEmpty())
         return wrongUsage(parsed);
