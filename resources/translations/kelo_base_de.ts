@@ -779,7 +779,7 @@ Ohne Befehle empfängt es nur. Beispiel:
     </message>
     <message>
         <source>no corners</source>
-        <translation>keine Eckpunkte</translation>
+        <translation>keine Blatteckpunkte</translation>
     </message>
     <message>
         <source>1 skipped</source>
