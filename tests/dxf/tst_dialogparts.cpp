@@ -13,7 +13,6 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QtTest>
-#include <kelo_base/core/NaturalOrder.h>
 #include <kelo_base/dxf/RoutingTilesRevisor.h>
 #include <kelo_base/dxf/SheetAnalysis.h>
 
@@ -23,8 +22,7 @@ namespace {
 
 using With = SheetFilter::Attribute;
 
-/// Two blocks that are labelled and one that is not; a sheet without number, an insert that is
-/// none.
+/// One insert is no sheet, one sheet has no number, one no corners.
 DxfDrawing smallPlan()
 {
     DxfDrawingBuilder plan;
@@ -60,7 +58,6 @@ class TestDialogParts : public QObject
 private slots:
     void showsSheets();
     void sortsBesideTheExportOrder();
-    void choosesUnderASortAsSortingAChoice();
     void marksWhatIsShown();
     void saysWhyNothingIsLeft();
     void findsTheSheetOfADiagnostic();
@@ -73,7 +70,6 @@ void TestDialogParts::showsSheets()
 {
     DxfDrawing drawing = smallPlan();
     SheetTableModel model;
-    const QAbstractItemModelTester tester(&model);
     model.setDrawing(&drawing);
     QCOMPARE(model.rowCount(), 0);
     model.setSheets(*SelectSheets(drawing, {}));
@@ -82,9 +78,8 @@ void TestDialogParts::showsSheets()
     QCOMPARE(column(model, 2), u"b10|line|b10|b9"_s);
     const QString last = u"5,00 8,00 \u2013 9,00 5,00|0,00 2,00 \u2013 3,00 0,00"_s;
     QCOMPARE(column(model, 3), u"5,00 8,00 \u2013 9,00 5,00|no corners|"_s + last);
-    QVERIFY(column(model, 3, Qt::ToolTipRole)
-                .endsWith(u"Bottom right: 3,00 0,00\n"
-                          "Bottom left: 0,00 0,00"_s));
+    const QString toolTip = model.index(3, 3).data(Qt::ToolTipRole).toString();
+    QVERIFY(toolTip.endsWith(u"Bottom right: 3,00 0,00\nBottom left: 0,00 0,00"_s));
     model.setDrawing(nullptr);
     QCOMPARE(model.rowOf(0), -1);
 }
@@ -98,15 +93,17 @@ void TestDialogParts::sortsBesideTheExportOrder()
     const std::vector<quint32> exported{4, 3, 2, 0};
     model.setSheets(exported);
     const QPersistentModelIndex selected = model.index(1, 1);
+    const auto shown = [&] {
+        std::vector<quint32> sheets;
+        for (int row = 0; row < model.rowCount(); ++row)
+            if (model.rowOf(model.sheetAt(row)) == row)
+                sheets.push_back(model.sheetAt(row));
+        return sheets;
+    };
     const auto row = [&](const char *name, int by, Qt::SortOrder order,
                          const std::vector<quint32> &sorted) {
         model.sort(by, order);
-        std::vector<quint32> shown;
-        for (int r = 0; r < model.rowCount(); ++r)
-            shown.push_back(model.sheetAt(r));
-        QVERIFY2(shown == sorted, name);
-        for (const quint32 sheet : shown)
-            QVERIFY2(model.sheetAt(model.rowOf(sheet)) == sheet, name);
+        QVERIFY2(shown() == sorted, name);
         QVERIFY2(model.sheetAt(selected.row()) == 3, name);
         QVERIFY2(model.sheets() == exported && model.rowOf(1) == -1, name);
     };
@@ -116,31 +113,9 @@ void TestDialogParts::sortsBesideTheExportOrder()
     row("block as people count, as exported within", 2, Qt::AscendingOrder, {0, 4, 2, 3});
     row("corners, none first", 3, Qt::AscendingOrder, {3, 0, 4, 2});
     row("as exported", -1, Qt::DescendingOrder, exported);
-}
-
-// The other way to the answer: each choice is sorted by itself.
-void TestDialogParts::choosesUnderASortAsSortingAChoice()
-{
-    QRandomGenerator random(9);
-    DxfDrawingBuilder plan;
-    addBlock(plan, "B", {kFrame});
-    for (int i = 0; i < 500; ++i) {
-        const std::string value = char('A' + random.bounded(3)) + std::to_string(i / 2);
-        addInsert(plan, "B", {{"BL_NR", value}, {"PART", std::to_string(random.bounded(4))}});
-    }
-    DxfDrawing drawing = plan.Take();
-    SheetTableModel model;
-    model.setDrawing(&drawing);
-    model.sort(SheetTableModel::ValueColumn);
-    for (const QString &part : {u"0"_s, u"3"_s, u"none"_s, u"1"_s}) {
-        model.setSheets(*SelectSheets(drawing, {With{u"PART"_s, part}, {}}));
-        QStringList expected;
-        for (const quint32 sheet : model.sheets())
-            expected << drawing.DisplayText(*SheetNumberText(drawing, drawing.Inserts()[sheet]));
-        std::ranges::stable_sort(expected, caseSensitiveNaturalOrderLessThen);
-        QCOMPARE(column(model, SheetTableModel::ValueColumn), expected.join(u'|'));
-        QCOMPARE(model.markedCount(), expected.size());
-    }
+    model.sort(1, Qt::DescendingOrder);
+    model.setSheets({4, 3, 2});
+    QCOMPARE(shown(), std::vector<quint32>({2, 3, 4}));
 }
 
 void TestDialogParts::marksWhatIsShown()
@@ -155,18 +130,14 @@ void TestDialogParts::marksWhatIsShown()
     QVERIFY(model.setData(model.index(2, 0), Qt::Unchecked, Qt::CheckStateRole));
     QVERIFY(!model.setData(model.index(0, 0), Qt::Unchecked, Qt::CheckStateRole));
     QVERIFY(!model.setData(model.index(1, 1), Qt::Unchecked, Qt::CheckStateRole));
-    QCOMPARE(model.markedCount(), 1);
     QCOMPARE(column(model, 0, Qt::CheckStateRole), u"|2|0"_s);
-    model.setAllMarks(false);
-    QCOMPARE(model.markedCount(), 0);
-    QCOMPARE(column(model, 0, Qt::CheckStateRole), u"|0|0"_s);
-    QVERIFY(drawing.Inserts()[2].exportMark); // not shown
-    QCOMPARE(marks.count(), 2);
-    QCOMPARE(changes.count(), 2);
-    model.setSheets({3, 2});
     QCOMPARE(model.markedCount(), 1);
-    model.setAllMarks(true);
-    QCOMPARE(model.markedCount(), 2);
+    model.setAllMarks(false);
+    QCOMPARE(column(model, 0, Qt::CheckStateRole), u"|0|0"_s);
+    QCOMPARE(model.markedCount(), 0);
+    QVERIFY(marks.count() == 2 && changes.count() == 2);
+    model.setSheets({3, 2});
+    QCOMPARE(model.markedCount(), 1); // the one that was not shown
 }
 
 void TestDialogParts::saysWhyNothingIsLeft()
@@ -204,24 +175,18 @@ void TestDialogParts::findsTheSheetOfADiagnostic()
 {
     DxfDrawing drawing = smallPlan();
     DiagnosticModel model;
-    model.setDiagnostics(
-        {{Severity::Note, {}, 12, 0, {}, u"%2"_s}, {Severity::Warning, {}, 0, 0, {}, u"whole"_s}});
+    model.setDiagnostics({{Severity::Note, {}, 12, 0, {}, u"%2"_s}});
     QCOMPARE(model.index(0).data().toString(), u"Line 12: %2"_s);
-    QCOMPARE(model.index(1).data().toString(), u"whole"_s);
     const auto sheetAt = [&](qint64 place) {
         Diagnostic diagnostic;
         (drawing.IsBinary() ? diagnostic.offset : diagnostic.line) = place;
-        const std::vector<quint32> shown{4, 3, 2};
-        const auto sheet = SheetOf(diagnostic, drawing, shown);
-        return sheet ? static_cast<int>(*sheet) : -1;
+        return SheetOf(diagnostic, drawing, std::vector<quint32>{4, 3, 2});
     };
     for (const bool isBinary : {false, true}) {
         drawing.SetBinary(isBinary);
-        QCOMPARE(sheetAt(300), 2);
-        QCOMPARE(sheetAt(10), 4);   // the first shown that uses the block
-        QCOMPARE(sheetAt(20), -1);  // no sheet shown uses it
-        QCOMPARE(sheetAt(200), -1); // no sheet
-        QCOMPARE(sheetAt(0), -1);
+        QCOMPARE(sheetAt(300), 2U);
+        QCOMPARE(sheetAt(10), 4U); // the first shown that uses the block
+        QVERIFY(!sheetAt(20) && !sheetAt(200) && !sheetAt(0)); // none that is shown
     }
     // What the analysis itself says of a binary plan leads there, too.
     const auto analysis = *AnalyzeSheets(drawing, {}, CornerOrder::Upright, {});
@@ -239,16 +204,15 @@ void TestDialogParts::offersWhatFiltersExactly()
         addInsert(plan, "B", {{"V", std::string(500, 'x')}});
         addInsert(plan, "symbol", {{"V", "of no sheet"}});
         const DxfDrawing drawing = plan.Take();
+        const bool isUtf8 = drawing.HasUtf8Texts();
         const QStringList values = OfferValues(drawing, u"V"_s);
-        QCOMPARE(values, drawing.HasUtf8Texts()
-                             ? QStringList({u""_s, u"B"_s, u"b9"_s, u"b10"_s, u"ü"_s})
-                             : QStringList({u""_s, u"B"_s, u"b9"_s, u"b10"_s, u"Ã¼"_s, u"ü"_s}));
+        QCOMPARE(values.join(u'|'), isUtf8 ? u"|B|b9|b10|ü"_s : u"|B|b9|b10|Ã¼|ü"_s);
         for (const QString &value : values)
             QVERIFY(!SelectSheets(drawing, {With{u"V"_s, value}, {}})->empty());
-        const std::vector<TagOffer> tags{{u"V"_s, 9}, {u"Ä"_s, 7}};
-        const std::size_t enterable = drawing.HasUtf8Texts() ? 1 : 2; // \xC4 is broken UTF-8
-        QCOMPARE(OfferTags(drawing), std::vector(tags.begin(), tags.begin() + enterable));
-        QVERIFY(OfferValues(drawing, u"v"_s).isEmpty());
+        std::vector<TagOffer> tags{{u"V"_s, 9}};
+        if (!isUtf8) // where it is broken
+            tags.push_back({u"Ä"_s, 7});
+        QCOMPARE(OfferTags(drawing), tags);
     }
     TagModel model;
     model.setTags({{u"%n"_s, 3}});
@@ -276,16 +240,14 @@ void TestDialogParts::keepsRecentPlans()
 
 void TestDialogParts::tellsTheTimeLeft()
 {
-    RemainingTime time;
-    QCOMPARE(time.Text(499, 100, 1000), u""_s);
-    QCOMPARE(time.Text(600, 100, -1), u""_s);
-    QCOMPARE(time.Text(600, 0, 1000), u""_s);
-    QCOMPARE(time.Text(1000, 1000, 1000), u""_s);
-    QCOMPARE(time.Text(1000, 100, 1000), u"about 9 seconds left"_s);
-    QCOMPARE(RemainingTime().Text(1000, 1, 42), u"about 45 seconds left"_s);
-    QCOMPARE(RemainingTime().Text(1000, 1, 150), u"about 3 minutes left"_s);
-    QCOMPARE(RemainingTime().Text(1000, 1, std::numeric_limits<qint64>::max()),
-             u"about 277778 hours left"_s);
+    const auto text = [](qint64 elapsed, qint64 done, qint64 total) {
+        return RemainingTime().Text(elapsed, done, total);
+    };
+    QCOMPARE(text(499, 100, 1000) + text(600, 100, -1) + text(600, 0, 9) + text(600, 9, 9), u""_s);
+    QCOMPARE(text(1000, 100, 1000), u"about 9 seconds left"_s);
+    QCOMPARE(text(1000, 1, 42), u"about 45 seconds left"_s);
+    QCOMPARE(text(1000, 1, 150), u"about 3 minutes left"_s);
+    QCOMPARE(text(1000, 1, std::numeric_limits<qint64>::max()), u"about 277778 hours left"_s);
     // An uneven pace, as of any disk, makes the estimate rise and fall; what is shown only falls.
     QRandomGenerator random(5);
     qint64 shown = 0;
