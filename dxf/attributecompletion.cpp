@@ -2,6 +2,7 @@
 // What a plan offers for the fields of its filter.
 #include "dxf/attributecompletion_p.h"
 #include "dxf/insertfilter_p.h"
+#include "dxf/readertext_p.h"
 #include <algorithm>
 #include <functional>
 #include <kelo_base/core/NaturalOrder.h>
@@ -56,6 +57,15 @@ QStringList OfferValues(const DxfDrawing &drawing, const QString &tag)
     return values;
 }
 
+QString TagModel::textOf(const TagOffer &offer)
+{
+    //: %1 is an attribute tag
+    const QString text = offer.inserts == 1
+                             ? tr("%1 (1 insert)")
+                             : tr("%1 (%n inserts)", nullptr, textAmount(offer.inserts));
+    return text.arg(offer.tag);
+}
+
 void TagModel::setTags(std::vector<TagOffer> tags)
 {
     beginResetModel();
@@ -75,8 +85,7 @@ QVariant TagModel::data(const QModelIndex &index, int role) const
     const TagOffer &offer = m_tags[static_cast<std::size_t>(index.row())];
     switch (role) {
     case Qt::DisplayRole:
-        //: %1 is an attribute tag
-        return tr("%1 (%n inserts)", nullptr, static_cast<int>(offer.inserts)).arg(offer.tag);
+        return textOf(offer);
     case Qt::EditRole:
         return offer.tag;
     default:

@@ -40,5 +40,7 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
 
 private:
+    [[nodiscard]] static QString textOf(const TagOffer &offer);
+
     std::vector<TagOffer> m_tags;
 };
