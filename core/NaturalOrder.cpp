@@ -163,6 +163,19 @@ inline int orderOfRuns(const char16_t *x, const char16_t *y, qsizetype at, int l
     return isFraction ? difference : longer;
 }
 
+/// The order of texts of which one goes on with white space and the other without; 0 when it takes
+/// closer looks. @param x, y  have two units at least
+template <bool ignoresCase>
+inline int orderBehindBlank(const char16_t *x, const char16_t *y)
+{
+    const char16_t a = x[0] == u' ' ? x[1] : x[0];
+    const char16_t b = y[0] == u' ' ? y[1] : y[0];
+    const bool isClear = a > u' ' && b > u' ' && !(isAsciiDigit(a) && isAsciiDigit(b));
+    if (!isClear)
+        return 0;
+    return ignoresCase ? orderOf(asciiUpper(a), asciiUpper(b)) : orderOf(a, b);
+}
+
 /// The order of texts that differ first at @p at; 0 when it takes closer looks: at white space,
 /// ends of texts, and whatever is not ASCII.
 /// @param size  of the shorter one
@@ -185,7 +198,7 @@ inline int orderOfBlocks(const char16_t *x, const char16_t *y, qsizetype at, qsi
         if (longer != 0 && before >= u'0' && (before <= u'9' || before >= 0x80))
             return before <= u'9' ? longer : 0; // of equal runs one goes on
         if (x[at] <= u' ' || y[at] <= u' ')
-            return 0;
+            return orderBehindBlank<ignoresCase>(x + at, y + at);
         return ignoresCase ? orderOf(asciiUpper(x[at]), asciiUpper(y[at])) : orderOf(x[at], y[at]);
     }
     return 0;
