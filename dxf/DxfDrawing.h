@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 #include <kelo_base/core/Export.h>
 #include <optional>
@@ -99,7 +100,10 @@ public:
     /// Takes all labels away.
     void ClearCorners() { m_corners.clear(); }
 
-    void SetExportMark(std::size_t insert, bool mark) { m_inserts[insert].exportMark = mark; }
+    void SetExportMark(std::size_t insert, bool mark)
+    {
+        m_inserts[static_cast<qsizetype>(insert)].exportMark = mark;
+    }
 
     /// Whether the plan is a binary one, so that lines of blocks and inserts are byte offsets.
     [[nodiscard]] bool IsBinary() const { return m_isBinary; }
@@ -123,15 +127,16 @@ private:
     [[nodiscard]] std::string_view text(quint32 number) const;
     [[nodiscard]] std::string_view bytes(quint32 offset, quint32 size) const;
 
-    std::vector<DxfBlock> m_blocks;
-    std::vector<DxfPolyline> m_polylines;
-    std::vector<DxfVertex> m_vertices;
+    // Lists and not vectors: they grow in place, and so leave no holes in memory behind.
+    QList<DxfBlock> m_blocks;
+    QList<DxfPolyline> m_polylines;
+    QList<DxfVertex> m_vertices;
     std::vector<quint8> m_corners; ///< VtxPosition of each vertex; empty while none is labelled
-    std::vector<DxfInsert> m_inserts;
-    std::vector<DxfInsert> m_nestedInserts;
-    std::vector<DxfAttribute> m_attributes;
-    std::vector<TextRange> m_texts; ///< names and tags, each once
-    QByteArray m_bytes; ///< all texts one after the other; grows in place, unlike std::string
+    QList<DxfInsert> m_inserts;
+    QList<DxfInsert> m_nestedInserts;
+    QList<DxfAttribute> m_attributes;
+    QList<TextRange> m_texts; ///< names and tags, each once
+    QByteArray m_bytes;       ///< all texts one after the other
     std::string m_version;
     std::string m_codePage;
     bool m_isBinary = false;

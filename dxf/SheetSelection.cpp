@@ -19,6 +19,17 @@ struct NumberedSheet
     friend auto operator<=>(const NumberedSheet &, const NumberedSheet &) = default;
 };
 
+/// Most plans are in order already: only others need the memory for all numbers at once.
+void sortByNumber(std::vector<quint32> &sheets, const DxfDrawing &drawing)
+{
+    std::vector<NumberedSheet> numbered(sheets.size());
+    std::ranges::transform(sheets, numbered.begin(), [&](quint32 sheet) {
+        return NumberedSheet{SheetNumber(drawing, drawing.Inserts()[sheet]), sheet};
+    });
+    std::ranges::sort(numbered);
+    std::ranges::transform(numbered, sheets.begin(), &NumberedSheet::insert);
+}
+
 void noteValue(TagUse &use, std::string_view value)
 {
     constexpr std::size_t kExamples = 3;
@@ -35,19 +46,23 @@ SelectSheets(const DxfDrawing &drawing, const SheetFilter &filter, const SheetPr
 {
     const InsertFilter wanted(filter, drawing);
     const auto inserts = drawing.Inserts();
-    std::vector<NumberedSheet> chosen;
+    std::vector<quint32> sheets;
+    bool isInOrder = true;
+    qint64 last = -1;
     ProgressSteps steps(progress, inserts.size());
     for (quint32 index = 0; index < inserts.size(); ++index) {
         const DxfInsert &insert = inserts[index];
-        if (HasPolylines(drawing, insert) && wanted.Passes(insert))
-            chosen.push_back({SheetNumber(drawing, insert), index});
+        if (HasPolylines(drawing, insert) && wanted.Passes(insert)) {
+            sheets.push_back(index);
+            const qint64 number = SheetNumber(drawing, insert);
+            isInOrder = isInOrder && number >= last;
+            last = number;
+        }
         if (!steps.Step())
             return std::nullopt;
     }
-    if (!std::ranges::is_sorted(chosen)) // most plans are
-        std::ranges::sort(chosen);
-    std::vector<quint32> sheets(chosen.size());
-    std::ranges::transform(chosen, sheets.begin(), &NumberedSheet::insert);
+    if (!isInOrder)
+        sortByNumber(sheets, drawing);
     return sheets;
 }
 

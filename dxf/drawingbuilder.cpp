@@ -12,7 +12,7 @@ bool DxfDrawingBuilder::BeginBlock(std::string_view name, quint32 line)
     m_dropsBlock = blockNamed(number) != DxfInsert::kNoBlock;
     if (m_dropsBlock)
         return false;
-    m_blockOfName.resize(m_drawing.m_texts.size(), DxfInsert::kNoBlock);
+    m_blockOfName.resize(static_cast<std::size_t>(m_drawing.m_texts.size()), DxfInsert::kNoBlock);
     m_blockOfName[number] = static_cast<quint32>(m_drawing.m_blocks.size());
     m_drawing.m_blocks.push_back(
         {.name = number,
@@ -108,15 +108,14 @@ void DxfDrawingBuilder::EndInsert()
 bool DxfDrawingBuilder::IsFull() const
 {
     // Room for the longest single entity that the reader lets through.
-    constexpr std::size_t kLimit = 0xFFFFFFFF - 0x01000000;
-    return static_cast<std::size_t>(m_drawing.m_bytes.size()) > kLimit ||
-           m_drawing.m_vertices.size() > kLimit;
+    constexpr qsizetype kLimit = 0xFFFFFFFF - 0x01000000;
+    return m_drawing.m_bytes.size() > kLimit || m_drawing.m_vertices.size() > kLimit;
 }
 
 DxfDrawing DxfDrawingBuilder::Take()
 {
     EndBlock();
-    m_blockOfName.resize(m_drawing.m_texts.size(), DxfInsert::kNoBlock);
+    m_blockOfName.resize(static_cast<std::size_t>(m_drawing.m_texts.size()), DxfInsert::kNoBlock);
     for (auto *inserts : {&m_drawing.m_inserts, &m_drawing.m_nestedInserts})
         for (DxfInsert &insert : *inserts)
             insert.block = m_blockOfName[insert.blockName];
