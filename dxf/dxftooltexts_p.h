@@ -15,9 +15,9 @@ public:
     static QString AnalyzeFileTitle() { return tr("Analyze File"); }
     static QString AnalyzeFailed() { return tr("Analyze file failed!"); }
 
-    static QString CorrectVertexPositions() { return tr("Correct Vertex Positions"); }
-    static QString IncludeTitle() { return tr("Only include blocks WITH"); }
-    static QString ExcludeTitle() { return tr("Do not include blocks WITH"); }
+    static QString CorrectVertexPositions() { return tr("Correct &Vertex Positions"); }
+    static QString IncludeTitle() { return tr("Only &include blocks WITH"); }
+    static QString ExcludeTitle() { return tr("&Do not include blocks WITH"); }
 
     static QString ExportFileTitle() { return tr("Export DXF as Kelo-GK2"); }
     /// The first word is spelled so on purpose: users know the box by it.

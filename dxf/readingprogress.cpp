@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Shows how far long work has come, and lets the window live meanwhile.
+#include "dxf/readingprogress_p.h"
+#include "dxf/dxfdialogtexts_p.h"
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPointer>
+#include <QProgressBar>
+#include <QPushButton>
+
+ReadingProgress::ReadingProgress(QWidget *parent)
+    : QWidget(parent),
+      m_text(new QLabel),
+      m_bar(new QProgressBar),
+      m_cancel(new QPushButton(DxfDialogTexts::Cancel()))
+{
+    m_text->setTextFormat(Qt::PlainText);
+    m_text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // changes all the time
+    m_bar->setTextVisible(false);
+    m_cancel->setObjectName(QStringLiteral("btnCancel"));
+    m_cancel->setAutoDefault(false);
+    auto *grid = new QGridLayout(this);
+    grid->setContentsMargins({});
+    grid->addWidget(m_text, 0, 0);
+    grid->addWidget(m_bar, 1, 0);
+    grid->addWidget(m_cancel, 0, 1, 2, 1);
+    grid->setColumnStretch(0, 1);
+    connect(m_cancel, &QPushButton::clicked, this, &ReadingProgress::cancel);
+}
+
+void ReadingProgress::begin()
+{
+    m_isCancelled = false;
+    m_isLong = false;
+    m_nextEvents = m_pace.eventsEvery;
+    m_time.start();
+}
+
+void ReadingProgress::beginStep(const QString &title, Unit unit)
+{
+    m_title = title;
+    m_unit = unit;
+    m_stepTime.start();
+    m_bar->setAccessibleName(title);
+}
+
+bool ReadingProgress::advance(qint64 done, qint64 total)
+{
+    if (m_isCancelled || m_time.elapsed() < m_nextEvents)
+        return !m_isCancelled;
+    const QPointer<ReadingProgress> alive(this);
+    if (!m_isLong && m_time.elapsed() >= m_pace.shownAfter) {
+        m_isLong = true;
+        emit becameLong();
+    }
+    if (m_isLong)
+        showState(done, total);
+    // Until the rest is disabled, what a user does waits in the queue.
+    QCoreApplication::processEvents(m_isLong ? QEventLoop::AllEvents
+                                             : QEventLoop::ExcludeUserInputEvents);
+    if (!alive)
+        return false;
+    m_nextEvents = m_time.elapsed() + m_pace.eventsEvery;
+    return !m_isCancelled;
+}
