@@ -16,13 +16,14 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenu>
 #include <QPushButton>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QToolButton>
-#include <QTreeView>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -94,14 +95,31 @@ QTableView *tableOf(QAbstractItemModel *model)
     return table;
 }
 
-QTreeView *listOf(QAbstractItemModel *model)
+/// Shows how grave a finding is.
+class FindingDelegate : public QStyledItemDelegate
 {
-    auto *list = new QTreeView;
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const int severity = index.data(DiagnosticModel::kSeverityRole).toInt();
+        const bool isWarning = severity == static_cast<int>(Severity::Warning);
+        option->features |= QStyleOptionViewItem::HasDecoration;
+        option->icon = option->widget->style()->standardIcon(
+            isWarning ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation);
+    }
+};
+
+QListView *listOf(QAbstractItemModel *model)
+{
+    auto *list = new QListView;
     list->setObjectName(u"findingList"_s);
     list->setModel(model);
-    list->setRootIsDecorated(false);
-    list->setUniformRowHeights(true);
-    list->setAllColumnsShowFocus(true);
+    list->setUniformItemSizes(true);
+    list->setItemDelegate(new FindingDelegate(list));
     list->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     return list;
 }

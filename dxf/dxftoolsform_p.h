@@ -14,13 +14,13 @@ class QGroupBox;
 class QLabel;
 class QLayout;
 class QLineEdit;
+class QListView;
 class QMenu;
 class QPushButton;
 class QSplitter;
 class QStackedWidget;
 class QTableView;
 class QToolButton;
-class QTreeView;
 class ReadingProgress;
 class SheetPictureView;
 class SheetTableModel;
@@ -65,7 +65,7 @@ public:
     QToolButton *btnZoomOut;
     QToolButton *btnZoomToFit;
     DiagnosticModel *findingModel;
-    QTreeView *findingList;
+    QListView *findingList;
     EmptyHint *findingHint;
 
     MessageLine *exportMessage;

@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <QPushButton>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -36,6 +37,14 @@ QString sentenceFor(const QString &path, const ReadError &error)
                : DxfDialogTexts::ReadFailed(nameOf(path), error.message);
 }
 
+/// "&1 village.dxf - /plans": the digit can be typed.
+QString menuText(qsizetype position, const QString &path)
+{
+    const QString text =
+        nameOf(path) + " - "_L1 + QDir::toNativeSeparators(QFileInfo(path).path());
+    return u"&%1 "_s.arg((position + 1) % 10) + QString(text).replace(u'&', "&&"_L1);
+}
+
 } // namespace
 
 PlanOpener::PlanOpener(DxfToolsForm &form, SheetDesk &desk, DxfToolsStore &store)
@@ -43,6 +52,7 @@ PlanOpener::PlanOpener(DxfToolsForm &form, SheetDesk &desk, DxfToolsStore &store
 {
     connect(m_form.progress, &ReadingProgress::becameLong, this,
             [this] { m_form.setReading(true); });
+    fillRecentMenu();
     connect(m_form.recentMenu, &QMenu::aboutToShow, this, &PlanOpener::fillRecentMenu);
     connect(m_form.readMessage, &MessageLine::actionClicked, this, &PlanOpener::forgetVanished);
 }
@@ -72,7 +82,7 @@ bool PlanOpener::read(const QString &path)
 }
 
 /// Each report handles events, in which this object may be deleted: what is needed is captured.
-PlanProgress PlanOpener::progressFor(const QString &name)
+PlanProgress PlanOpener::progressFor(const QString &name) const
 {
     const QPointer<ReadingProgress> progress = m_form.progress;
     progress->beginStep(DxfDialogTexts::Reading(name), ReadingProgress::Unit::Bytes);
@@ -144,4 +154,50 @@ void PlanOpener::askAndRead()
     delete dialog.data();
     if (!path.isEmpty()) // so this object is alive
         read(path);
+}
+
+void PlanOpener::remember(const QString &path)
+{
+    QSettings *const settings = m_store.settings();
+    if (!settings)
+        return;
+    settings->setValue(dxftools::kLastUsedFile, path);
+    RecentPlans plans = ReadRecentPlans(*settings);
+    plans.Add(path);
+    WriteRecentPlans(*settings, plans);
+}
+
+/// From the settings, which the toolkit holds in memory: the disk is not asked.
+void PlanOpener::fillRecentMenu()
+{
+    QMenu *const menu = m_form.recentMenu;
+    menu->clear();
+    QSettings *const settings = m_store.settings();
+    const QStringList paths = settings ? ReadRecentPlans(*settings).Paths() : QStringList();
+    for (qsizetype i = 0; i < paths.size(); ++i) {
+        QAction *const action = menu->addAction(menuText(i, paths[i]));
+        connect(action, &QAction::triggered, this, [this, path = paths[i]] { readRecent(path); });
+    }
+    if (paths.isEmpty())
+        menu->addAction(DxfDialogTexts::NoRecentPlans())->setEnabled(false);
+}
+
+void PlanOpener::readRecent(const QString &path)
+{
+    const QPointer<PlanOpener> alive(this);
+    if (read(path) || !alive || QFileInfo::exists(path))
+        return;
+    m_vanished = path;
+    m_form.readMessage->warn(m_form.readMessage->text(), DxfDialogTexts::RemoveFromList());
+}
+
+void PlanOpener::forgetVanished()
+{
+    if (QSettings *const settings = m_store.settings()) {
+        RecentPlans plans = ReadRecentPlans(*settings);
+        plans.Remove(m_vanished);
+        WriteRecentPlans(*settings, plans);
+    }
+    m_form.readMessage->clear();
+    m_form.btnRecent->setFocus();
 }

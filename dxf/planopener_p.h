@@ -4,10 +4,12 @@
 
 #include <QObject>
 #include <QString>
+#include <memory>
 
 class DxfToolsForm;
 class DxfToolsStore;
 class SheetDesk;
+struct OpenPlan;
 struct PlanProgress;
 struct PlanReading;
 
@@ -33,11 +35,12 @@ signals:
     void closeWanted();
 
 private:
-    PlanProgress progressFor(const QString &path);
-    void end();
+    [[nodiscard]] PlanProgress progressFor(const QString &name) const;
+    void show(std::unique_ptr<OpenPlan> plan);
     void tellFailure(const QString &path, const PlanReading &reading);
     void remember(const QString &path);
     void fillRecentMenu();
+    void readRecent(const QString &path);
     void forgetVanished();
 
     DxfToolsForm &m_form;

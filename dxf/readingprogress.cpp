@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
@@ -41,6 +42,7 @@ void ReadingProgress::beginStep(const QString &title, Unit unit)
 {
     m_title = title;
     m_unit = unit;
+    m_remaining = {};
     m_stepTime.start();
     m_bar->setAccessibleName(title);
 }
@@ -63,4 +65,19 @@ bool ReadingProgress::advance(qint64 done, qint64 total)
         return false;
     m_nextEvents = m_time.elapsed() + m_pace.eventsEvery;
     return !m_isCancelled;
+}
+
+void ReadingProgress::showState(qint64 done, qint64 total)
+{
+    constexpr int kSteps = 1000;
+    const QLocale locale;
+    QString text = m_title;
+    if (m_unit == Unit::Bytes)
+        text = total > 0 ? DxfDialogTexts::BytesOf(text, locale.formattedDataSize(done),
+                                                   locale.formattedDataSize(total))
+                         : DxfDialogTexts::Bytes(text, locale.formattedDataSize(done));
+    const QString left = m_remaining.Text(m_stepTime.elapsed(), done, total);
+    m_text->setText(left.isEmpty() ? text : DxfDialogTexts::WithTimeLeft(text, left));
+    m_bar->setRange(0, total > 0 ? kSteps : 0); // 0: busy, nobody knows for how long
+    m_bar->setValue(total > 0 ? static_cast<int>(kSteps * done / total) : 0);
 }

@@ -2,6 +2,7 @@
 // Shows how far long work has come, and lets the window live meanwhile.
 #pragma once
 
+#include "dxf/remainingtime_p.h"
 #include <QElapsedTimer>
 #include <QWidget>
 
@@ -51,6 +52,7 @@ private:
     QString m_title;
     QElapsedTimer m_time;
     QElapsedTimer m_stepTime;
+    RemainingTime m_remaining;
     qint64 m_nextEvents = 0;
     bool m_isLong = false;
     bool m_isCancelled = false;

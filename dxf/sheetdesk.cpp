@@ -16,12 +16,12 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QLocale>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QTableView>
 #include <QToolButton>
-#include <QTreeView>
 #include <algorithm>
 #include <kelo_base/core/ScopedOverrideCursor.h>
 
@@ -49,7 +49,7 @@ QItemSelection rowSelection(const QAbstractItemModel &model, std::vector<int> ro
 
 } // namespace
 
-SheetDesk::SheetDesk(DxfToolsForm &form) : m_form(form)
+SheetDesk::SheetDesk(DxfToolsForm &form) : m_form(form), m_completion(form)
 {
     m_reviewDue.setSingleShot(true);
     m_reviewDue.setInterval(kReviewDelay);
@@ -94,8 +94,8 @@ void SheetDesk::connectSelection()
     connect(m_form.btnZoomIn, &QToolButton::clicked, picture, &SheetPictureView::zoomIn);
     connect(m_form.btnZoomOut, &QToolButton::clicked, picture, &SheetPictureView::zoomOut);
     connect(m_form.btnZoomToFit, &QToolButton::clicked, picture, &SheetPictureView::zoomToFit);
-    connect(m_form.findingList, &QTreeView::clicked, this, &SheetDesk::showFinding);
-    connect(m_form.findingList, &QTreeView::activated, this, &SheetDesk::showFinding);
+    connect(m_form.findingList, &QListView::clicked, this, &SheetDesk::showFinding);
+    connect(m_form.findingList, &QListView::activated, this, &SheetDesk::showFinding);
 }
 
 AnalysisOptions SheetDesk::options() const
@@ -103,11 +103,11 @@ AnalysisOptions SheetDesk::options() const
     AnalysisOptions options;
     options.order = m_form.chkCorrectVertexPositions->isChecked() ? CornerOrder::Upright
                                                                   : CornerOrder::AsDrawn;
-    if (m_form.grpInclude->isChecked())
-        options.filter.include = {.tag = m_form.edtIncludeTag->text(),
-                                  .value = m_form.edtIncludeValue->text()};
-    if (m_form.grpExclude->isChecked())
-        options.filter.excludeTag = m_form.edtExcludeTag->text();
+    options.filter = FilterOf({.includes = m_form.grpInclude->isChecked(),
+                               .includeTag = m_form.edtIncludeTag->text(),
+                               .includeValue = m_form.edtIncludeValue->text(),
+                               .excludes = m_form.grpExclude->isChecked(),
+                               .excludeTag = m_form.edtExcludeTag->text()});
     return options;
 }
 
@@ -116,9 +116,9 @@ void SheetDesk::show(std::unique_ptr<OpenPlan> plan)
     m_reviewDue.stop();
     const std::unique_ptr<OpenPlan> old = std::exchange(m_plan, std::move(plan)); // still shown
     m_form.sheetModel->setDrawing(&m_plan->drawing);
+    m_completion.offerTags(m_plan->drawing);
     showSheets();
     showReview();
-    m_form.setPlanEnabled(true);
 }
 
 void SheetDesk::choose()
@@ -184,6 +184,7 @@ void SheetDesk::showReview()
         m_form.picture->clear(whyEmpty());
     else
         m_form.picture->setSheets(m_plan->drawing, sheets, m_plan->name());
+    m_completion.offerValues(m_plan->drawing);
 }
 
 void SheetDesk::showCounts()
@@ -198,7 +199,7 @@ QString SheetDesk::whyEmpty() const
 {
     if (!m_plan->analysis.sheets.empty())
         return {};
-    return DxfToolTexts::NoSheets();
+    return WhyNoSheets(m_plan->drawing, options().filter);
 }
 
 std::vector<quint32> SheetDesk::selectedSheets() const

@@ -2,6 +2,7 @@
 // The plan on the desk: its sheets are chosen, listed, drawn and reviewed.
 #pragma once
 
+#include "dxf/filtercompletion_p.h"
 #include "dxf/openplan_p.h"
 #include <QObject>
 #include <QTimer>
@@ -44,6 +45,7 @@ private:
     void showFinding(const QModelIndex &index);
 
     DxfToolsForm &m_form;
+    FilterCompletion m_completion;
     std::unique_ptr<OpenPlan> m_plan;
     QTimer m_reviewDue;
     bool m_isSharingSelection = false;
