@@ -41,6 +41,7 @@ private:
         m_analysis.diagnostics.push_back({.severity = Severity::Warning,
                                           .file = m_file,
                                           .line = line,
+                                          .offset = 0,
                                           .subject = subject,
                                           .text = text});
     }
@@ -190,12 +191,14 @@ void Review::NoSheets()
         WarningKind(m_analysis, m_file).Add(0, {}, [] { return DxfToolTexts::NoSheets(); });
 }
 
-/// A binary plan has no lines: the offset goes into the text.
+/// A binary plan has no lines: what was taken for one is an offset, which goes into the text too.
 void tellOffsets(std::vector<Diagnostic> &diagnostics)
 {
-    for (Diagnostic &diagnostic : diagnostics)
-        if (const qint64 offset = std::exchange(diagnostic.line, 0); offset > 0)
-            diagnostic.text = DxfToolTexts::AtByte(diagnostic.text, offset);
+    for (Diagnostic &diagnostic : diagnostics) {
+        diagnostic.offset = std::exchange(diagnostic.line, 0);
+        if (diagnostic.offset > 0)
+            diagnostic.text = DxfToolTexts::AtByte(diagnostic.text, diagnostic.offset);
+    }
 }
 
 /// The part of a work that begins after @p before of its items.

@@ -3,10 +3,7 @@
 #include "dxf/insertfilter_p.h"
 #include <algorithm>
 
-namespace {
-
-/// A text as the drawing's bytes; nothing when the drawing cannot hold it.
-std::optional<QByteArray> bytesOf(const QString &text, const DxfDrawing &drawing)
+std::optional<QByteArray> BytesIn(const DxfDrawing &drawing, const QString &text)
 {
     if (drawing.HasUtf8Texts())
         return text.toUtf8();
@@ -14,22 +11,15 @@ std::optional<QByteArray> bytesOf(const QString &text, const DxfDrawing &drawing
     return std::ranges::all_of(text, isLatin1) ? std::optional(text.toLatin1()) : std::nullopt;
 }
 
-std::string_view viewOf(const QByteArray &bytes)
-{
-    return {bytes.data(), static_cast<std::size_t>(bytes.size())};
-}
-
-} // namespace
-
 InsertFilter::InsertFilter(const SheetFilter &filter, const DxfDrawing &drawing)
     : m_drawing(drawing), m_includes(filter.include.has_value())
 {
     if (filter.include) {
-        m_includeTag = bytesOf(filter.include->tag, drawing);
-        m_includeValue = bytesOf(filter.include->value, drawing);
+        m_includeTag = BytesIn(drawing, filter.include->tag);
+        m_includeValue = BytesIn(drawing, filter.include->value);
     }
     if (filter.excludeTag)
-        m_excludeTag = bytesOf(*filter.excludeTag, drawing);
+        m_excludeTag = BytesIn(drawing, *filter.excludeTag);
 }
 
 bool InsertFilter::Passes(const DxfInsert &insert) const
@@ -37,10 +27,10 @@ bool InsertFilter::Passes(const DxfInsert &insert) const
     if (m_includes) {
         if (!m_includeTag || !m_includeValue)
             return false;
-        if (m_drawing.FindAttribute(insert, viewOf(*m_includeTag)) != viewOf(*m_includeValue))
+        if (m_drawing.FindAttribute(insert, ViewOf(*m_includeTag)) != ViewOf(*m_includeValue))
             return false;
     }
-    return !m_excludeTag || !m_drawing.FindAttribute(insert, viewOf(*m_excludeTag));
+    return !m_excludeTag || !m_drawing.FindAttribute(insert, ViewOf(*m_excludeTag));
 }
 
 bool HasPolylines(const DxfDrawing &drawing, const DxfInsert &insert)

@@ -4,6 +4,8 @@
 
 #include <QByteArray>
 #include <kelo_base/dxf/SheetSelection.h>
+#include <optional>
+#include <string_view>
 
 class InsertFilter
 {
@@ -20,6 +22,14 @@ private:
     std::optional<QByteArray> m_includeValue;
     std::optional<QByteArray> m_excludeTag;
 };
+
+/// A text as it would stand in the drawing: UTF-8 or Latin-1; nothing when that cannot hold it.
+std::optional<QByteArray> BytesIn(const DxfDrawing &drawing, const QString &text);
+
+inline std::string_view ViewOf(const QByteArray &bytes)
+{
+    return {bytes.data(), static_cast<std::size_t>(bytes.size())};
+}
 
 /// Whether the insert's block exists and has something to frame a sheet with.
 bool HasPolylines(const DxfDrawing &drawing, const DxfInsert &insert);

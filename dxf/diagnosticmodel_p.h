@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// What a user should know about a plan, as a list, and the way from there to the sheets.
+#pragma once
+
+#include <QAbstractListModel>
+#include <kelo_base/dxf/Diagnostic.h>
+#include <kelo_base/dxf/DxfDrawing.h>
+#include <optional>
+#include <span>
+#include <vector>
+
+/// "Line 12: ..." for each, in the order given.
+class DiagnosticModel : public QAbstractListModel
+{
+    Q_OBJECT
+
+public:
+    static constexpr int kSeverityRole = Qt::UserRole; ///< a Severity as int
+
+    explicit DiagnosticModel(QObject *parent = nullptr) : QAbstractListModel(parent) {}
+
+    /// Replaces all rows (a model reset).
+    void setDiagnostics(std::vector<Diagnostic> diagnostics);
+    /// The one in a row that exists.
+    [[nodiscard]] const Diagnostic &diagnosticAt(int row) const;
+
+    [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
+
+private:
+    std::vector<Diagnostic> m_diagnostics;
+};
+
+/// The sheet to look at: the one whose insert the diagnostic means, else the first that uses the
+/// block that it means. Nothing when none of the sheets is concerned.
+/// @param sheets  those shown, in export order
+[[nodiscard]] std::optional<quint32>
+SheetOf(const Diagnostic &diagnostic, const DxfDrawing &drawing, std::span<const quint32> sheets);
