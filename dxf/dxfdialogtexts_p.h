@@ -3,9 +3,11 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QLocale>
 #include <QString>
 
 /// Captions, sentences and names for screen readers. Names of plans come without their folder.
+/// Where something is counted, one has a sentence of its own: English is right without a catalogue.
 class DxfDialogTexts
 {
     Q_DECLARE_TR_FUNCTIONS(DxfToolsDialog)
@@ -22,7 +24,9 @@ public:
     static QString NoPlan() { return tr("Open a DXF plan, or drop one here"); }
     static QString PlanRead(const QString &plan, qint64 inserts)
     {
-        return tr("%1: %n insert(s) read", nullptr, shownCount(inserts)).arg(plan);
+        return (inserts == 1 ? tr("%1: 1 insert read")
+                             : tr("%1: %Ln inserts read", nullptr, amount(inserts)))
+            .arg(plan);
     }
 
     static QString Reading(const QString &plan) { return tr("Reading %1").arg(plan); }
@@ -70,7 +74,7 @@ public:
     static QString CounterName() { return tr("Number of selected sheets"); }
     static QString ToBeExported(qint64 sheets)
     {
-        return tr("%n to be exported", nullptr, shownCount(sheets));
+        return tr("To be exported: %1").arg(QLocale().toString(sheets));
     }
     static QString MarkAll() { return tr("Mark &All"); }
     static QString MarkNone() { return tr("Mark &None"); }
@@ -87,7 +91,9 @@ public:
     static QString Close() { return tr("&Close"); }
     static QString Exported(qint64 sheets, const QString &file)
     {
-        return tr("%n sheet(s) written to %1", nullptr, shownCount(sheets)).arg(file);
+        return (sheets == 1 ? tr("1 sheet written to %1")
+                            : tr("%Ln sheets written to %1", nullptr, amount(sheets)))
+            .arg(file);
     }
     static QString NotExported(const QString &file, const QString &why)
     {
@@ -108,6 +114,6 @@ public:
     static QString Information() { return tr("Information"); }
 
 private:
-    /// Plural forms want an int; a plan of more inserts than that cannot be read.
-    static int shownCount(qint64 count) { return static_cast<int>(count); }
+    /// Plural forms want an int; no plan holds more.
+    static int amount(qint64 count) { return static_cast<int>(count); }
 };

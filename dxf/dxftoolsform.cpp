@@ -92,6 +92,10 @@ QTableView *tableOf(QAbstractItemModel *model)
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() * 3 / 2);
     table->horizontalHeader()->setStretchLastSection(true);
     table->horizontalHeader()->setHighlightSections(false);
+    const int character = table->fontMetrics().averageCharWidth();
+    table->setColumnWidth(SheetTableModel::NumberColumn, 14 * character); // with its check box
+    table->setColumnWidth(SheetTableModel::ValueColumn, 14 * character);
+    table->setColumnWidth(SheetTableModel::BlockColumn, 18 * character);
     return table;
 }
 
@@ -119,6 +123,8 @@ QListView *listOf(QAbstractItemModel *model)
     list->setObjectName(u"findingList"_s);
     list->setModel(model);
     list->setUniformItemSizes(true);
+    const int icon = list->style()->pixelMetric(QStyle::PM_SmallIconSize);
+    list->setIconSize({icon, icon});
     list->setItemDelegate(new FindingDelegate(list));
     list->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     return list;

@@ -48,7 +48,7 @@ class Replacement
 public:
     explicit Replacement(const QString &target)
         : m_target(target),
-          m_file(target + u".%1.tmp"_s.arg(QRandomGenerator::system()->generate(), 8, 16, u'0'))
+          m_file(target + u".%1.tmp"_s.arg(QRandomGenerator::system()->generate(), 8, 16, QChar(u'0')))
     {
     }
     ~Replacement()

@@ -1,0 +1,514 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// What a technician sees and gets in the workbench dialog, from opening a plan to the file exported.
+#include "dxf/dxfdialogtexts_p.h"
+#include "dxf/messageline_p.h"
+#include "dxf/readingprogress_p.h"
+#include "dxf/sheetpictureview_p.h"
+#include "dxf/sheettablemodel_p.h"
+#include "tests/support/PlanPairs.h"
+#include "tests/support/TemporaryHome.h"
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMenu>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSettings>
+#include <QTableView>
+#include <QtTest>
+#include <csignal>
+#include <kelo_base/core/UserDataManager.h>
+#include <kelo_base/dxf/DxfToolsDialog.h>
+#include <sys/resource.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QByteArray kHead = "0 SECTION|2 HEADER|9 $ACADVER|1 AC1015|0 ENDSEC|0 SECTION|2 BLOCKS|";
+const QByteArray kMiddle = "|0 ENDSEC|0 SECTION|2 ENTITIES|";
+const QByteArray kTail = "|0 ENDSEC|0 EOF";
+/// A frame of 3 x 2, drawn from its lower right corner counter-clockwise.
+const QByteArray kFrame = "0 BLOCK|2 A|70 0|10 0|20 0|0 LWPOLYLINE|8 0|90 4|70 1|10 3|20 0|10 3|"
+                          "20 2|10 0|20 2|10 0|20 0|0 ENDBLK";
+const QByteArray kCorners = "   0,00        2,00    \r\n   3,00        2,00    \r\n"
+                            "   3,00        0,00    \r\n   0,00        0,00    \r\n";
+
+QByteArray sheet(const QByteArray &number, const QByteArray &kind)
+{
+    return "0 INSERT|2 A|66 1|10 5|20 5|0 ATTRIB|1 " + number + "|2 BL_NR|0 ATTRIB|1 " + kind +
+           "|2 KIND|0 SEQEND";
+}
+
+QByteArray planOf(const QByteArrayList &sheets, const QByteArray &block = kFrame)
+{
+    return asciiPlan(pairsOf(kHead + block + kMiddle + sheets.join('|') + kTail));
+}
+
+const QByteArrayList kFourSheets{sheet("10", "city"), sheet("2", "city"), sheet("7", "land"),
+                                 sheet("3", "city")};
+
+/// A dialog with a folder and a store of its own, read and used as people do.
+class Bench
+{
+public:
+    explicit Bench(const QByteArray &plan = planOf(kFourSheets))
+        : store(file("store.ini"), QSettings::IniFormat), dialog(new DxfToolsDialog({}, &store))
+    {
+        put("plan.dxf", plan);
+        dialog->show();
+    }
+    ~Bench() { delete dialog; }
+    Q_DISABLE_COPY_MOVE(Bench)
+
+    [[nodiscard]] QString file(const char *name) const { return dir.filePath(QLatin1String(name)); }
+    void put(const char *name, const QByteArray &bytes) const
+    {
+        QFile target(file(name));
+        QVERIFY(target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size());
+    }
+    [[nodiscard]] QByteArray bytes(const char *name) const
+    {
+        QFile source(file(name));
+        return source.open(QIODevice::ReadOnly) ? source.readAll() : "none"_ba;
+    }
+    template <typename Widget>
+    [[nodiscard]] Widget *find(const char *name) const
+    {
+        return dialog->findChild<Widget *>(QLatin1String(name));
+    }
+    [[nodiscard]] QString said(const char *line) const { return find<MessageLine>(line)->text(); }
+    [[nodiscard]] QString label(const char *name) const { return find<QLabel>(name)->text(); }
+    [[nodiscard]] QTableView *list() const { return find<QTableView>("sheetList"); }
+    /// "2 3 10": the numbers from top to bottom, those selected in brackets, unmarked with "-".
+    [[nodiscard]] QString sheets() const
+    {
+        QStringList texts;
+        for (int row = 0; row < list()->model()->rowCount(); ++row) {
+            const QModelIndex index = list()->model()->index(row, SheetTableModel::NumberColumn);
+            const bool isMarked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+            const QString text = (isMarked ? u""_s : u"-"_s) + index.data().toString();
+            const bool isSelected = list()->selectionModel()->isSelected(index);
+            texts << (isSelected ? u"[%1]"_s.arg(text) : text);
+        }
+        return texts.join(u' ');
+    }
+    void filter(const char *group, const char *edit, const QString &text) const
+    {
+        find<QGroupBox>(group)->setChecked(true);
+        find<QLineEdit>(edit)->clear();
+        QTest::keyClicks(find<QLineEdit>(edit), text);
+    }
+    void press(const char *button) const
+    {
+        QTest::mouseClick(find<QAbstractButton>(button), Qt::LeftButton);
+    }
+    /// Does this as soon as the progress is shown.
+    void whileReading(const std::function<void()> &action) const
+    {
+        auto *progress = dialog->findChild<ReadingProgress *>();
+        progress->setPace({.shownAfter = 0, .eventsEvery = 0});
+        QObject::connect(progress, &ReadingProgress::becameLong, qApp,
+                         [action] { QTimer::singleShot(0, qApp, action); });
+    }
+
+    QTemporaryDir dir;
+    QSettings store;
+    QPointer<DxfToolsDialog> dialog;
+};
+
+/// Answers the dialogs that wait for somebody, and keeps what they said.
+class Answers
+{
+public:
+    /// @param target  the file to save to; empty to cancel
+    explicit Answers(const QString &target)
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, target] { answer(target); });
+        m_timer.start(0);
+    }
+    QStringList said;
+
+private:
+    void answer(const QString &target)
+    {
+        QWidget *const waiting = QApplication::activeModalWidget();
+        if (auto *files = qobject_cast<QFileDialog *>(waiting)) {
+            said << files->windowTitle() << files->nameFilters() << files->defaultSuffix()
+                 << files->selectedFiles().value(0);
+            files->setOption(QFileDialog::DontConfirmOverwrite);
+            files->selectFile(target);
+            QMetaObject::invokeMethod(files, target.isEmpty() ? "reject" : "accept");
+        } else if (auto *box = qobject_cast<QMessageBox *>(waiting)) {
+            said << box->windowTitle() << box->text();
+            box->accept();
+        }
+    }
+    QTimer m_timer;
+};
+
+} // namespace
+
+class TestDxfToolsDialog : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void exportsWhatIsChosenAndMarked();
+    void followsTheFilter();
+    void sharesTheSelection();
+    void correctsVertexPositions();
+    void saysWhyAPlanIsNotRead_data();
+    void saysWhyAPlanIsNotRead();
+    void staysAsItWasWhenCancelled_data();
+    void staysAsItWasWhenCancelled();
+    void survivesItsEndWhileReading();
+    void takesOneDroppedFile_data();
+    void takesOneDroppedFile();
+    void offersRecentPlans();
+    void remembersInTheUsersFiles();
+    void tellsWhatWasNotWritten_data();
+    void tellsWhatWasNotWritten();
+    void keepsAnOlderFileWhole();
+    void hasOneMnemonicForEach();
+};
+
+void TestDxfToolsDialog::exportsWhatIsChosenAndMarked()
+{
+    const Bench bench;
+    QVERIFY(!bench.find<QPushButton>("btnExportAsGK2")->isEnabled());
+    QVERIFY(bench.dialog->ReadFile(bench.file("plan.dxf")));
+    QCOMPARE(bench.sheets(), u"2 3 7 10"_s);
+    bench.filter("grpInclude", "edtIncludeTag", u"KIND"_s);
+    bench.filter("grpInclude", "edtIncludeValue", u"city"_s);
+    bench.list()->setCurrentIndex(bench.list()->model()->index(1, 0));
+    QTest::keyClick(bench.list(), Qt::Key_Space);
+    QCOMPARE(bench.sheets(), u"2 [-3] 10"_s);
+    QCOMPARE(bench.label("lblCounter"), u"3"_s);
+    QVERIFY(bench.label("lblToBeExported").contains(u'2'));
+    {
+        const Answers cancel{QString()};
+        bench.press("btnExportAsGK2");
+        QCOMPARE(cancel.said, (QStringList{u"Export DXF as Kelo-GK2"_s, u"*.txt"_s, u"txt"_s,
+                                           bench.file("plan.txt")}));
+        QVERIFY(!QFile::exists(bench.file("plan.txt")));
+    }
+    bench.list()->sortByColumn(SheetTableModel::NumberColumn, Qt::DescendingOrder);
+    QCOMPARE(bench.sheets(), u"10 [-3] 2"_s);
+    const Answers answers(bench.file("plan.txt"));
+    bench.press("btnExportAsGK2");
+    QCOMPARE(answers.said.mid(4),
+             (QStringList{u"DFX GK2 Export"_s, u"Export completed - Inserts written: 2"_s}));
+    QCOMPARE(bench.bytes("plan.txt"), "GK2\r\n\r\n2\r\n" + kCorners + "\r\n10\r\n" + kCorners);
+    bench.press("btnMarkNone");
+    bench.press("btnExportAsGK2");
+    QCOMPARE(bench.bytes("plan.txt"), "GK2\r\n"_ba);
+    bench.press("btnMarkAll");
+    QCOMPARE(bench.sheets(), u"10 [3] 2"_s);
+}
+
+void TestDxfToolsDialog::followsTheFilter()
+{
+    const Bench bench;
+    bench.dialog->ReadFile(bench.file("plan.dxf"));
+    bench.list()->selectRow(3);
+    bench.filter("grpExclude", "edtExcludeTag", u"KIN"_s);
+    QCOMPARE(bench.sheets(), u"2 3 7 [10]"_s); // still selected
+    QTest::keyClicks(bench.find<QLineEdit>("edtExcludeTag"), u"D"_s);
+    QCOMPARE(bench.list()->model()->rowCount(), 0);
+    QCOMPARE(bench.label("lblCounter"), u"0"_s);
+    const auto *hint = bench.list()->viewport()->findChild<QLabel *>();
+    QVERIFY(hint->isVisible() && !hint->text().isEmpty());
+    // Enter in a field is no order to export or to close.
+    QTest::keyClick(bench.find<QLineEdit>("edtExcludeTag"), Qt::Key_Return);
+    QVERIFY(bench.dialog->isVisible());
+    bench.find<QGroupBox>("grpExclude")->setChecked(false);
+    QCOMPARE(bench.sheets(), u"2 3 7 10"_s);
+    QVERIFY(!hint->isVisible());
+}
+
+void TestDxfToolsDialog::sharesTheSelection()
+{
+    const Bench bench(planOf(kFourSheets + QByteArrayList{sheet("7", "town")}));
+    bench.dialog->ReadFile(bench.file("plan.dxf"));
+    auto *picture = bench.dialog->findChild<SheetPictureView *>();
+    emit picture->sheetsPicked({0, 2});
+    QCOMPARE(bench.sheets(), u"2 3 [7] 7 [10]"_s);
+    auto *findings = bench.find<QListView>("findingList");
+    QCOMPARE(findings->model()->rowCount(), 1); // a number used twice
+    QTest::mouseClick(findings->viewport(), Qt::LeftButton, {},
+                      findings->visualRect(findings->model()->index(0, 0)).center());
+    QCOMPARE(bench.sheets(), u"2 3 7 [7] 10"_s);
+}
+
+void TestDxfToolsDialog::correctsVertexPositions()
+{
+    const Bench bench(planOf({sheet("1", "city")}));
+    const auto corners = [&bench] {
+        return bench.list()->model()->index(0, SheetTableModel::CornersColumn).data().toString();
+    };
+    bench.dialog->ReadFile(bench.file("plan.dxf"));
+    const QString corrected = corners();
+    QTest::keyClick(bench.find<QAbstractButton>("chkCorrectVertexPositions"), Qt::Key_Space);
+    QVERIFY(corners().startsWith(u"3,00 0,00"_s)); // where the draughtsman began
+    QTest::keyClick(bench.find<QAbstractButton>("chkCorrectVertexPositions"), Qt::Key_Space);
+    QVERIFY(corrected.startsWith(u"0,00 2,00"_s));
+    QCOMPARE(corners(), corrected);
+}
+
+void TestDxfToolsDialog::saysWhyAPlanIsNotRead_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("sentence");
+    QTest::newRow("not there") << QByteArray() << u"File '%1' does not exist"_s;
+    QTest::newRow("no plan at all") << "PK\3\4"_ba << u"bad.dxf: "_s;
+    QTest::newRow("a fault in a line") << "0\nSECTION\nx\n"_ba << u"bad.dxf, line 3: "_s;
+}
+
+void TestDxfToolsDialog::saysWhyAPlanIsNotRead()
+{
+    QFETCH(const QByteArray, bytes);
+    QFETCH(const QString, sentence);
+    const Bench bench;
+    if (!bytes.isNull())
+        bench.put("bad.dxf", bytes);
+    const QString path = bench.file("bad.dxf");
+    const QString expected = sentence.contains(u'%') ? sentence.arg(path) : sentence;
+    QVERIFY(!bench.dialog->ReadFile(path));
+    QVERIFY2(bench.said("readMessage").startsWith(expected), qPrintable(bench.said("readMessage")));
+    QVERIFY(bench.dialog->ReadFile(bench.file("plan.dxf")));
+    QVERIFY(!bench.dialog->ReadFile(path));
+    QVERIFY(bench.said("readMessage").startsWith(expected));
+    QVERIFY(bench.said("readMessage").contains(u"plan.dxf"_s)); // which is still shown
+    QCOMPARE(bench.sheets(), u"2 3 7 10"_s);
+    QCOMPARE(bench.dialog->FileName(), bench.file("plan.dxf"));
+}
+
+void TestDxfToolsDialog::staysAsItWasWhenCancelled_data()
+{
+    QTest::addColumn<QString>("how");
+    for (const char *how : {"Escape", "button", "close"})
+        QTest::newRow(how) << QString::fromLatin1(how);
+}
+
+/// A plan that takes several steps to read.
+QByteArray largePlan()
+{
+    return planOf(QByteArrayList(10'000, sheet("1", "city")));
+}
+
+void TestDxfToolsDialog::staysAsItWasWhenCancelled()
+{
+    QFETCH(const QString, how);
+    const Bench bench;
+    bench.put("large.dxf", largePlan());
+    bench.dialog->ReadFile(bench.file("plan.dxf"));
+    bench.filter("grpInclude", "edtIncludeTag", u"KIND"_s);
+    bench.filter("grpInclude", "edtIncludeValue", u"city"_s);
+    bench.list()->selectRow(1);
+    QTest::keyClick(bench.list(), Qt::Key_Space);
+    const QString before = bench.sheets();
+    bool hasRun = false;
+    bench.whileReading([&] {
+        hasRun = true;
+        QVERIFY(bench.dialog->IsReading());
+        QVERIFY(bench.find<QPushButton>("btnCancel")->isVisible());
+        for (const char *name : {"btnOpen", "edtIncludeTag", "sheetList", "btnExportAsGK2"})
+            QVERIFY2(!bench.find<QWidget>(name)->isEnabled(), name);
+        QVERIFY(!bench.dialog->ReadFile(bench.file("plan.dxf"))); // one after the other
+        if (how == u"Escape"_s)
+            QTest::keyClick(bench.dialog->focusWidget(), Qt::Key_Escape);
+        else if (how == u"button"_s)
+            bench.press("btnCancel");
+        else
+            bench.dialog->close();
+    });
+    QVERIFY(!bench.dialog->ReadFile(bench.file("large.dxf")));
+    QVERIFY(hasRun && !bench.dialog->IsReading());
+    QCOMPARE(bench.dialog->isVisible(), how != u"close"_s);
+    QCOMPARE(bench.sheets(), before);
+    QVERIFY(bench.said("readMessage").contains(u"cancelled"_s));
+    QVERIFY(bench.dialog->windowTitle().startsWith(u"plan.dxf"_s));
+    for (const char *name : {"btnOpen", "edtIncludeTag", "sheetList", "btnExportAsGK2"})
+        QVERIFY2(bench.find<QWidget>(name)->isEnabled(), name);
+}
+
+void TestDxfToolsDialog::survivesItsEndWhileReading()
+{
+    Bench bench;
+    bench.put("large.dxf", largePlan());
+    bench.whileReading([&bench] { delete bench.dialog; });
+    QVERIFY(!bench.dialog->ReadFile(bench.file("large.dxf")));
+    QVERIFY(!bench.dialog);
+}
+
+void TestDxfToolsDialog::takesOneDroppedFile_data()
+{
+    QTest::addColumn<QList<QUrl>>("urls");
+    QTest::addColumn<bool>("isTaken");
+    const QUrl plan = QUrl::fromLocalFile(u"plan.dxf"_s);
+    QTest::newRow("one plan") << QList<QUrl>{plan} << true;
+    QTest::newRow("one can be shown, so two are none") << QList<QUrl>{plan, plan} << false;
+    QTest::newRow("a web page") << QList<QUrl>{QUrl(u"https://example.org/plan.dxf"_s)} << false;
+    QTest::newRow("a text") << QList<QUrl>() << false;
+}
+
+void TestDxfToolsDialog::takesOneDroppedFile()
+{
+    QFETCH(QList<QUrl>, urls);
+    QFETCH(const bool, isTaken);
+    const Bench bench;
+    QMimeData data;
+    data.setText(u"plan.dxf"_s);
+    for (QUrl &url : urls)
+        if (url.isLocalFile())
+            url = QUrl::fromLocalFile(bench.file("plan.dxf"));
+    data.setUrls(urls);
+    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    enter.ignore();
+    QApplication::sendEvent(bench.dialog, &enter);
+    QCOMPARE(enter.isAccepted(), isTaken);
+    if (!isTaken)
+        return;
+    QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(bench.dialog, &drop);
+    QTRY_COMPARE(bench.sheets(), u"2 3 7 10"_s);
+}
+
+void TestDxfToolsDialog::offersRecentPlans()
+{
+    Bench bench;
+    bench.put("a&b.dxf", planOf({sheet("5", "city")}));
+    const auto actions = [&bench] {
+        auto *menu = bench.find<QPushButton>("btnRecent")->menu();
+        emit menu->aboutToShow();
+        return menu->actions();
+    };
+    QVERIFY(actions().size() == 1 && !actions().first()->isEnabled());
+    bench.dialog->ReadFile(bench.file("a&b.dxf"));
+    bench.dialog->ReadFile(bench.file("plan.dxf"));
+    QCOMPARE(bench.store.value("DxfToolsDialog/LastUsedFile").toString(), bench.file("plan.dxf"));
+    delete bench.dialog;
+    bench.dialog = new DxfToolsDialog(nullptr, &bench.store);
+    QCOMPARE(actions().size(), 2);
+    QVERIFY(actions().at(1)->text().startsWith(u"&2 a&&b.dxf"_s));
+    actions().at(1)->trigger();
+    QCOMPARE(bench.sheets(), u"5"_s);
+
+    QFile::remove(bench.file("plan.dxf"));
+    actions().at(1)->trigger();
+    QVERIFY(bench.said("readMessage").contains(u"does not exist"_s));
+    auto *forget = bench.find<MessageLine>("readMessage")->findChild<QPushButton *>();
+    QVERIFY(forget->isVisibleTo(bench.dialog));
+    forget->click();
+    QCOMPARE(actions().size(), 1);
+    QVERIFY(!forget->isVisibleTo(bench.dialog));
+}
+
+void TestDxfToolsDialog::remembersInTheUsersFiles()
+{
+    const TemporaryHome home;
+    QCoreApplication::setApplicationName(u"tst-workbench"_s);
+    const Bench bench;
+    const QString config = UserDataManager().GetStorageBaseDirectory(true) + u"/config/"_s;
+    const auto bytes = [&config](const char *name) {
+        QFile file(config + QLatin1String(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    {
+        DxfToolsDialog dialog;
+        dialog.show();
+        QVERIFY(dialog.ReadFile(bench.file("plan.dxf")));
+        dialog.resize(1000, 650);
+        UserDataManager().SaveUserConfigFiles(); // the dialog is asked for its state
+        QVERIFY(bytes("layout.ini").contains("Dialog_Geometry"));
+        QVERIFY(bytes("settings.ini").contains("LastUsedFile"));
+        QVERIFY(!bytes("settings.ini").contains("Dialog_Geometry"));
+        dialog.close();
+    }
+    DxfToolsDialog again;
+    QCOMPARE(again.size(), QSize(1000, 650));
+    UserDataManagerI::Destroy();
+    QVERIFY(again.ReadFile(bench.file("plan.dxf"))); // there is nothing to remember it in
+    again.done(0);
+}
+
+void TestDxfToolsDialog::tellsWhatWasNotWritten_data()
+{
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<bool>("isFormatted");
+    QTest::newRow("a folder that is not there") << u"none/x.txt"_s << true;
+    QTest::newRow("a device that is full") << u"/dev/full"_s << true;
+    QTest::newRow("the plan itself") << u"plan.dxf"_s << false;
+}
+
+void TestDxfToolsDialog::tellsWhatWasNotWritten()
+{
+    QFETCH(const QString, target);
+    QFETCH(const bool, isFormatted);
+    const Bench bench;
+    bench.dialog->ReadFile(bench.file("plan.dxf"));
+    const QByteArray plan = bench.bytes("plan.dxf");
+    const Answers answers(QDir(bench.dir.path()).filePath(target));
+    bench.press("btnExportAsGK2");
+    QVERIFY(bench.said("exportMessage").contains(target));
+    QCOMPARE(answers.said.contains(u"Export completed - Inserts written: 4"_s), isFormatted);
+    QCOMPARE(bench.bytes("plan.dxf"), plan);
+}
+
+void TestDxfToolsDialog::keepsAnOlderFileWhole()
+{
+    const Bench bench(largePlan());
+    bench.dialog->ReadFile(bench.file("plan.dxf"));
+    bench.put("older.txt", "older");
+    const auto permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther;
+    QVERIFY(QFile::setPermissions(bench.file("older.txt"), permissions));
+    QVERIFY(QFile::link(bench.file("older.txt"), bench.file("link.txt")));
+    const QDir folder(bench.dir.path(), u"*.t*"_s);
+    const QStringList files = folder.entryList();
+    const Answers answers(bench.file("link.txt"));
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit before{};
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit small{.rlim_cur = 20'000, .rlim_max = before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+        bench.press("btnExportAsGK2");
+        setrlimit(RLIMIT_FSIZE, &before);
+    }
+    QCOMPARE(answers.said.last(), u"Export completed - Inserts written: 10000"_s);
+    QVERIFY(bench.said("exportMessage").contains(u"the older file is unchanged"_s));
+    QCOMPARE(bench.bytes("older.txt"), "older"_ba);
+    QCOMPARE(QDir(folder).entryList(), files); // nothing unfinished lies about
+    bench.press("btnExportAsGK2");
+    QCOMPARE(bench.bytes("older.txt").size(), 5 + 10'000 * (5 + kCorners.size()));
+    QVERIFY(QFileInfo(bench.file("link.txt")).isSymLink());
+    QVERIFY((QFile::permissions(bench.file("older.txt")) & QFile::ReadGroup) == 0);
+}
+
+void TestDxfToolsDialog::hasOneMnemonicForEach()
+{
+    const Bench bench;
+    // The button that may appear in a message counts as well.
+    bench.find<MessageLine>("readMessage")->warn(u"gone"_s, DxfDialogTexts::RemoveFromList());
+    QMap<QString, QString> owners;
+    for (const QWidget *widget : bench.dialog->findChildren<QWidget *>()) {
+        const QString text = widget->property("text").toString();
+        const QString caption = text.isEmpty() ? widget->property("title").toString() : text;
+        const QString key = QKeySequence::mnemonic(caption).toString();
+        if (key.isEmpty())
+            continue;
+        QVERIFY2(!owners.contains(key), qPrintable(owners[key] + u" | "_s + caption));
+        owners[key] = caption;
+    }
+    QVERIFY(owners.size() > 10);
+}
+
+QTEST_MAIN(TestDxfToolsDialog)
+#include "tst_dxftoolsdialog.moc"
