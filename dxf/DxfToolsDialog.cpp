@@ -10,6 +10,7 @@
 #include "dxf/sheetdesk_p.h"
 #include "dxf/sheetexport_p.h"
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QPointer>
 #include <QPushButton>
@@ -30,7 +31,10 @@ QString droppedFile(const QMimeData *data)
 struct DxfToolsDialog::Parts
 {
     Parts(DxfToolsDialog *dialog, QSettings *given)
-        : store(given), form(dialog), desk(form), opener(form, desk, store),
+        : store(given),
+          form(dialog),
+          desk(form),
+          opener(form, desk, store),
           layout(dialog, form, store)
     {
     }
@@ -99,14 +103,6 @@ void DxfToolsDialog::OnExportAsGK2Clicked()
         ExportSheets(m_parts->form, m_parts->desk);
 }
 
-void DxfToolsDialog::reject()
-{
-    if (IsReading())
-        CancelReading();
-    else
-        QDialog::reject();
-}
-
 void DxfToolsDialog::done(int result)
 {
     m_parts->layout.save();
@@ -121,6 +117,15 @@ void DxfToolsDialog::closeEvent(QCloseEvent *event)
     } else {
         QDialog::closeEvent(event);
     }
+}
+
+void DxfToolsDialog::keyPressEvent(QKeyEvent *event)
+{
+    // Escape closes nothing: pressed a moment after the reading, it would throw the marks away.
+    if (event->matches(QKeySequence::Cancel))
+        CancelReading();
+    else
+        QDialog::keyPressEvent(event);
 }
 
 void DxfToolsDialog::dragEnterEvent(QDragEnterEvent *event)

@@ -42,12 +42,12 @@ public slots:
     /// Asks for a file, writes the marked sheets among those selected to it, and reports how many
     /// records that were. Does nothing without a plan.
     void OnExportAsGK2Clicked();
-    /// While a plan is read, cancels that instead of closing.
-    void reject() override;
     void done(int result) override;
 
 protected:
+    /// While a plan is read, cancels that first.
     void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 

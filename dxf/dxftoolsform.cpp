@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What the workbench dialog is made of, and how it is laid out.
-#include "dxf/dxftoolsform_p.h"
 #include "dxf/diagnosticmodel_p.h"
 #include "dxf/dxfdialogtexts_p.h"
+#include "dxf/dxftoolsform_p.h"
 #include "dxf/dxftooltexts_p.h"
 #include "dxf/emptyhint_p.h"
 #include "dxf/messageline_p.h"
@@ -230,24 +230,12 @@ void DxfToolsForm::nameForAccess()
 
 void DxfToolsForm::setTabOrder()
 {
-    QWidget *const order[] = {btnOpen,
-                              btnRecent,
-                              chkCorrectVertexPositions,
-                              grpInclude,
-                              edtIncludeTag,
-                              edtIncludeValue,
-                              grpExclude,
-                              edtExcludeTag,
-                              sheetList,
-                              btnMarkAll,
-                              btnMarkNone,
-                              picture,
-                              btnZoomIn,
-                              btnZoomOut,
-                              btnZoomToFit,
-                              findingList,
-                              btnExportAsGK2,
-                              btnClose};
+    QWidget *const order[] = {btnOpen,     btnRecent,      chkCorrectVertexPositions,
+                              grpInclude,  edtIncludeTag,  edtIncludeValue,
+                              grpExclude,  edtExcludeTag,  sheetList,
+                              btnMarkAll,  btnMarkNone,    picture,
+                              btnZoomIn,   btnZoomOut,     btnZoomToFit,
+                              findingList, btnExportAsGK2, btnClose};
     for (std::size_t i = 1; i < std::size(order); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);
 }
@@ -342,10 +330,10 @@ QLayout *DxfToolsForm::footer()
 
 void DxfToolsForm::setPlanEnabled(bool hasPlan)
 {
-    for (QWidget *widget : {static_cast<QWidget *>(btnMarkAll), static_cast<QWidget *>(btnMarkNone),
-                            static_cast<QWidget *>(btnZoomIn), static_cast<QWidget *>(btnZoomOut),
-                            static_cast<QWidget *>(btnZoomToFit),
-                            static_cast<QWidget *>(btnExportAsGK2)})
+    for (QWidget *widget :
+         {static_cast<QWidget *>(btnMarkAll), static_cast<QWidget *>(btnMarkNone),
+          static_cast<QWidget *>(btnZoomIn), static_cast<QWidget *>(btnZoomOut),
+          static_cast<QWidget *>(btnZoomToFit), static_cast<QWidget *>(btnExportAsGK2)})
         widget->setEnabled(hasPlan);
 }
 

@@ -4,9 +4,7 @@
 #include <stdexcept>
 
 DxfToolsStore::DxfToolsStore(QSettings *given)
-    : m_isGiven(given != nullptr),
-      m_given(given),
-      m_manager(given ? nullptr : &UserDataManager())
+    : m_isGiven(given != nullptr), m_given(given), m_manager(given ? nullptr : &UserDataManager())
 {
 }
 

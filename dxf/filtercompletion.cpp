@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Completes tags and values in the filter fields from what the plan holds.
-#include "dxf/filtercompletion_p.h"
 #include "dxf/attributecompletion_p.h"
 #include "dxf/dxftoolsform_p.h"
+#include "dxf/filtercompletion_p.h"
 #include <QCompleter>
 #include <QLineEdit>
 

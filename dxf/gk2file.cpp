@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Replaces a GK2 file as a whole, or not at all.
-#include "dxf/gk2file_p.h"
 #include "dxf/dxfdialogtexts_p.h"
+#include "dxf/gk2file_p.h"
 #include <QFileInfo>
 #include <QRandomGenerator>
 #include <filesystem>
@@ -12,7 +12,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr auto kMode = QIODevice::WriteOnly | QIODevice::Unbuffered; // the writer's blocks are large
+constexpr auto kMode =
+    QIODevice::WriteOnly | QIODevice::Unbuffered; // the writer's blocks are large
 
 std::filesystem::path systemPath(const QString &path)
 {
@@ -48,7 +49,8 @@ class Replacement
 public:
     explicit Replacement(const QString &target)
         : m_target(target),
-          m_file(target + u".%1.tmp"_s.arg(QRandomGenerator::system()->generate(), 8, 16, QChar(u'0')))
+          m_file(target +
+                 u".%1.tmp"_s.arg(QRandomGenerator::system()->generate(), 8, 16, QChar(u'0')))
     {
     }
     ~Replacement()

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Where the dialog was and how it was divided, from one time to the next.
-#include "dxf/layoutmemory_p.h"
 #include "dxf/dxftoolsform_p.h"
 #include "dxf/dxftoolskeys_p.h"
 #include "dxf/dxftoolsstore_p.h"
+#include "dxf/layoutmemory_p.h"
 #include <QHeaderView>
 #include <QSplitter>
 #include <QTableView>
@@ -19,7 +19,7 @@ constexpr QSize kFirstSize(1240, 680);
 LayoutMemory::LayoutMemory(QWidget *dialog, DxfToolsForm &form, DxfToolsStore &store)
     : m_dialog(dialog), m_form(form), m_store(store)
 {
-    m_dialog->setMinimumSize(kMinimumSize);
+    m_dialog->setMinimumSize(kMinimumSize.expandedTo(m_dialog->minimumSizeHint()));
     m_dialog->resize(kFirstSize);
     restore();
     if (UserDataManagerI *const manager = m_store.manager())

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // One sentence in a dialog, at the place that it concerns.
-#include "dxf/messageline_p.h"
 #include "dxf/dxfdialogtexts_p.h"
+#include "dxf/messageline_p.h"
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>
+
+using namespace Qt::Literals::StringLiterals;
 
 MessageLine::MessageLine(QWidget *parent)
     : QFrame(parent), m_icon(new QLabel), m_text(new QLabel), m_action(new QPushButton)
@@ -61,7 +63,8 @@ void MessageLine::show(const QString &sentence, bool isWarning, const QString &a
     m_icon->setAccessibleName(isWarning ? DxfDialogTexts::Warning()
                                         : DxfDialogTexts::Information());
     m_text->setText(sentence);
-    m_text->setToolTip(sentence.toHtmlEscaped());
+    m_text->setToolTip(sentence.isEmpty() ? sentence
+                                          : u"<p>%1</p>"_s.arg(sentence.toHtmlEscaped()));
     m_action->setText(action);
     m_action->setVisible(!action.isEmpty());
     if (isWarning) {

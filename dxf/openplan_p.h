@@ -36,8 +36,8 @@ struct OpenPlan
 
 struct [[nodiscard]] PlanReading
 {
-    std::unique_ptr<OpenPlan> plan;   ///< null when there is an error or it was cancelled
-    std::optional<ReadError> error;   ///< what the reader says
+    std::unique_ptr<OpenPlan> plan; ///< null when there is an error or it was cancelled
+    std::optional<ReadError> error; ///< what the reader says
     bool hasAnalysisFailed = false;
     bool isCancelled = false;
 };

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Brings plans into the dialog: asked for, dropped, or chosen among the recent ones.
-#include "dxf/planopener_p.h"
 #include "dxf/dxfdialogtexts_p.h"
 #include "dxf/dxftoolsform_p.h"
 #include "dxf/dxftoolskeys_p.h"
 #include "dxf/dxftoolsstore_p.h"
 #include "dxf/dxftooltexts_p.h"
 #include "dxf/messageline_p.h"
+#include "dxf/planopener_p.h"
 #include "dxf/readingprogress_p.h"
 #include "dxf/recentplans_p.h"
 #include "dxf/sheetdesk_p.h"
@@ -37,12 +37,13 @@ QString sentenceFor(const QString &path, const ReadError &error)
                : DxfDialogTexts::ReadFailed(nameOf(path), error.message);
 }
 
-/// "&1 village.dxf - /plans": the digit can be typed.
-QString menuText(qsizetype position, const QString &path)
+/// "&1 village.dxf - /plans": the digit can be typed. A long path is shortened.
+QString menuText(qsizetype position, const QString &path, const QFontMetrics &metrics)
 {
-    const QString text =
-        nameOf(path) + " - "_L1 + QDir::toNativeSeparators(QFileInfo(path).path());
-    return u"&%1 "_s.arg((position + 1) % 10) + QString(text).replace(u'&', "&&"_L1);
+    const QString text = nameOf(path) + " - "_L1 + QDir::toNativeSeparators(QFileInfo(path).path());
+    const int widest = 80 * metrics.averageCharWidth();
+    const QString shown = metrics.elidedText(text, Qt::ElideMiddle, widest);
+    return u"&%1 "_s.arg((position + 1) % 10) + QString(shown).replace(u'&', "&&"_L1);
 }
 
 } // namespace
@@ -175,7 +176,8 @@ void PlanOpener::fillRecentMenu()
     QSettings *const settings = m_store.settings();
     const QStringList paths = settings ? ReadRecentPlans(*settings).Paths() : QStringList();
     for (qsizetype i = 0; i < paths.size(); ++i) {
-        QAction *const action = menu->addAction(menuText(i, paths[i]));
+        QAction *const action = menu->addAction(menuText(i, paths[i], menu->fontMetrics()));
+        action->setToolTip(QDir::toNativeSeparators(paths[i]));
         connect(action, &QAction::triggered, this, [this, path = paths[i]] { readRecent(path); });
     }
     if (paths.isEmpty())

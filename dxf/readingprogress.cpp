@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Shows how far long work has come, and lets the window live meanwhile.
-#include "dxf/readingprogress_p.h"
 #include "dxf/dxfdialogtexts_p.h"
+#include "dxf/readingprogress_p.h"
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The plan on the desk: its sheets are chosen, listed, drawn and reviewed.
-#include "dxf/sheetdesk_p.h"
 #include "dxf/diagnosticmodel_p.h"
 #include "dxf/dxfdialogtexts_p.h"
 #include "dxf/dxftoolsform_p.h"
@@ -8,6 +7,7 @@
 #include "dxf/emptyhint_p.h"
 #include "dxf/filterplan_p.h"
 #include "dxf/messageline_p.h"
+#include "dxf/sheetdesk_p.h"
 #include "dxf/sheetpictureview_p.h"
 #include "dxf/sheettablemodel_p.h"
 #include <QCheckBox>
@@ -20,6 +20,7 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QShortcut>
 #include <QTableView>
 #include <QToolButton>
 #include <algorithm>
@@ -57,6 +58,8 @@ SheetDesk::SheetDesk(DxfToolsForm &form) : m_form(form), m_completion(form)
     connectFilter();
     connectSelection();
     connect(m_form.sheetModel, &SheetTableModel::marksChanged, this, &SheetDesk::showCounts);
+    new QShortcut(Qt::Key_Space, m_form.sheetList, this, &SheetDesk::toggleMarks,
+                  Qt::WidgetShortcut);
     connect(m_form.btnMarkAll, &QPushButton::clicked, this,
             [this] { m_form.sheetModel->setAllMarks(true); });
     connect(m_form.btnMarkNone, &QPushButton::clicked, this,
@@ -101,8 +104,8 @@ void SheetDesk::connectSelection()
 AnalysisOptions SheetDesk::options() const
 {
     AnalysisOptions options;
-    options.order = m_form.chkCorrectVertexPositions->isChecked() ? CornerOrder::Upright
-                                                                  : CornerOrder::AsDrawn;
+    options.order =
+        m_form.chkCorrectVertexPositions->isChecked() ? CornerOrder::Upright : CornerOrder::AsDrawn;
     options.filter = FilterOf({.includes = m_form.grpInclude->isChecked(),
                                .includeTag = m_form.edtIncludeTag->text(),
                                .includeValue = m_form.edtIncludeValue->text(),
@@ -191,8 +194,7 @@ void SheetDesk::showCounts()
 {
     const QLocale locale;
     m_form.lblCounter->setText(locale.toString(m_form.sheetModel->rowCount()));
-    m_form.lblToBeExported->setText(
-        DxfDialogTexts::ToBeExported(m_form.sheetModel->markedCount()));
+    m_form.lblToBeExported->setText(DxfDialogTexts::ToBeExported(m_form.sheetModel->markedCount()));
 }
 
 QString SheetDesk::whyEmpty() const
@@ -240,4 +242,18 @@ void SheetDesk::showFinding(const QModelIndex &index)
         return;
     selectSheets({*sheet});
     m_form.picture->showSheet(*sheet);
+}
+
+/// All selected sheets get the mark that the current one has not.
+void SheetDesk::toggleMarks()
+{
+    SheetTableModel &model = *m_form.sheetModel;
+    const QItemSelectionModel &selection = *m_form.sheetList->selectionModel();
+    const QModelIndex current = model.index(selection.currentIndex().row(), 0);
+    if (!current.isValid())
+        return;
+    const bool isMarked = current.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    const Qt::CheckState state = isMarked ? Qt::Unchecked : Qt::Checked;
+    for (const QModelIndex &index : selection.selectedRows())
+        model.setData(index, state, Qt::CheckStateRole);
 }

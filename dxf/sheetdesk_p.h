@@ -43,6 +43,7 @@ private:
     [[nodiscard]] std::vector<quint32> selectedSheets() const;
     void selectSheets(const std::vector<quint32> &sheets);
     void showFinding(const QModelIndex &index);
+    void toggleMarks();
 
     DxfToolsForm &m_form;
     FilterCompletion m_completion;

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The export step of the dialog: where to, writing, and the report.
-#include "dxf/sheetexport_p.h"
 #include "dxf/dxfdialogtexts_p.h"
 #include "dxf/dxftoolsform_p.h"
 #include "dxf/dxftooltexts_p.h"
 #include "dxf/gk2file_p.h"
 #include "dxf/messageline_p.h"
 #include "dxf/sheetdesk_p.h"
+#include "dxf/sheetexport_p.h"
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>

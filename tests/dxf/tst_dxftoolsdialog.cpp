@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What a technician sees and gets in the workbench dialog, from opening a plan to the file exported.
+// What a technician sees and gets in the workbench dialog, from opening a plan to the file
+// exported.
 #include "dxf/dxfdialogtexts_p.h"
 #include "dxf/messageline_p.h"
 #include "dxf/readingprogress_p.h"
