@@ -4,6 +4,7 @@
 #include "dxf/insertfilter_p.h"
 #include <QCoreApplication>
 #include <algorithm>
+#include <unordered_set>
 
 namespace {
 
@@ -100,10 +101,15 @@ QString Search::whyNotIncluded(const SheetFilter::Attribute &include) const
 
 QString Search::tagLike(const QString &tag) const
 {
-    for (const TagUse &use : CollectTags(m_drawing))
-        if (const QString other = m_drawing.DisplayText(use.tag); isLike(other, tag))
-            return other;
-    return {};
+    QString other;
+    std::unordered_set<quint32> known; // plans repeat few tags very often
+    const bool isFound = any([&](const DxfInsert &insert) {
+        return std::ranges::any_of(m_drawing.Attributes(insert), [&](const DxfAttribute &a) {
+            return known.insert(a.tag).second &&
+                   isLike(other = m_drawing.DisplayText(m_drawing.Tag(a)), tag);
+        });
+    });
+    return isFound ? other : QString();
 }
 
 QString Search::valueLike(std::string_view tag, const QString &value) const

@@ -45,13 +45,11 @@ QString textOf(qint64 seconds)
 
 qint64 SteadySeconds(qint64 remaining, qint64 shown)
 {
-    const qint64 step = stepBelow(shown) * 1000;
-    const qint64 top = shown * 1000;
-    const bool holds = shown > 0 && remaining <= top + step / 2 && remaining > top - step * 3 / 2;
-    if (holds)
-        return shown;
+    constexpr qint64 kSlack = 500;
     const qint64 seconds = std::max(roundedUp(remaining, 1000) / 1000, qint64{1});
-    return roundedUp(seconds, stepBelow(seconds));
+    const qint64 fresh = roundedUp(seconds, stepBelow(seconds));
+    const bool isBarelyLonger = fresh > shown && remaining <= shown * 1100 + kSlack;
+    return isBarelyLonger ? shown : fresh;
 }
 
 QString RemainingTime::Text(qint64 elapsed, qint64 done, qint64 total)

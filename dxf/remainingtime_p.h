@@ -4,8 +4,8 @@
 
 #include <QString>
 
-/// Tells the time left of one work. Seconds near the end, steps of five seconds and of minutes
-/// before; a step that is shown stays until the estimate clearly leaves it.
+/// Tells the time left of one work: seconds near the end, before that steps of five seconds and of
+/// minutes. It does not rise because the estimate wavers.
 class RemainingTime
 {
 public:
@@ -21,5 +21,6 @@ private:
 /// The seconds to show for a time left, at least 1, rounded up to a step of 1 below 10 seconds, of
 /// 5 below a minute, of 60 above.
 /// @param remaining  milliseconds
-/// @param shown      the answer before; it holds while the time is within half a step of its range
+/// @param shown      the answer before, which stays while the time exceeds it by a tenth and half a
+///                   second at most; 0 when there was none
 [[nodiscard]] qint64 SteadySeconds(qint64 remaining, qint64 shown);
