@@ -165,16 +165,12 @@ private slots:
     void followsTheFilter();
     void sharesTheSelection();
     void correctsVertexPositions();
-    void saysWhyAPlanIsNotRead_data();
     void saysWhyAPlanIsNotRead();
-    void staysAsItWasWhenCancelled_data();
     void staysAsItWasWhenCancelled();
     void survivesItsEndWhileReading();
-    void takesOneDroppedFile_data();
     void takesOneDroppedFile();
     void offersRecentPlans();
     void remembersInTheUsersFiles();
-    void tellsWhatWasNotWritten_data();
     void tellsWhatWasNotWritten();
     void keepsAnOlderFileWhole();
     void hasOneMnemonicForEach();
@@ -263,39 +259,22 @@ void TestDxfToolsDialog::correctsVertexPositions()
     QCOMPARE(corners(), corrected);
 }
 
-void TestDxfToolsDialog::saysWhyAPlanIsNotRead_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("sentence");
-    QTest::newRow("not there") << QByteArray() << u"File '%1' does not exist"_s;
-    QTest::newRow("no plan at all") << "PK\3\4"_ba << u"bad.dxf: "_s;
-    QTest::newRow("a fault in a line") << "0\nSECTION\nx\n"_ba << u"bad.dxf, line 3: "_s;
-}
-
 void TestDxfToolsDialog::saysWhyAPlanIsNotRead()
 {
-    QFETCH(const QByteArray, bytes);
-    QFETCH(const QString, sentence);
     const Bench bench;
-    if (!bytes.isNull())
-        bench.put("bad.dxf", bytes);
     const QString path = bench.file("bad.dxf");
-    const QString expected = sentence.contains(u'%') ? sentence.arg(path) : sentence;
-    QVERIFY(!bench.dialog->ReadFile(path));
-    QVERIFY2(bench.said("readMessage").startsWith(expected), qPrintable(bench.said("readMessage")));
+    const auto isSaid = [&](const QString &sentence) {
+        return !bench.dialog->ReadFile(path) && bench.said("readMessage").startsWith(sentence);
+    };
+    QVERIFY(isSaid(u"File '%1' does not exist"_s.arg(path)));
+    bench.put("bad.dxf", "PK\3\4");
+    QVERIFY(isSaid(u"bad.dxf: "_s));
     QVERIFY(bench.dialog->ReadFile(bench.file("plan.dxf")));
-    QVERIFY(!bench.dialog->ReadFile(path));
-    QVERIFY(bench.said("readMessage").startsWith(expected));
+    bench.put("bad.dxf", "0\nSECTION\nx\n");
+    QVERIFY(isSaid(u"bad.dxf, line 3: "_s));
     QVERIFY(bench.said("readMessage").contains(u"plan.dxf"_s)); // which is still shown
     QCOMPARE(bench.sheets(), u"2 3 7 10"_s);
     QCOMPARE(bench.dialog->FileName(), bench.file("plan.dxf"));
-}
-
-void TestDxfToolsDialog::staysAsItWasWhenCancelled_data()
-{
-    QTest::addColumn<QString>("how");
-    for (const char *how : {"Escape", "button", "close"})
-        QTest::newRow(how) << QString::fromLatin1(how);
 }
 
 /// A plan that takes several steps to read.
@@ -306,38 +285,39 @@ QByteArray largePlan()
 
 void TestDxfToolsDialog::staysAsItWasWhenCancelled()
 {
-    QFETCH(const QString, how);
-    const Bench bench;
-    bench.put("large.dxf", largePlan());
-    bench.dialog->ReadFile(bench.file("plan.dxf"));
-    bench.filter("grpInclude", "edtIncludeTag", u"KIND"_s);
-    bench.filter("grpInclude", "edtIncludeValue", u"city"_s);
-    bench.list()->selectRow(1);
-    QTest::keyClick(bench.list(), Qt::Key_Space);
-    const QString before = bench.sheets();
-    bool hasRun = false;
-    bench.whileReading([&] {
-        hasRun = true;
-        QVERIFY(bench.dialog->IsReading());
-        QVERIFY(bench.find<QPushButton>("btnCancel")->isVisible());
-        for (const char *name : {"btnOpen", "edtIncludeTag", "sheetList", "btnExportAsGK2"})
-            QVERIFY2(!bench.find<QWidget>(name)->isEnabled(), name);
-        QVERIFY(!bench.dialog->ReadFile(bench.file("plan.dxf"))); // one after the other
-        if (how == u"Escape"_s)
-            QTest::keyClick(bench.dialog->focusWidget(), Qt::Key_Escape);
-        else if (how == u"button"_s)
-            bench.press("btnCancel");
-        else
-            bench.dialog->close();
-    });
-    QVERIFY(!bench.dialog->ReadFile(bench.file("large.dxf")));
-    QVERIFY(hasRun && !bench.dialog->IsReading());
-    QCOMPARE(bench.dialog->isVisible(), how != u"close"_s);
-    QCOMPARE(bench.sheets(), before);
-    QVERIFY(bench.said("readMessage").contains(u"cancelled"_s));
-    QVERIFY(bench.dialog->windowTitle().startsWith(u"plan.dxf"_s));
-    for (const char *name : {"btnOpen", "edtIncludeTag", "sheetList", "btnExportAsGK2"})
-        QVERIFY2(bench.find<QWidget>(name)->isEnabled(), name);
+    const auto cancelBy = [](const std::function<void(const Bench &)> &way, bool isOpenAfterwards) {
+        const Bench bench;
+        bench.put("large.dxf", largePlan());
+        bench.dialog->ReadFile(bench.file("plan.dxf"));
+        bench.filter("grpInclude", "edtIncludeTag", u"KIND"_s);
+        bench.filter("grpInclude", "edtIncludeValue", u"city"_s);
+        bench.list()->selectRow(1);
+        QTest::keyClick(bench.list(), Qt::Key_Space);
+        const auto countEnabled = [&bench] {
+            int count = 0;
+            for (const char *name : {"btnOpen", "edtIncludeTag", "sheetList", "btnExportAsGK2"})
+                count += bench.find<QWidget>(name)->isEnabled() ? 1 : 0;
+            return count;
+        };
+        bool hasRun = false;
+        bench.whileReading([&] {
+            hasRun = bench.dialog->IsReading() && bench.find<QWidget>("btnCancel")->isVisible();
+            QCOMPARE(countEnabled(), 0);
+            QVERIFY(!bench.dialog->ReadFile(bench.file("plan.dxf"))); // one after the other
+            way(bench);
+        });
+        QVERIFY(!bench.dialog->ReadFile(bench.file("large.dxf")));
+        QVERIFY(hasRun && !bench.dialog->IsReading());
+        QCOMPARE(bench.dialog->isVisible(), isOpenAfterwards);
+        QCOMPARE(bench.sheets(), u"2 [-3] 10"_s);
+        QVERIFY(bench.said("readMessage").contains(u"cancelled"_s));
+        QVERIFY(bench.dialog->windowTitle().startsWith(u"plan.dxf"_s));
+        QCOMPARE(countEnabled(), 4);
+    };
+    cancelBy([](auto &bench) { QTest::keyClick(bench.dialog->focusWidget(), Qt::Key_Escape); },
+             true);
+    cancelBy([](auto &bench) { bench.press("btnCancel"); }, true);
+    cancelBy([](auto &bench) { bench.dialog->close(); }, false);
 }
 
 void TestDxfToolsDialog::survivesItsEndWhileReading()
@@ -349,34 +329,22 @@ void TestDxfToolsDialog::survivesItsEndWhileReading()
     QVERIFY(!bench.dialog);
 }
 
-void TestDxfToolsDialog::takesOneDroppedFile_data()
-{
-    QTest::addColumn<QList<QUrl>>("urls");
-    QTest::addColumn<bool>("isTaken");
-    const QUrl plan = QUrl::fromLocalFile(u"plan.dxf"_s);
-    QTest::newRow("one plan") << QList<QUrl>{plan} << true;
-    QTest::newRow("one can be shown, so two are none") << QList<QUrl>{plan, plan} << false;
-    QTest::newRow("a web page") << QList<QUrl>{QUrl(u"https://example.org/plan.dxf"_s)} << false;
-    QTest::newRow("a text") << QList<QUrl>() << false;
-}
-
 void TestDxfToolsDialog::takesOneDroppedFile()
 {
-    QFETCH(QList<QUrl>, urls);
-    QFETCH(const bool, isTaken);
     const Bench bench;
+    const QUrl plan = QUrl::fromLocalFile(bench.file("plan.dxf"));
     QMimeData data;
-    data.setText(u"plan.dxf"_s);
-    for (QUrl &url : urls)
-        if (url.isLocalFile())
-            url = QUrl::fromLocalFile(bench.file("plan.dxf"));
-    data.setUrls(urls);
-    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
-    enter.ignore();
-    QApplication::sendEvent(bench.dialog, &enter);
-    QCOMPARE(enter.isAccepted(), isTaken);
-    if (!isTaken)
-        return;
+    const auto isTaken = [&](const QList<QUrl> &urls) {
+        data.setUrls(urls);
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        enter.ignore();
+        QApplication::sendEvent(bench.dialog, &enter);
+        return enter.isAccepted();
+    };
+    QVERIFY(!isTaken({}));
+    QVERIFY(!isTaken({QUrl(u"https://example.org/plan.dxf"_s)}));
+    QVERIFY(!isTaken({plan, plan})); // only one can be shown
+    QVERIFY(isTaken({plan}));
     QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(bench.dialog, &drop);
     QTRY_COMPARE(bench.sheets(), u"2 3 7 10"_s);
@@ -440,26 +408,20 @@ void TestDxfToolsDialog::remembersInTheUsersFiles()
     again.done(0);
 }
 
-void TestDxfToolsDialog::tellsWhatWasNotWritten_data()
-{
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<bool>("isFormatted");
-    QTest::newRow("a folder that is not there") << u"none/x.txt"_s << true;
-    QTest::newRow("a device that is full") << u"/dev/full"_s << true;
-    QTest::newRow("the plan itself") << u"plan.dxf"_s << false;
-}
-
 void TestDxfToolsDialog::tellsWhatWasNotWritten()
 {
-    QFETCH(const QString, target);
-    QFETCH(const bool, isFormatted);
     const Bench bench;
     bench.dialog->ReadFile(bench.file("plan.dxf"));
     const QByteArray plan = bench.bytes("plan.dxf");
-    const Answers answers(QDir(bench.dir.path()).filePath(target));
-    bench.press("btnExportAsGK2");
-    QVERIFY(bench.said("exportMessage").contains(target));
-    QCOMPARE(answers.said.contains(u"Export completed - Inserts written: 4"_s), isFormatted);
+    const auto check = [&](const QString &target, bool isReported) {
+        const Answers answers(target);
+        bench.press("btnExportAsGK2");
+        QVERIFY(bench.said("exportMessage").contains(target));
+        QCOMPARE(answers.said.contains(u"Export completed - Inserts written: 4"_s), isReported);
+    };
+    check(bench.file("none/x.txt"), true);
+    check(u"/dev/full"_s, true);
+    check(bench.file("plan.dxf"), false);
     QCOMPARE(bench.bytes("plan.dxf"), plan);
 }
 
