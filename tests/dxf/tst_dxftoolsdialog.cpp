@@ -32,35 +32,31 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const QByteArray kHead = "0 SECTION|2 HEADER|9 $ACADVER|1 AC1015|0 ENDSEC|0 SECTION|2 BLOCKS|";
-const QByteArray kMiddle = "|0 ENDSEC|0 SECTION|2 ENTITIES|";
-const QByteArray kTail = "|0 ENDSEC|0 EOF";
 /// A frame of 3 x 2, drawn from its lower right corner counter-clockwise.
-const QByteArray kFrame = "0 BLOCK|2 A|70 0|10 0|20 0|0 LWPOLYLINE|8 0|90 4|70 1|10 3|20 0|10 3|"
-                          "20 2|10 0|20 2|10 0|20 0|0 ENDBLK";
+const QByteArray kBlocks = "0 SECTION|2 BLOCKS|0 BLOCK|2 A|0 LWPOLYLINE|90 4|70 1|10 3|20 0|10 3|"
+                           "20 2|10 0|20 2|10 0|20 0|0 ENDBLK|0 ENDSEC|0 SECTION|2 ENTITIES|";
 const QByteArray kCorners = "   0,00        2,00    \r\n   3,00        2,00    \r\n"
                             "   3,00        0,00    \r\n   0,00        0,00    \r\n";
 
 QByteArray sheet(const QByteArray &number, const QByteArray &kind)
 {
-    return "0 INSERT|2 A|66 1|10 5|20 5|0 ATTRIB|1 " + number + "|2 BL_NR|0 ATTRIB|1 " + kind +
-           "|2 KIND|0 SEQEND";
+    return "0 INSERT|2 A|66 1|0 ATTRIB|1 " + number + "|2 BL_NR|0 ATTRIB|1 " + kind + "|2 KIND";
 }
 
-QByteArray planOf(const QByteArrayList &sheets, const QByteArray &block = kFrame)
+QByteArray planOf(const QByteArrayList &sheets)
 {
-    return asciiPlan(pairsOf(kHead + block + kMiddle + sheets.join('|') + kTail));
+    return asciiPlan(pairsOf(kBlocks + sheets.join('|') + "|0 ENDSEC|0 EOF"));
 }
 
 const QByteArrayList kFourSheets{sheet("10", "city"), sheet("2", "city"), sheet("7", "land"),
                                  sheet("3", "city")};
+/// A plan that takes several steps to read.
+const QByteArray kLargePlan = planOf(QByteArrayList(10'000, sheet("1", "city")));
 
-/// A dialog with a folder and a store of its own, read and used as people do.
-class Bench
+/// A dialog with a folder and a store of its own, used as people do.
+struct Bench
 {
-public:
     explicit Bench(const QByteArray &plan = planOf(kFourSheets))
-        : store(file("store.ini"), QSettings::IniFormat), dialog(new DxfToolsDialog({}, &store))
     {
         put("plan.dxf", plan);
         dialog->show();
@@ -68,48 +64,44 @@ public:
     ~Bench() { delete dialog; }
     Q_DISABLE_COPY_MOVE(Bench)
 
-    [[nodiscard]] QString file(const char *name) const { return dir.filePath(QLatin1String(name)); }
+    QString file(const char *name) const { return dir.filePath(QLatin1String(name)); }
     void put(const char *name, const QByteArray &bytes) const
     {
         QFile target(file(name));
         QVERIFY(target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size());
     }
-    [[nodiscard]] QByteArray bytes(const char *name) const
+    QByteArray bytes(const char *name) const
     {
         QFile source(file(name));
         return source.open(QIODevice::ReadOnly) ? source.readAll() : "none"_ba;
     }
+    bool read(const char *name = "plan.dxf") const { return dialog->ReadFile(file(name)); }
     template <typename Widget>
-    [[nodiscard]] Widget *find(const char *name) const
+    Widget *find(const char *name) const
     {
         return dialog->findChild<Widget *>(QLatin1String(name));
     }
-    [[nodiscard]] QString said(const char *line) const { return find<MessageLine>(line)->text(); }
-    [[nodiscard]] QString label(const char *name) const { return find<QLabel>(name)->text(); }
-    [[nodiscard]] QTableView *list() const { return find<QTableView>("sheetList"); }
+    QString said(const char *line) const { return find<MessageLine>(line)->text(); }
     /// "2 3 10": the numbers from top to bottom, those selected in brackets, unmarked with "-".
-    [[nodiscard]] QString sheets() const
+    QString sheets() const
     {
         QStringList texts;
-        for (int row = 0; row < list()->model()->rowCount(); ++row) {
-            const QModelIndex index = list()->model()->index(row, SheetTableModel::NumberColumn);
+        for (int row = 0; row < list->model()->rowCount(); ++row) {
+            const QModelIndex index = list->model()->index(row, SheetTableModel::NumberColumn);
             const bool isMarked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
-            const QString text = (isMarked ? u""_s : u"-"_s) + index.data().toString();
-            const bool isSelected = list()->selectionModel()->isSelected(index);
-            texts << (isSelected ? u"[%1]"_s.arg(text) : text);
+            const bool isSelected = list->selectionModel()->isSelected(index);
+            texts << (isSelected ? u"[%1%2]"_s : u"%1%2"_s)
+                         .arg(isMarked ? u""_s : u"-"_s, index.data().toString());
         }
         return texts.join(u' ');
     }
-    void filter(const char *group, const char *edit, const QString &text) const
+    void type(const char *edit, const QString &text) const
     {
-        find<QGroupBox>(group)->setChecked(true);
-        find<QLineEdit>(edit)->clear();
-        QTest::keyClicks(find<QLineEdit>(edit), text);
+        auto *field = find<QLineEdit>(edit);
+        qobject_cast<QGroupBox *>(field->parentWidget())->setChecked(true);
+        QTest::keyClicks(field, text);
     }
-    void press(const char *button) const
-    {
-        QTest::mouseClick(find<QAbstractButton>(button), Qt::LeftButton);
-    }
+    void press(const char *name) const { find<QAbstractButton>(name)->click(); }
     /// Does this as soon as the progress is shown.
     void whileReading(const std::function<void()> &action) const
     {
@@ -120,8 +112,9 @@ public:
     }
 
     QTemporaryDir dir;
-    QSettings store;
-    QPointer<DxfToolsDialog> dialog;
+    QSettings store{file("store.ini"), QSettings::IniFormat};
+    QPointer<DxfToolsDialog> dialog = new DxfToolsDialog(nullptr, &store);
+    QTableView *list = find<QTableView>("sheetList");
 };
 
 /// Answers the dialogs that wait for somebody, and keeps what they said.
@@ -180,15 +173,15 @@ void TestDxfToolsDialog::exportsWhatIsChosenAndMarked()
 {
     const Bench bench;
     QVERIFY(!bench.find<QPushButton>("btnExportAsGK2")->isEnabled());
-    QVERIFY(bench.dialog->ReadFile(bench.file("plan.dxf")));
+    QVERIFY(bench.read());
     QCOMPARE(bench.sheets(), u"2 3 7 10"_s);
-    bench.filter("grpInclude", "edtIncludeTag", u"KIND"_s);
-    bench.filter("grpInclude", "edtIncludeValue", u"city"_s);
-    bench.list()->setCurrentIndex(bench.list()->model()->index(1, 0));
-    QTest::keyClick(bench.list(), Qt::Key_Space);
+    bench.type("edtIncludeTag", u"KIND"_s);
+    bench.type("edtIncludeValue", u"city"_s);
+    bench.list->setCurrentIndex(bench.list->model()->index(1, 0));
+    QTest::keyClick(bench.list, Qt::Key_Space);
     QCOMPARE(bench.sheets(), u"2 [-3] 10"_s);
-    QCOMPARE(bench.label("lblCounter"), u"3"_s);
-    QVERIFY(bench.label("lblToBeExported").contains(u'2'));
+    QCOMPARE(bench.find<QLabel>("lblCounter")->text(), u"3"_s);
+    QVERIFY(bench.find<QLabel>("lblToBeExported")->text().contains(u'2'));
     {
         const Answers cancel{QString()};
         bench.press("btnExportAsGK2");
@@ -196,7 +189,7 @@ void TestDxfToolsDialog::exportsWhatIsChosenAndMarked()
                                            bench.file("plan.txt")}));
         QVERIFY(!QFile::exists(bench.file("plan.txt")));
     }
-    bench.list()->sortByColumn(SheetTableModel::NumberColumn, Qt::DescendingOrder);
+    bench.list->sortByColumn(SheetTableModel::NumberColumn, Qt::DescendingOrder);
     QCOMPARE(bench.sheets(), u"10 [-3] 2"_s);
     const Answers answers(bench.file("plan.txt"));
     bench.press("btnExportAsGK2");
@@ -213,14 +206,14 @@ void TestDxfToolsDialog::exportsWhatIsChosenAndMarked()
 void TestDxfToolsDialog::followsTheFilter()
 {
     const Bench bench;
-    bench.dialog->ReadFile(bench.file("plan.dxf"));
-    bench.list()->selectRow(3);
-    bench.filter("grpExclude", "edtExcludeTag", u"KIN"_s);
+    bench.read();
+    bench.list->selectRow(3);
+    bench.type("edtExcludeTag", u"KIN"_s);
     QCOMPARE(bench.sheets(), u"2 3 7 [10]"_s); // still selected
-    QTest::keyClicks(bench.find<QLineEdit>("edtExcludeTag"), u"D"_s);
-    QCOMPARE(bench.list()->model()->rowCount(), 0);
-    QCOMPARE(bench.label("lblCounter"), u"0"_s);
-    const auto *hint = bench.list()->viewport()->findChild<QLabel *>();
+    bench.type("edtExcludeTag", u"D"_s);
+    QCOMPARE(bench.list->model()->rowCount(), 0);
+    QCOMPARE(bench.find<QLabel>("lblCounter")->text(), u"0"_s);
+    const auto *hint = bench.list->viewport()->findChild<QLabel *>();
     QVERIFY(hint->isVisible() && !hint->text().isEmpty());
     // Enter in a field is no order to export or to close.
     QTest::keyClick(bench.find<QLineEdit>("edtExcludeTag"), Qt::Key_Return);
@@ -233,7 +226,7 @@ void TestDxfToolsDialog::followsTheFilter()
 void TestDxfToolsDialog::sharesTheSelection()
 {
     const Bench bench(planOf(kFourSheets + QByteArrayList{sheet("7", "town")}));
-    bench.dialog->ReadFile(bench.file("plan.dxf"));
+    bench.read();
     auto *picture = bench.dialog->findChild<SheetPictureView *>();
     emit picture->sheetsPicked({0, 2});
     QCOMPARE(bench.sheets(), u"2 3 [7] 7 [10]"_s);
@@ -248,9 +241,9 @@ void TestDxfToolsDialog::correctsVertexPositions()
 {
     const Bench bench(planOf({sheet("1", "city")}));
     const auto corners = [&bench] {
-        return bench.list()->model()->index(0, SheetTableModel::CornersColumn).data().toString();
+        return bench.list->model()->index(0, SheetTableModel::CornersColumn).data().toString();
     };
-    bench.dialog->ReadFile(bench.file("plan.dxf"));
+    bench.read();
     const QString corrected = corners();
     QTest::keyClick(bench.find<QAbstractButton>("chkCorrectVertexPositions"), Qt::Key_Space);
     QVERIFY(corners().startsWith(u"3,00 0,00"_s)); // where the draughtsman began
@@ -269,7 +262,7 @@ void TestDxfToolsDialog::saysWhyAPlanIsNotRead()
     QVERIFY(isSaid(u"File '%1' does not exist"_s.arg(path)));
     bench.put("bad.dxf", "PK\3\4");
     QVERIFY(isSaid(u"bad.dxf: "_s));
-    QVERIFY(bench.dialog->ReadFile(bench.file("plan.dxf")));
+    QVERIFY(bench.read());
     bench.put("bad.dxf", "0\nSECTION\nx\n");
     QVERIFY(isSaid(u"bad.dxf, line 3: "_s));
     QVERIFY(bench.said("readMessage").contains(u"plan.dxf"_s)); // which is still shown
@@ -277,22 +270,16 @@ void TestDxfToolsDialog::saysWhyAPlanIsNotRead()
     QCOMPARE(bench.dialog->FileName(), bench.file("plan.dxf"));
 }
 
-/// A plan that takes several steps to read.
-QByteArray largePlan()
-{
-    return planOf(QByteArrayList(10'000, sheet("1", "city")));
-}
-
 void TestDxfToolsDialog::staysAsItWasWhenCancelled()
 {
     const auto cancelBy = [](const std::function<void(const Bench &)> &way, bool isOpenAfterwards) {
         const Bench bench;
-        bench.put("large.dxf", largePlan());
-        bench.dialog->ReadFile(bench.file("plan.dxf"));
-        bench.filter("grpInclude", "edtIncludeTag", u"KIND"_s);
-        bench.filter("grpInclude", "edtIncludeValue", u"city"_s);
-        bench.list()->selectRow(1);
-        QTest::keyClick(bench.list(), Qt::Key_Space);
+        bench.put("large.dxf", kLargePlan);
+        bench.read();
+        bench.type("edtIncludeTag", u"KIND"_s);
+        bench.type("edtIncludeValue", u"city"_s);
+        bench.list->selectRow(1);
+        QTest::keyClick(bench.list, Qt::Key_Space);
         const auto countEnabled = [&bench] {
             int count = 0;
             for (const char *name : {"btnOpen", "edtIncludeTag", "sheetList", "btnExportAsGK2"})
@@ -303,10 +290,10 @@ void TestDxfToolsDialog::staysAsItWasWhenCancelled()
         bench.whileReading([&] {
             hasRun = bench.dialog->IsReading() && bench.find<QWidget>("btnCancel")->isVisible();
             QCOMPARE(countEnabled(), 0);
-            QVERIFY(!bench.dialog->ReadFile(bench.file("plan.dxf"))); // one after the other
+            QVERIFY(!bench.read()); // one after the other
             way(bench);
         });
-        QVERIFY(!bench.dialog->ReadFile(bench.file("large.dxf")));
+        QVERIFY(!bench.read("large.dxf"));
         QVERIFY(hasRun && !bench.dialog->IsReading());
         QCOMPARE(bench.dialog->isVisible(), isOpenAfterwards);
         QCOMPARE(bench.sheets(), u"2 [-3] 10"_s);
@@ -323,9 +310,9 @@ void TestDxfToolsDialog::staysAsItWasWhenCancelled()
 void TestDxfToolsDialog::survivesItsEndWhileReading()
 {
     Bench bench;
-    bench.put("large.dxf", largePlan());
+    bench.put("large.dxf", kLargePlan);
     bench.whileReading([&bench] { delete bench.dialog; });
-    QVERIFY(!bench.dialog->ReadFile(bench.file("large.dxf")));
+    QVERIFY(!bench.read("large.dxf"));
     QVERIFY(!bench.dialog);
 }
 
@@ -360,11 +347,12 @@ void TestDxfToolsDialog::offersRecentPlans()
         return menu->actions();
     };
     QVERIFY(actions().size() == 1 && !actions().first()->isEnabled());
-    bench.dialog->ReadFile(bench.file("a&b.dxf"));
-    bench.dialog->ReadFile(bench.file("plan.dxf"));
+    bench.read("a&b.dxf");
+    bench.read();
     QCOMPARE(bench.store.value("DxfToolsDialog/LastUsedFile").toString(), bench.file("plan.dxf"));
     delete bench.dialog;
     bench.dialog = new DxfToolsDialog(nullptr, &bench.store);
+    bench.list = bench.find<QTableView>("sheetList");
     QCOMPARE(actions().size(), 2);
     QVERIFY(actions().at(1)->text().startsWith(u"&2 a&&b.dxf"_s));
     actions().at(1)->trigger();
@@ -411,7 +399,7 @@ void TestDxfToolsDialog::remembersInTheUsersFiles()
 void TestDxfToolsDialog::tellsWhatWasNotWritten()
 {
     const Bench bench;
-    bench.dialog->ReadFile(bench.file("plan.dxf"));
+    bench.read();
     const QByteArray plan = bench.bytes("plan.dxf");
     const auto check = [&](const QString &target, bool isReported) {
         const Answers answers(target);
@@ -427,8 +415,8 @@ void TestDxfToolsDialog::tellsWhatWasNotWritten()
 
 void TestDxfToolsDialog::keepsAnOlderFileWhole()
 {
-    const Bench bench(largePlan());
-    bench.dialog->ReadFile(bench.file("plan.dxf"));
+    const Bench bench(kLargePlan);
+    bench.read();
     bench.put("older.txt", "older");
     const auto permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther;
     QVERIFY(QFile::setPermissions(bench.file("older.txt"), permissions));
