@@ -15,7 +15,7 @@ using Mark = LegendEntry::Mark;
 
 // Sides of sheets in pixels of the window.
 constexpr double kOutlined = 12; ///< smaller ones are spots
-constexpr double kCornered = 26; ///< smaller ones have no marks in their corners
+constexpr double kCornered = 22; ///< smaller ones have no marks in their corners
 // Heights of numbers. Smaller ones cannot be read, larger ones say no more.
 constexpr double kLeastText = 7;
 constexpr double kMostText = 60;
@@ -28,32 +28,31 @@ double sideOf(const SheetFigure &figure, double scale)
     return std::max(figure.bounds.width(), figure.bounds.height()) * scale;
 }
 
-/// A spot of the figure's colour with a darker rim, on whole pixels. At least a pixel large.
-void paintSpot(QPainter &painter, const QRectF &box, const QColor &fill, const QColor &line)
+/// Whole pixels from edge to edge, so that neighbours have the line between them in common.
+QRect spotOf(const QRectF &box)
 {
-    const int left = static_cast<int>(std::floor(box.left()));
-    const int top = static_cast<int>(std::floor(box.top()));
-    const int width = std::max(static_cast<int>(std::floor(box.right())) - left, 1);
-    const int height = std::max(static_cast<int>(std::floor(box.bottom())) - top, 1);
-    const QRect spot(left, top, width, height);
-    painter.fillRect(spot, line);
-    if (width > 2 && height > 2)
-        painter.fillRect(spot.adjusted(0, 0, -1, -1).adjusted(1, 1, 0, 0), fill);
+    return {
+        QPoint(static_cast<int>(std::floor(box.left())), static_cast<int>(std::floor(box.top()))),
+        QPoint(static_cast<int>(std::floor(box.right())),
+               static_cast<int>(std::floor(box.bottom())))};
 }
 
+/// Boxes with a faint rim: a full one would turn many into a dark mass. Selected ones stand out.
 void paintSpots(QPainter &painter, const SheetScene &scene, const std::vector<std::size_t> &spots)
 {
-    painter.setRenderHint(QPainter::Antialiasing, false);
     for (const std::size_t i : spots) {
         const SheetFigure &figure = scene.figures[i];
-        const QRectF box = scene.viewport.ToWindow(figure.bounds);
+        const QRect spot = spotOf(scene.viewport.ToWindow(figure.bounds));
         const SheetLook::Style &style = scene.look.Of(figure.kind);
-        if (scene.isSelected[i])
-            painter.fillRect(box.toAlignedRect(), scene.highlight);
-        else
-            paintSpot(painter, box, style.fill, style.line);
+        painter.fillRect(spot, MixedColour(style.fill, style.line, 0.4F));
+        if (spot.width() > 2 && spot.height() > 2)
+            painter.fillRect(spot.adjusted(1, 1, -1, -1), style.fill);
     }
-    painter.setRenderHint(QPainter::Antialiasing);
+    for (const std::size_t i : spots)
+        if (scene.isSelected[i])
+            painter.fillRect(
+                spotOf(scene.viewport.ToWindow(scene.figures[i].bounds)).adjusted(-1, -1, 1, 1),
+                scene.highlight);
 }
 
 QColor tinted(const QColor &highlight)
@@ -101,7 +100,7 @@ constexpr double kLongestBar = 110; ///< of the scale, in pixels
 double widthOf(const LegendEntry &entry, const QFontMetricsF &metrics, double gap)
 {
     if (entry.mark == Mark::ScaleBar)
-        return kLongestBar + gap + 7 * metrics.height();
+        return kLongestBar + gap + 5 * metrics.height();
     const double mark = entry.mark == Mark::None ? 0 : entry.markWidth + gap;
     return mark + metrics.horizontalAdvance(entry.text);
 }

@@ -29,13 +29,6 @@ QPointF along(QPointF from, QPointF to, double length)
     return whole > 0 ? from + way * (length / whole) : from;
 }
 
-QColor mixed(const QColor &a, const QColor &b, float part)
-{
-    return QColor::fromRgbF(std::lerp(a.redF(), b.redF(), part),
-                            std::lerp(a.greenF(), b.greenF(), part),
-                            std::lerp(a.blueF(), b.blueF(), part));
-}
-
 void paintLegend(QPainter &painter, const SheetPicture &picture, const SheetLook &look)
 {
     for (const LegendEntry &entry : picture.legend) {
@@ -63,6 +56,13 @@ const SheetLook::Style &SheetLook::Of(SheetFigure::Kind kind) const
     return labelled;
 }
 
+QColor MixedColour(const QColor &a, const QColor &b, float part)
+{
+    return QColor::fromRgbF(std::lerp(a.redF(), b.redF(), part),
+                            std::lerp(a.greenF(), b.greenF(), part),
+                            std::lerp(a.blueF(), b.blueF(), part));
+}
+
 SheetLook PaperLook()
 {
     SheetLook look{
@@ -85,15 +85,16 @@ SheetLook ScreenLook(const QPalette &palette, const QFont &font)
     const QColor ground = palette.color(QPalette::Base);
     const QColor ink = palette.color(QPalette::Text);
     const bool isDark = ground.lightnessF() < ink.lightnessF();
-    const QColor sheet = isDark ? mixed(ground, ink, 0.09F) : ground;
+    const QColor sheet = isDark ? MixedColour(ground, ink, 0.15F) : ground;
     const QColor red = isDark ? QColor(0xFF, 0x7B, 0x6E) : QColor(0xB8, 0x2E, 0x20);
     SheetLook look = PaperLook();
-    look.page = mixed(palette.color(QPalette::Window), ink, 0.03F);
+    look.page = isDark ? ground : MixedColour(palette.color(QPalette::Window), ink, 0.03F);
     look.ink = ink;
-    look.labelled = {sheet, mixed(ground, ink, 0.6F), ink, Qt::SolidLine};
-    look.unlabelled = {mixed(sheet, red, 0.24F), red, isDark ? mixed(red, ink, 0.5F) : red,
-                       Qt::SolidLine};
-    look.unnumbered = {mixed(look.page, ink, 0.09F), mixed(ground, ink, 0.45F), ink, Qt::DashLine};
+    look.labelled = {sheet, MixedColour(ground, ink, 0.6F), ink, Qt::SolidLine};
+    look.unlabelled = {MixedColour(sheet, red, 0.24F), red,
+                       isDark ? MixedColour(red, ink, 0.5F) : red, Qt::SolidLine};
+    look.unnumbered = {MixedColour(look.page, ink, 0.09F), MixedColour(ground, ink, 0.45F), ink,
+                       Qt::DashLine};
     if (isDark)
         look.corners = {QRgb{0xFF5F9DEB}, QRgb{0xFF35C4B2}, QRgb{0xFFFFC15C}, QRgb{0xFFC590DD}};
     look.font = font;

@@ -35,6 +35,9 @@ struct SheetLook
 /// Light on a light palette, dark on a dark one. Nothing shines through: it is quicker to paint.
 [[nodiscard]] SheetLook ScreenLook(const QPalette &palette, const QFont &font);
 
+/// @param part  how much of @p b there is in it, from 0 to 1
+[[nodiscard]] QColor MixedColour(const QColor &a, const QColor &b, float part);
+
 // What a figure consists of. Where sheets overlap, corners go above all outlines, and numbers above
 // all corners.
 

@@ -49,7 +49,7 @@ QRectF boundsOf(const std::vector<SheetFigure> &figures)
     return {low, high};
 }
 
-/// Legends say what colours mean; less than half of the room is theirs.
+/// Sheets are what people look for; most of the room is theirs.
 bool hasRoomForLegend(double legend, double whole)
 {
     return legend < 0.3 * whole;
@@ -400,7 +400,7 @@ void SheetPictureView::paintMessage(QPainter &painter) const
 {
     constexpr int kMargin = 24;
     painter.setFont(font());
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.setPen(palette().color(QPalette::Text));
     painter.drawText(canvas().adjusted(kMargin, kMargin, -kMargin, -kMargin),
                      Qt::AlignCenter | Qt::TextWordWrap, m_message);
 }
