@@ -31,10 +31,10 @@ double sideOf(const SheetFigure &figure, double scale)
 /// Whole pixels from edge to edge, so that neighbours have the line between them in common.
 QRect spotOf(const QRectF &box)
 {
-    return {
-        QPoint(static_cast<int>(std::floor(box.left())), static_cast<int>(std::floor(box.top()))),
-        QPoint(static_cast<int>(std::floor(box.right())),
-               static_cast<int>(std::floor(box.bottom())))};
+    constexpr double kNudge = 0.02; // common edges differ in their last bits
+    const auto pixel = [](double edge) { return static_cast<int>(std::floor(edge + kNudge)); };
+    return {QPoint(pixel(box.left()), pixel(box.top())),
+            QPoint(pixel(box.right()), pixel(box.bottom()))};
 }
 
 /// Boxes with a faint rim: a full one would turn many into a dark mass. Selected ones stand out.

@@ -360,7 +360,8 @@ void SheetPictureView::updateCursor(QPointF pos)
 
 void SheetPictureView::paintEvent(QPaintEvent *)
 {
-    if (m_cache.isNull()) {
+    const bool isOther = m_cache.devicePixelRatio() != devicePixelRatio(); // another screen's
+    if (m_cache.isNull() || isOther) {
         m_cache = QPixmap(size() * devicePixelRatio());
         m_cache.setDevicePixelRatio(devicePixelRatio());
         QPainter painter(&m_cache);
