@@ -78,6 +78,12 @@ public:
     {
         return tr("without number: %1").arg(sheets);
     }
+    static QString NoNumberInPreview() { return tr("Without sheet number"); }
+    static QString PictureName() { return tr("Picture of the sheets"); }
+    static QString PictureHelp()
+    {
+        return tr("Arrow keys move the picture, plus and minus zoom, Home shows all of it.");
+    }
     static QString UnitsInPreview(const QString &length) { return tr("%1 units").arg(length); }
     static QString NoSheets() { return tr("No insert of the plan counts as a sheet"); }
     static QString AtByte(const QString &text, qint64 offset)
