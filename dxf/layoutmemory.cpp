@@ -21,6 +21,8 @@ LayoutMemory::LayoutMemory(QWidget *dialog, DxfToolsForm &form, DxfToolsStore &s
 {
     m_dialog->setMinimumSize(kMinimumSize.expandedTo(m_dialog->minimumSizeHint()));
     m_dialog->resize(kFirstSize);
+    m_form.sides->setSizes({480, 760});
+    m_form.results->setSizes({480, 110});
     restore();
     if (UserDataManagerI *const manager = m_store.manager())
         connect(manager, &UserDataManagerI::onSavingUserConfigFiles, this, &LayoutMemory::save);
