@@ -2,10 +2,14 @@
 // What the plan tools say to their users, in one place for every face of them.
 #pragma once
 
+#include "dxf/readertext_p.h"
 #include <QCoreApplication>
 #include <QString>
 
 /// Titles, options, reports and findings. The file reader has its own messages.
+///
+/// Where something is counted, "one" has a sentence of its own: so English is right without a
+/// catalogue, which nobody then has to find and load; "%n" gives other languages all their forms.
 class DxfToolTexts
 {
     Q_DECLARE_TR_FUNCTIONS(DxfTools)
@@ -29,18 +33,22 @@ public:
 
     static QString NotOneRectangle(const QString &block, std::size_t rectangles)
     {
-        const QString begin =
-            tr("Rectangle detector detected less or more than one rectangle (Block:%1")
-                .arg(shown(block));
-        return begin + (rectangles == 0 ? tr("): none found") : tr("): %1 found").arg(rectangles));
+        const QString text =
+            rectangles == 0
+                ? tr("Rectangle detector detected less or more than one rectangle (Block:%1): "
+                     "none found")
+                : tr("Rectangle detector detected less or more than one rectangle (Block:%1): "
+                     "%n found",
+                     nullptr, textAmount(static_cast<qint64>(rectangles)));
+        return text.arg(shown(block));
     }
     static QString NoSheetNumber(const QString &block, qint64 inserts)
     {
-        return inserts == 1
-                   ? tr("An insert of block '%1' has no sheet number and is not exported")
-                         .arg(shown(block))
-                   : tr("%1 inserts of block '%2' have no sheet number and are not exported")
-                         .arg(QString::number(inserts), shown(block));
+        const QString text =
+            inserts == 1 ? tr("An insert of block '%1' has no sheet number and is not exported")
+                         : tr("%n inserts of block '%1' have no sheet number and are not exported",
+                              nullptr, textAmount(inserts));
+        return text.arg(shown(block));
     }
     static QString NoPolyline(const QString &sheet, const QString &block, bool blockExists)
     {
@@ -59,9 +67,10 @@ public:
     }
     static QString SheetsDrawn(qint64 sheets, std::size_t drawn)
     {
-        return drawn == static_cast<std::size_t>(sheets)
-                   ? (sheets == 1 ? tr("1 sheet") : tr("%1 sheets").arg(sheets))
-                   : tr("the first %1 of %2 sheets").arg(drawn).arg(sheets);
+        const int count = textAmount(sheets);
+        if (drawn < static_cast<std::size_t>(sheets))
+            return tr("the first %1 of %n sheets", nullptr, count).arg(drawn);
+        return count == 1 ? tr("1 sheet") : tr("%n sheets", nullptr, count);
     }
     static QString DrawnInPlace() { return tr("as they lie in the plan"); }
     static QString DrawnInRows() { return tr("to scale, side by side"); }
@@ -84,7 +93,10 @@ public:
     {
         return tr("Arrow keys move the picture, plus and minus zoom, Home shows all of it.");
     }
-    static QString UnitsInPreview(const QString &length) { return tr("%1 units").arg(length); }
+    static QString UnitsInPreview(const QString &length)
+    {
+        return length == QLatin1StringView("1") ? tr("1 unit") : tr("%1 units").arg(length);
+    }
     static QString NoSheets() { return tr("No insert of the plan counts as a sheet"); }
     static QString AtByte(const QString &text, qint64 offset)
     {
@@ -92,7 +104,8 @@ public:
     }
     static QString MoreOfThisKind(qint64 count)
     {
-        return tr("%1 more warnings of this kind").arg(count);
+        return count == 1 ? tr("1 more warning of this kind")
+                          : tr("%n more warnings of this kind", nullptr, textAmount(count));
     }
 
 private:

@@ -483,8 +483,11 @@ bool PlanGate::endLwPolyline()
         m_announcedVertices == kNotAnnounced || m_announcedVertices == m_vertices;
     if (!isCounted)
         return refuse(m_entityPosition,
-                      ReaderText::tr("A polyline announces %1 vertices and has %2")
-                          .arg(m_announcedVertices)
+                      (m_announcedVertices == 1
+                           ? ReaderText::tr("A polyline announces 1 vertex and has %1")
+                           : ReaderText::tr("A polyline announces %1 vertices and has %2", nullptr,
+                                            textAmount(m_announcedVertices))
+                                 .arg(m_announcedVertices))
                           .arg(m_vertices));
     if (!m_hasHead)
         endPolylineHead();

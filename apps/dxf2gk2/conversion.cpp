@@ -4,6 +4,7 @@
 #include "output.h"
 #include "progressbar.h"
 #include "system.h"
+#include "text.h"
 #include <QFileInfo>
 #include <algorithm>
 #include <kelo_base/dxf/DxfReader.h>
@@ -17,7 +18,7 @@ namespace {
 
 /// Shows one step on the bar. Interrupts are noted during writing only; before, they end the
 /// program.
-auto showing(ProgressBar &bar, QStringView step)
+auto showing(ProgressBar &bar, const QString &step)
 {
     return [&bar, step](qint64 done, qint64 total) {
         bar.show(step, done, total);
@@ -27,7 +28,7 @@ auto showing(ProgressBar &bar, QStringView step)
 
 std::optional<Failure> read(Conversion &conversion, ProgressBar &bar)
 {
-    const auto progress = showing(bar, u"reading");
+    const auto progress = showing(bar, Text::tr("reading"));
     DxfReadResult result;
     if (conversion.plan == kStandardStream) {
         QFile input;
@@ -47,7 +48,7 @@ std::optional<Failure> read(Conversion &conversion, ProgressBar &bar)
 void analyse(Conversion &conversion, const Options &options, ProgressBar &bar)
 {
     auto found = AnalyzeSheets(conversion.drawing, options.filter, options.order, conversion.plan,
-                               showing(bar, u"analysing"));
+                               showing(bar, Text::tr("analysing")));
     std::vector<Diagnostic> &all = conversion.analysis.diagnostics;
     const auto isWarning = [](const Diagnostic &d) { return d.severity == Severity::Warning; };
     found->warnings += std::ranges::count_if(all, isWarning);
@@ -61,7 +62,7 @@ std::optional<Failure> replaceFile(const Options &options, const QString &path, 
 {
     const auto isTarget = [&path](const QString &plan) { return isSameFile(plan, path); };
     if (std::ranges::any_of(options.plans, isTarget))
-        return Failure{0, u"would overwrite a plan: '%1'"_s.arg(path)};
+        return Failure{0, Text::tr("would overwrite a plan: '%1'").arg(path)};
     const InterruptWatch watch;
     OutputFile file(path);
     if (!file.open() || !fill(file.device()) || !file.commit())
@@ -74,7 +75,7 @@ std::optional<Failure> writeSheets(Conversion &conversion, const Options &option
     const QString path = outputPath(options, conversion.plan);
     const auto failure = replaceFile(options, path, [&](QIODevice &device) {
         const Gk2Result result = WriteGk2(device, conversion.drawing, conversion.analysis.sheets,
-                                          showing(bar, u"writing"));
+                                          showing(bar, Text::tr("writing")));
         conversion.written = result.written;
         return bool(result);
     });
@@ -86,7 +87,7 @@ std::optional<Failure> writeSheets(Conversion &conversion, const Options &option
 std::optional<Failure> drawPreview(const Conversion &conversion, const Options &options)
 {
     const QString title = conversion.plan == kStandardStream
-                              ? u"standard input"_s
+                              ? Text::tr("standard input")
                               : QFileInfo(conversion.plan).fileName();
     const SheetPicture picture =
         LayOutSheets(conversion.drawing, conversion.analysis.sheets, title);

@@ -6,9 +6,11 @@
 #include "progressbar.h"
 #include "report.h"
 #include "system.h"
+#include "text.h"
 #include <QGuiApplication>
 #include <algorithm>
 #include <cstdio>
+#include <kelo_base/core/Translation.h>
 #include <memory>
 
 using namespace Qt::Literals::StringLiterals;
@@ -27,13 +29,13 @@ int finish(StandardOutput &out, int status)
 {
     if (out.flush())
         return status;
-    tell(faultLine({}, 0, u"cannot write to standard output: "_s + out.error()));
+    tell(faultLine({}, 0, Text::tr("cannot write to standard output: %1").arg(out.error())));
     return PlanFailed;
 }
 
 int wrongUsage(const ParsedOptions &parsed)
 {
-    tell(faultLine({}, 0, parsed.error + u" (--help explains)"_s));
+    tell(faultLine({}, 0, Text::tr("%1 (--help explains)").arg(parsed.error)));
     if (!parsed.options.json)
         return WrongUsage;
     StandardOutput out;
@@ -56,7 +58,8 @@ QString targetConflict(const Options &options)
             places.emplace_back(placeOf(target), target);
     std::ranges::sort(places);
     const auto twice = std::ranges::adjacent_find(places, {}, &std::pair<QString, QString>::first);
-    return twice == places.end() ? QString() : u"two results would go to '%1'"_s.arg(twice->second);
+    return twice == places.end() ? QString()
+                                 : Text::tr("two results would go to '%1'").arg(twice->second);
 }
 
 void report(const Conversion &conversion, const Options &options, StandardOutput &out)
@@ -116,7 +119,7 @@ int main(int argc, char *argv[])
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments << QFile::decodeName(argv[i]);
-    const ParsedOptions parsed = parseOptions(arguments);
+    ParsedOptions parsed = parseOptions(arguments);
     const Options &options = parsed.options;
 
     // Only a picture needs fonts, and the time it takes to get ready for them; nothing needs a
@@ -126,6 +129,11 @@ int main(int argc, char *argv[])
     const std::unique_ptr<QCoreApplication> application(options.preview.isEmpty()
                                                             ? new QCoreApplication(own, argv)
                                                             : new QGuiApplication(own, argv));
+    const bool isTranslated = !options.json && InstallTranslation();
+    if (!isTranslated)
+        systemcalls::speakEnglish(); // no sentence in two languages
+    else if (!parsed.error.isEmpty())
+        parsed = parseOptions(arguments); // again: now the error is for its reader
     if (!parsed.error.isEmpty())
         return wrongUsage(parsed);
     if (options.help || options.version) {

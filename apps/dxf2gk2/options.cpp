@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What the user asks for on the command line.
 #include "options.h"
+#include "text.h"
 #include <QCommandLineParser>
 #include <QFileInfo>
 
@@ -10,27 +11,31 @@ namespace {
 
 void declare(QCommandLineParser &parser)
 {
-    parser.setApplicationDescription(u"Converts the map sheets of DXF plans to GK2 files."_s);
-    parser.addPositionalArgument(u"PLAN.dxf"_s, u"Plans to convert; \"-\" reads standard input."_s,
-                                 u"PLAN.dxf..."_s);
+    parser.setApplicationDescription(
+        Text::tr("Converts the map sheets of DXF plans to GK2 files."));
+    parser.addPositionalArgument(
+        u"PLAN.dxf"_s, Text::tr("Plans to convert; \"-\" reads standard input."), u"PLAN.dxf..."_s);
     parser.addOptions({
         {{u"o"_s, u"output"_s},
-         u"Write to FILE (one plan); \"-\" is standard output. "
-         "Default: the plan's name with the suffix .txt."_s,
+         Text::tr("Write to FILE (one plan); \"-\" is standard output. "
+                  "Default: the plan's name with the suffix .txt."),
          u"FILE"_s},
-        {{u"d"_s, u"output-dir"_s}, u"Write into the folder DIR (several plans)."_s, u"DIR"_s},
-        {u"include"_s, u"Only inserts with this attribute value."_s, u"TAG=VALUE"_s},
-        {u"exclude"_s, u"No inserts with this attribute."_s, u"TAG"_s},
-        {u"as-drawn"_s, u"Label corners in drawing order, not by where they lie."_s},
-        {u"list"_s, u"Print the sheets as a table; write nothing."_s},
-        {u"list-tags"_s, u"Print the attribute tags with counts and example values."_s},
-        {u"preview"_s, u"Draw the sheets into FILE, an .svg or .png."_s, u"FILE"_s},
-        {u"json"_s, u"Print list or summary as one JSON object, errors too."_s},
-        {u"strict"_s, u"Exit with status 3 when there were warnings."_s},
-        {{u"q"_s, u"quiet"_s}, u"Print failures only."_s},
-        {u"progress"_s, u"Show a progress bar: auto, always or never."_s, u"WHEN"_s, u"auto"_s},
-        {u"version"_s, u"Print the version."_s},
-        {{u"h"_s, u"help"_s}, u"Print this help."_s},
+        {{u"d"_s, u"output-dir"_s},
+         Text::tr("Write into the folder DIR (several plans)."),
+         u"DIR"_s},
+        {u"include"_s, Text::tr("Only inserts with this attribute value."), u"TAG=VALUE"_s},
+        {u"exclude"_s, Text::tr("No inserts with this attribute."), u"TAG"_s},
+        {u"as-drawn"_s, Text::tr("Label corners in drawing order, not by where they lie.")},
+        {u"list"_s, Text::tr("Print the sheets as a table; write nothing.")},
+        {u"list-tags"_s, Text::tr("Print the attribute tags with counts and example values.")},
+        {u"preview"_s, Text::tr("Draw the sheets into FILE, an .svg or .png."), u"FILE"_s},
+        {u"json"_s, Text::tr("Print list or summary as one JSON object, errors too; in English.")},
+        {u"strict"_s, Text::tr("Exit with status 3 when there were warnings.")},
+        {{u"q"_s, u"quiet"_s}, Text::tr("Print failures only.")},
+        {u"progress"_s, Text::tr("Show a progress bar: auto, always or never."), u"WHEN"_s,
+         u"auto"_s},
+        {u"version"_s, Text::tr("Print the version.")},
+        {{u"h"_s, u"help"_s}, Text::tr("Print this help.")},
     });
 }
 
@@ -43,23 +48,24 @@ QString conflict(const Options &o)
     const bool printsSheets =
         o.writesSheets() && (o.output == kStandardStream || (readsStandardInput && !hasTarget));
     if (o.plans.isEmpty())
-        return u"no plan given"_s;
+        return Text::tr("no plan given");
     if (o.plans.contains(QString()))
-        return u"a plan's name is empty"_s;
+        return Text::tr("a plan's name is empty");
     if (o.plans.count(kStandardStream) > 1)
-        return u"standard input can be read only once"_s;
+        return Text::tr("standard input can be read only once");
     if (hasOutput && !o.outputDir.isEmpty())
-        return u"--output and --output-dir exclude each other"_s;
+        return Text::tr("--output and --output-dir exclude each other");
     if (hasOutput && o.plans.size() > 1)
-        return u"--output takes the sheets of one plan only; use --output-dir"_s;
+        return Text::tr("--output takes the sheets of one plan only; use --output-dir");
     if (!o.preview.isEmpty() && o.plans.size() > 1)
-        return u"--preview shows one plan only"_s;
+        return Text::tr("--preview shows one plan only");
     if (hasTarget && !o.writesSheets())
-        return u"--list and --list-tags write no file; leave --output and --output-dir out"_s;
+        return Text::tr(
+            "--list and --list-tags write no file; leave --output and --output-dir out");
     if (readsStandardInput && !o.outputDir.isEmpty())
-        return u"a plan from standard input has no name for --output-dir; use --output"_s;
+        return Text::tr("a plan from standard input has no name for --output-dir; use --output");
     if (printsSheets && o.json)
-        return u"--json and the sheets cannot both go to standard output"_s;
+        return Text::tr("--json and the sheets cannot both go to standard output");
     return {};
 }
 
@@ -91,9 +97,9 @@ ParsedOptions parseOptions(const QStringList &arguments)
     for (const auto &name :
          {u"output"_s, u"output-dir"_s, u"include"_s, u"exclude"_s, u"preview"_s, u"progress"_s}) {
         if (parser.values(name).size() > 1 && parser.isSet(name))
-            return wrong(u"--%1 is given more than once"_s.arg(name));
+            return wrong(Text::tr("--%1 is given more than once").arg(name));
         if (parser.isSet(name) && parser.value(name).isEmpty())
-            return wrong(u"--%1 wants a value"_s.arg(name));
+            return wrong(Text::tr("--%1 wants a value").arg(name));
     }
     options.plans = parser.positionalArguments();
     options.output = parser.value(u"output"_s);
@@ -109,7 +115,7 @@ ParsedOptions parseOptions(const QStringList &arguments)
         const QString text = parser.value(u"include"_s);
         const qsizetype equals = text.indexOf(u'=');
         if (equals <= 0)
-            return wrong(u"--include wants TAG=VALUE, not '%1'"_s.arg(text));
+            return wrong(Text::tr("--include wants TAG=VALUE, not '%1'").arg(text));
         options.filter.include = {text.left(equals), text.mid(equals + 1)};
     }
     if (parser.isSet(u"exclude"_s))
@@ -118,13 +124,13 @@ ParsedOptions parseOptions(const QStringList &arguments)
     const QString progress = parser.value(u"progress"_s);
     const qsizetype mode = QStringList{u"auto"_s, u"always"_s, u"never"_s}.indexOf(progress);
     if (mode < 0)
-        return wrong(u"--progress is auto, always or never, not '%1'"_s.arg(progress));
+        return wrong(Text::tr("--progress is auto, always or never, not '%1'").arg(progress));
     options.progress = static_cast<ProgressMode>(mode);
 
     const bool isPicture = options.preview.endsWith(".svg"_L1, Qt::CaseInsensitive) ||
                            options.preview.endsWith(".png"_L1, Qt::CaseInsensitive);
     if (!options.preview.isEmpty() && !isPicture)
-        return wrong(u"--preview wants a file that ends in .svg or .png"_s);
+        return wrong(Text::tr("--preview wants a file that ends in .svg or .png"));
     return wrong(conflict(options));
 }
 

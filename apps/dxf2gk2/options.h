@@ -37,7 +37,8 @@ struct ParsedOptions
     QString error; ///< what is wrong with the usage; empty when nothing is
 };
 
-/// Reads the command line, the program's name in front. Looks at no file.
+/// Reads the command line, the program's name in front. Looks at no file, and wants no application;
+/// without one, or its translation, the error is in English.
 ParsedOptions parseOptions(const QStringList &arguments);
 
 /// What --help prints; wants an application object.

@@ -3,6 +3,7 @@
 #include "output.h"
 #include "options.h"
 #include "system.h"
+#include "text.h"
 #include <QDir>
 #include <QFileInfo>
 #include <QTemporaryFile>
@@ -50,7 +51,7 @@ bool OutputFile::open()
             m_error = file->errorString();
         m_device = std::move(file);
     } else if (info.isDir()) {
-        m_error = u"it is a folder"_s;
+        m_error = Text::tr("it is a folder");
     } else if (info.exists() && !info.isFile()) { // a device or pipe cannot be replaced
         m_device = std::make_unique<QFile>(m_path);
     } else {
@@ -92,8 +93,8 @@ bool OutputFile::replaceTarget(QTemporaryFile &file)
 QString OutputFile::error() const
 {
     const QString why = m_error.isEmpty() && m_device ? m_device->errorString() : m_error;
-    return m_path == kStandardStream ? u"cannot write to standard output: "_s + why
-                                     : u"cannot write '%1': %2"_s.arg(m_path, why);
+    return m_path == kStandardStream ? Text::tr("cannot write to standard output: %1").arg(why)
+                                     : Text::tr("cannot write '%1': %2").arg(m_path, why);
 }
 
 bool isSameFile(const QString &input, const QString &output)

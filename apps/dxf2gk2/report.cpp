@@ -2,12 +2,14 @@
 // What the program says: one line for each fault, tables, JSON.
 #include "report.h"
 #include "output.h"
+#include "text.h"
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <algorithm>
 #include <array>
 #include <kelo_base/dxf/Gk2Writer.h>
+#include <limits>
 #include <string>
 
 using namespace Qt::Literals::StringLiterals;
@@ -17,14 +19,14 @@ namespace {
 struct CornerColumn
 {
     VtxPosition position;
-    QLatin1StringView title;
+    const char *title;     ///< to be translated
     QLatin1StringView key; ///< in JSON
 };
 constexpr std::array kCornerColumns{
-    CornerColumn{vpTopLeft, "Top left"_L1, "topLeft"_L1},
-    CornerColumn{vpTopRight, "Top right"_L1, "topRight"_L1},
-    CornerColumn{vpBottomRight, "Bottom right"_L1, "bottomRight"_L1},
-    CornerColumn{vpBottomLeft, "Bottom left"_L1, "bottomLeft"_L1}};
+    CornerColumn{vpTopLeft, QT_TRANSLATE_NOOP("dxf2gk2", "Top left"), "topLeft"_L1},
+    CornerColumn{vpTopRight, QT_TRANSLATE_NOOP("dxf2gk2", "Top right"), "topRight"_L1},
+    CornerColumn{vpBottomRight, QT_TRANSLATE_NOOP("dxf2gk2", "Bottom right"), "bottomRight"_L1},
+    CornerColumn{vpBottomLeft, QT_TRANSLATE_NOOP("dxf2gk2", "Bottom left"), "bottomLeft"_L1}};
 using Corners = std::array<const DxfVertex *, 5>; ///< by label
 
 /// A text from a file in one line of a terminal: control characters do not reach it.
@@ -42,9 +44,25 @@ QString cell(const QString &text)
     return printable(text.size() <= kWidest ? text : text.left(kWidest - 1) + u'\u2026');
 }
 
-QString counted(qint64 count, QStringView noun)
+/// The number of a text that counts, as tr() takes it.
+int amount(qint64 count)
 {
-    return u"%1 %2%3"_s.arg(count).arg(noun, count == 1 ? u""_s : u"s"_s);
+    return static_cast<int>(std::min<qint64>(count, std::numeric_limits<int>::max()));
+}
+
+/// "12 sheets written to FILE"; only counted when they were not written.
+QString sheetsText(const Conversion &conversion)
+{
+    if (conversion.output.isEmpty()) {
+        const int sheets = amount(static_cast<qint64>(conversion.analysis.sheets.size()));
+        return sheets == 1 ? Text::tr("1 sheet") : Text::tr("%n sheets", nullptr, sheets);
+    }
+    const int written = amount(conversion.written);
+    const QString target =
+        conversion.output == kStandardStream ? Text::tr("standard output") : conversion.output;
+    return (written == 1 ? Text::tr("1 sheet written to %1")
+                         : Text::tr("%n sheets written to %1", nullptr, written))
+        .arg(target);
 }
 
 /// The labelled corners of a sheet; of two with one label the later counts, as in the export.
@@ -114,7 +132,7 @@ QStringList sheetRow(const DxfDrawing &drawing, const DxfInsert &insert)
                     cell(drawing.DisplayText(drawing.BlockName(insert)))};
     const Corners corners = cornersOf(drawing, insert);
     if (!hasCorners(corners))
-        return row << u"no corners"_s;
+        return row << Text::tr("no corners");
     for (const CornerColumn &column : kCornerColumns)
         row << cornerText(corners[static_cast<std::size_t>(column.position)]);
     return row;
@@ -203,22 +221,21 @@ QString warningLine(const QString &plan, const Diagnostic &diagnostic)
 QString summaryLine(const Conversion &conversion)
 {
     const SheetAnalysis &analysis = conversion.analysis;
-    QString text = conversion.plan + ": "_L1;
-    if (conversion.output.isEmpty())
-        text += counted(static_cast<qint64>(analysis.sheets.size()), u"sheet");
-    else
-        text += counted(conversion.written, u"sheet") + " written to "_L1 +
-                (conversion.output == kStandardStream ? u"standard output"_s : conversion.output);
-    text += u", %1 skipped, "_s.arg(analysis.skipped) + counted(analysis.warnings, u"warning");
-    return printable(text);
+    const int skipped = amount(analysis.skipped);
+    const int warnings = amount(analysis.warnings);
+    const QStringList parts{
+        sheetsText(conversion),
+        skipped == 1 ? Text::tr("1 skipped") : Text::tr("%n skipped", nullptr, skipped),
+        warnings == 1 ? Text::tr("1 warning") : Text::tr("%n warnings", nullptr, warnings)};
+    return printable(conversion.plan + ": "_L1 + parts.join(", "_L1));
 }
 
 void printSheets(StandardOutput &out, const Conversion &conversion)
 {
     const DxfDrawing &drawing = conversion.drawing;
-    QStringList titles{u"Number"_s, u"Value"_s, u"Block"_s};
+    QStringList titles{Text::tr("Number"), Text::tr("Value"), Text::tr("Block")};
     for (const CornerColumn &column : kCornerColumns)
-        titles << column.title;
+        titles << Text::tr(column.title);
     Table table(titles);
     for (const quint32 sheet : conversion.analysis.sheets)
         table.measure(sheetRow(drawing, drawing.Inserts()[sheet]));
@@ -233,7 +250,7 @@ void printSheets(StandardOutput &out, const Conversion &conversion)
 void printTags(StandardOutput &out, const Conversion &conversion)
 {
     const DxfDrawing &drawing = conversion.drawing;
-    Table table({u"Inserts"_s, u"Tag"_s, u"Example values"_s});
+    Table table({Text::tr("Inserts"), Text::tr("Tag"), Text::tr("Example values")});
     QList<QStringList> rows;
     for (const TagUse &tag : tagsByUse(drawing)) {
         QStringList examples = examplesOf(drawing, tag);

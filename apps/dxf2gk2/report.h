@@ -8,7 +8,8 @@
 class StandardOutput;
 
 /// "dxf2gk2: PLAN: line N: what was wrong", without what is empty or 0, in one line whatever the
-/// texts hold.
+/// texts hold. What stands before the text is the same in every language, "warning:" too: scripts
+/// look for it.
 QString faultLine(const QString &plan, qint64 line, const QString &what);
 QString warningLine(const QString &plan, const Diagnostic &diagnostic);
 /// "PLAN: 12 sheets written to FILE, 1 skipped, 2 warnings"

@@ -13,6 +13,9 @@ void prepareStreams();
 
 bool isTerminal(int descriptor);
 
+/// Lets the system's own messages be English from now on, whatever the locale.
+void speakEnglish();
+
 /// What the user's mask leaves a new file of reading and writing.
 QFileDevice::Permissions newFilePermissions();
 

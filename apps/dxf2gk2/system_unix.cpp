@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What the program needs of the operating system beside files, on Unix.
 #include "system.h"
+#include <clocale>
 #include <csignal>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -33,6 +34,11 @@ void prepareStreams()
 bool isTerminal(int descriptor)
 {
     return isatty(descriptor) == 1;
+}
+
+void speakEnglish()
+{
+    std::setlocale(LC_MESSAGES, "C");
 }
 
 QFileDevice::Permissions newFilePermissions()

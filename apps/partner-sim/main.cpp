@@ -11,22 +11,30 @@
 #include <QTimer>
 #include <QUuid>
 #include <cstdio>
+#include <kelo_base/core/Translation.h>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const char kHelp[] =
+class Text
+{
+    Q_DECLARE_TR_FUNCTIONS(PartnerSim)
+};
+
+const char kHelp[] = QT_TRANSLATE_NOOP(
+    "PartnerSim",
     "Plays the partner program: sends commands to the viewer and prints what it receives.\n"
     "\n"
     "Commands: \"goto X Y [NORTH [HEIGHT]]\", \"find OBJECT\", test, \"integer N\",\n"
     "\"raw NAME PARAMETERS\"; with the word front behind it, the viewer shall come to the front.\n"
     "Without commands it listens. Example:\n"
-    "  partner-sim /tmp/exchange \"goto 3500000 5800000 0 250\" \"find ABC front\"";
+    "  partner-sim /tmp/exchange \"goto 3500000 5800000 0 250\" \"find ABC front\"");
 
 int refuse(const QString &reason)
 {
-    std::fprintf(stderr, "partner-sim: %s (--help explains)\n", qUtf8Printable(reason));
+    const QString text = Text::tr("%1 (--help explains)").arg(reason);
+    std::fprintf(stderr, "partner-sim: %s\n", qUtf8Printable(text));
     return 2;
 }
 
@@ -45,31 +53,36 @@ std::optional<Manner> mannerOf(const QString &name)
 int main(int argc, char **argv)
 {
     const QCoreApplication app(argc, argv);
+    InstallTranslation();
     QCommandLineParser parser;
-    parser.setApplicationDescription(QString::fromLatin1(kHelp));
+    parser.setApplicationDescription(Text::tr(kHelp));
     parser.addHelpOption();
-    parser.addPositionalArgument(u"directory"_s, u"Where the exchange files are."_s);
-    parser.addPositionalArgument(u"commands"_s, u"What to send, in order."_s, u"[commands...]"_s);
+    parser.addPositionalArgument(u"directory"_s, Text::tr("Where the exchange files are."));
+    parser.addPositionalArgument(u"commands"_s, Text::tr("What to send, in order."),
+                                 u"[commands...]"_s);
     parser.addOptions({
-        {u"script"_s, u"Send the commands in a file, one a line, before the others."_s, u"file"_s},
-        {u"listen"_s, u"Go on receiving when all is sent."_s},
-        {u"json"_s, u"Print JSON objects, one a line."_s},
-        {u"sender"_s, u"Go on as this sender: command k has number k."_s, u"id"_s},
-        {u"repeat"_s, u"Send a command again when there is silence."_s},
-        {u"silence"_s, u"Milliseconds until no answer is silence."_s, u"ms"_s, u"10000"_s},
-        {u"poll"_s, u"Milliseconds between two looks at the files."_s, u"ms"_s, u"1000"_s},
-        {u"journal"_s, u"Append what is received to a file, each exactly once."_s, u"file"_s},
-        {u"refuse"_s, u"Refuse what is received."_s},
-        {u"clumsy"_s, u"Write like a careless partner: plain, bytes or half."_s, u"manner"_s},
+        {u"script"_s, Text::tr("Send the commands in a file, one a line, before the others."),
+         u"file"_s},
+        {u"listen"_s, Text::tr("Go on receiving when all is sent.")},
+        {u"json"_s, Text::tr("Print JSON objects, one a line.")},
+        {u"sender"_s, Text::tr("Go on as this sender: command k has number k."), u"id"_s},
+        {u"repeat"_s, Text::tr("Send a command again when there is silence.")},
+        {u"silence"_s, Text::tr("Milliseconds until no answer is silence."), u"ms"_s, u"10000"_s},
+        {u"poll"_s, Text::tr("Milliseconds between two looks at the files."), u"ms"_s, u"1000"_s},
+        {u"journal"_s, Text::tr("Append what is received to a file, each exactly once."),
+         u"file"_s},
+        {u"refuse"_s, Text::tr("Refuse what is received.")},
+        {u"clumsy"_s, Text::tr("Write like a careless partner: plain, bytes or half."),
+         u"manner"_s},
     });
     parser.process(app);
 
     QStringList lines = parser.positionalArguments();
     if (lines.isEmpty() || !QDir(lines[0]).exists())
-        return refuse(u"there is no exchange directory"_s);
+        return refuse(Text::tr("there is no exchange directory"));
     const auto manner = mannerOf(parser.value(u"clumsy"_s));
     if (!manner)
-        return refuse(u"unknown manner"_s);
+        return refuse(Text::tr("unknown manner"));
     const QString sender = parser.isSet(u"sender"_s)
                                ? parser.value(u"sender"_s)
                                : QUuid::createUuid().toString(QUuid::WithoutBraces);
@@ -84,13 +97,13 @@ int main(int argc, char **argv)
     if (parser.isSet(u"script"_s)) {
         QFile script(parser.value(u"script"_s));
         if (!script.open(QIODevice::ReadOnly))
-            return refuse(u"cannot read "_s + script.fileName());
+            return refuse(Text::tr("cannot read '%1'").arg(script.fileName()));
         lines = QString::fromUtf8(script.readAll()).split(u'\n') + lines;
     }
     QString fault;
     const auto commands = parseScript(lines, fault);
     if (!commands)
-        return refuse(u"no command: "_s + fault);
+        return refuse(Text::tr("no command: %1").arg(fault));
 
     Sender outgoing(options, *commands);
     Receiver incoming(options);

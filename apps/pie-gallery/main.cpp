@@ -17,6 +17,7 @@
 #include <kelo_base/actions/ActionManager.h>
 #include <kelo_base/actions/ContextMenuLayout.h>
 #include <kelo_base/actions/FunctionFilter.h>
+#include <kelo_base/core/Translation.h>
 #include <kelo_base/menus/ActionSectorMenu.h>
 #include <memory>
 #include <vector>
@@ -25,38 +26,47 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+class Text
+{
+    Q_DECLARE_TR_FUNCTIONS(PieGallery)
+};
+
 struct Function
 {
-    const char *english;
-    const char *german;
+    const char *text; ///< to be translated
     const char *glyph;
 };
 
 constexpr Function kFunctions[] = {
-    {"Zoom &in", "Ver&größern", "o 10,10 6; 14.5,14.5 20,20; 7,10 13,10; 10,7 10,13"},
-    {"Zoom &out", "Ver&kleinern", "o 10,10 6; 14.5,14.5 20,20; 7,10 13,10"},
-    {"&Measure", "Strecke &messen", "3,16 16,3 21,8 8,21 3,16; 7,12 9,14; 10,9 13,12; 13,6 15,8"},
-    {"&North up", "&Nach Norden drehen", "12,3 17,20 12,16 7,20 12,3; 12,3 12,16"},
-    {"&Print", "&Drucken",
+    {QT_TRANSLATE_NOOP("PieGallery", "Zoom &in"),
+     "o 10,10 6; 14.5,14.5 20,20; 7,10 13,10; 10,7 10,13"},
+    {QT_TRANSLATE_NOOP("PieGallery", "Zoom &out"), "o 10,10 6; 14.5,14.5 20,20; 7,10 13,10"},
+    {QT_TRANSLATE_NOOP("PieGallery", "&Measure"),
+     "3,16 16,3 21,8 8,21 3,16; 7,12 9,14; 10,9 13,12; 13,6 15,8"},
+    {QT_TRANSLATE_NOOP("PieGallery", "&North up"), "12,3 17,20 12,16 7,20 12,3; 12,3 12,16"},
+    {QT_TRANSLATE_NOOP("PieGallery", "&Print"),
      "7,9 7,3 17,3 17,9; 7,17 3,17 3,9 21,9 21,17 17,17; 7,14 7,21 17,21 17,14 7,14"},
-    {"&Grid", "&Gitternetz", "3,3 21,3 21,21 3,21 3,3; 9,3 9,21; 15,3 15,21; 3,9 21,9; 3,15 21,15"},
-    {"&Bookmark", "&Lesezeichen setzen", "7,3 17,3 17,21 12,16 7,21 7,3"},
-    {"&Whole plan", "Ganzer &Plan",
+    {QT_TRANSLATE_NOOP("PieGallery", "&Grid"),
+     "3,3 21,3 21,21 3,21 3,3; 9,3 9,21; 15,3 15,21; 3,9 21,9; 3,15 21,15"},
+    {QT_TRANSLATE_NOOP("PieGallery", "&Bookmark"), "7,3 17,3 17,21 12,16 7,21 7,3"},
+    {QT_TRANSLATE_NOOP("PieGallery", "&Whole plan"),
      "3,8 3,3 8,3; 16,3 21,3 21,8; 21,16 21,21 16,21; 8,21 3,21 3,16; 9,9 15,9 15,15 9,15 9,9"},
-    {"&Pan", "&Verschieben",
+    {QT_TRANSLATE_NOOP("PieGallery", "&Pan"),
      "12,3 12,21; 3,12 21,12; 9,6 12,3 15,6; 9,18 12,21 15,18; 6,9 3,12 6,15; 18,9 21,12 18,15"},
-    {"&Note", "N&otiz anheften",
+    {QT_TRANSLATE_NOOP("PieGallery", "&Note"),
      "4,4 20,4 20,14 14,20 4,20 4,4; 14,20 14,14 20,14; 8,9 16,9; 8,13 11,13"},
-    {"&Copy", "Ausschnitt k&opieren", "8,8 20,8 20,20 8,20 8,8; 8,16 4,16 4,4 16,4 16,8"},
-    {"&Undo", "&Rückgängig", "8,4 4,8 8,12; 4,8 15,8 20,12 20,15 16,19 9,19"},
+    {QT_TRANSLATE_NOOP("PieGallery", "&Copy"), "8,8 20,8 20,20 8,20 8,8; 8,16 4,16 4,4 16,4 16,8"},
+    {QT_TRANSLATE_NOOP("PieGallery", "&Undo"), "8,4 4,8 8,12; 4,8 15,8 20,12 20,15 16,19 9,19"},
 };
 constexpr Function kLayers[] = {
-    {"&Streets", "&Straßen", "8,21 10,3; 16,21 14,3; 12,5 12,8; 12,11 12,14; 12,17 12,20"},
-    {"&Buildings", "&Gebäude", "4,21 4,10 12,4 20,10 20,21 4,21; 10,21 10,14 14,14 14,21"},
-    {"&Water", "Ge&wässer",
+    {QT_TRANSLATE_NOOP("PieGallery", "&Streets"),
+     "8,21 10,3; 16,21 14,3; 12,5 12,8; 12,11 12,14; 12,17 12,20"},
+    {QT_TRANSLATE_NOOP("PieGallery", "&Buildings"),
+     "4,21 4,10 12,4 20,10 20,21 4,21; 10,21 10,14 14,14 14,21"},
+    {QT_TRANSLATE_NOOP("PieGallery", "&Water"),
      "3,8 7,6 11,8 15,6 21,8; 3,13 7,11 11,13 15,11 21,13; 3,18 7,16 11,18 15,16 21,18"},
-    {"&Trees", "&Bäume", "o 12,9 6; 12,9 12,21; 12,14 15,11"},
-    {"&Heights", "&Höhenlinien", "2,19 9,6 13,13 16,9 22,19 2,19"},
+    {QT_TRANSLATE_NOOP("PieGallery", "&Trees"), "o 12,9 6; 12,9 12,21; 12,14 15,11"},
+    {QT_TRANSLATE_NOOP("PieGallery", "&Heights"), "2,19 9,6 13,13 16,9 22,19 2,19"},
 };
 constexpr const char *kLayersGlyph = "12,3 21,8 12,13 3,8 12,3; 3,12 12,17 21,12; 3,16 12,21 21,16";
 constexpr int kFirstLayerId = 100;
@@ -67,7 +77,7 @@ const FilterByContextId kEverywhere(-1, -1, -1);
 class Gallery : public QObject
 {
 public:
-    explicit Gallery(bool isGerman) : m_isGerman(isGerman)
+    Gallery()
     {
         int id = 0;
         for (const Function &function : kFunctions)
@@ -90,7 +100,7 @@ public:
         fill(*menu, 0, count - 1);
         auto layers =
             std::make_unique<ActionSectorMenu>(m_manager, innerRadius, outerRadius * 4 / 5);
-        layers->setText(m_isGerman ? u"&Ebenen"_s : u"&Layers"_s);
+        layers->setText(Text::tr("&Layers"));
         layers->setIcon(glyphIcon(kLayersGlyph));
         fill(*layers, kFirstLayerId, static_cast<int>(std::size(kLayers)));
         menu->insertItem(layers.release(), kLayersAt);
@@ -102,9 +112,8 @@ public:
 private:
     QAction *add(int id, const Function &function)
     {
-        const char *text = m_isGerman ? function.german : function.english;
         m_actions.push_back(
-            std::make_unique<QAction>(glyphIcon(function.glyph), QString::fromUtf8(text)));
+            std::make_unique<QAction>(glyphIcon(function.glyph), Text::tr(function.text)));
         m_manager.RegisterAction(MakeActionData(id, 0, 0, m_actions.back().get(), false, 0));
         return m_actions.back().get();
     }
@@ -117,7 +126,6 @@ private:
         sectors.fillByLayout(layout, kEverywhere);
     }
 
-    bool m_isGerman;
     std::vector<std::unique_ptr<QAction>> m_actions;
     ActionManager m_manager;
 };
@@ -194,17 +202,17 @@ bool savePicture(Gallery &gallery, int count, const QString &path)
 int showWindow(Gallery &gallery, int count)
 {
     QWidget window;
-    window.setWindowTitle(u"Pie menus"_s);
+    window.setWindowTitle(Text::tr("Pie menus"));
     auto *column = new QVBoxLayout(&window);
     auto *row = new QHBoxLayout;
     auto *counts = new QComboBox;
-    auto *atParent = new QCheckBox(u"Sub-menus at the same place"_s);
-    auto *isAutomatic = new QCheckBox(u"Sub-menus at once"_s);
-    auto *isFading = new QCheckBox(u"Fade in"_s);
-    auto *chosen = new QLabel(u"Press a mouse button on the plan, or the space bar."_s);
+    auto *atParent = new QCheckBox(Text::tr("Sub-menus at the same place"));
+    auto *isAutomatic = new QCheckBox(Text::tr("Sub-menus at once"));
+    auto *isFading = new QCheckBox(Text::tr("Fade in"));
+    auto *chosen = new QLabel(Text::tr("Press a mouse button on the plan, or the space bar."));
     auto *plan = new PlanView;
     for (const int items : {4, 8, 12})
-        counts->addItem(u"%1 items"_s.arg(items), items);
+        counts->addItem(Text::tr("%n items", nullptr, items), items);
     counts->setCurrentIndex(std::max(counts->findData(count), 0));
     for (QWidget *option : {static_cast<QWidget *>(counts), static_cast<QWidget *>(atParent),
                             static_cast<QWidget *>(isAutomatic), static_cast<QWidget *>(isFading)})
@@ -241,14 +249,14 @@ int showWindow(Gallery &gallery, int count)
 int main(int argc, char **argv)
 {
     QApplication app(argc, argv);
+    InstallTranslation();
     QCommandLineParser parser;
-    const QCommandLineOption items(u"items"_s, u"4, 8 or 12 items."_s, u"number"_s, u"8"_s);
-    const QCommandLineOption theme(u"theme"_s, u"light, dark or contrast."_s, u"name"_s,
+    const QCommandLineOption items(u"items"_s, Text::tr("4, 8 or 12 items."), u"number"_s, u"8"_s);
+    const QCommandLineOption theme(u"theme"_s, Text::tr("light, dark or contrast."), u"name"_s,
                                    u"light"_s);
-    const QCommandLineOption german(u"german"_s, u"Functions with German names."_s);
-    const QCommandLineOption picture(u"picture"_s, u"Save a picture instead of opening a window."_s,
-                                     u"file"_s);
-    parser.addOptions({items, theme, german, picture});
+    const QCommandLineOption picture(
+        u"picture"_s, Text::tr("Save a picture instead of opening a window."), u"file"_s);
+    parser.addOptions({items, theme, picture});
     parser.addHelpOption();
     parser.process(app);
 
@@ -257,7 +265,7 @@ int main(int argc, char **argv)
     if (name != u"light"_s)
         QApplication::setPalette(name == u"dark"_s ? darkPalette() : contrastPalette());
     const int count = std::clamp(parser.value(items).toInt(), 3, 12);
-    Gallery gallery(parser.isSet(german));
+    Gallery gallery;
     if (!parser.isSet(picture))
         return showWindow(gallery, count);
     return savePicture(gallery, count, parser.value(picture)) ? 0 : 1;

@@ -47,6 +47,7 @@ private slots:
     void keepsLinksAndPermissions();
     void filtersAndLists();
     void printsJson();
+    void speaksGermanToPeople();
     void countsWarningsWhenStrict();
     void drawsPreviewsAndProgress();
     void leavesNothingBehindWhenKilled();
@@ -62,6 +63,8 @@ private:
 void TestDxf2gk2::init()
 {
     qputenv("D", DXF2GK2);
+    qputenv("LC_ALL", "C.UTF-8");
+    qunsetenv("LANGUAGE");
     m_dir = std::make_unique<QTemporaryDir>();
     put("plan.dxf", planWith({"2", "1"}));
 }
@@ -228,6 +231,28 @@ void TestDxf2gk2::printsJson()
     const QJsonValue summary = QJsonDocument::fromJson(r.out)["plans"_L1][0];
     QCOMPARE(summary["written"_L1].toInt(), 2);
     QCOMPARE(summary["output"_L1].toString(), u"plan.txt"_s);
+}
+
+void TestDxf2gk2::speaksGermanToPeople()
+{
+    put("p.dxf", planWith({"7", "7"}));
+    const auto german = [this](const QByteArray &line) {
+        return shell("LC_ALL=de_DE.UTF-8 $D " + line);
+    };
+    const QByteArray warning =
+        "dxf2gk2: p.dxf: line 53: warning: Mehr als ein Blatt hat die Blattnummer „7“\n";
+    QCOMPARE(german("p.dxf").err,
+             warning + "p.dxf: 2 Blätter nach p.txt geschrieben, 0 übersprungen, 1 Warnung\n");
+    QVERIFY(german("--list p.dxf").out.startsWith("Nummer  Wert  Block  Oben links "));
+    QCOMPARE(german("none.dxf").err, "dxf2gk2: none.dxf: Die Datei „none.dxf“ gibt es nicht\n"_ba);
+    // The toolkit's sentence in ours; and the usage is read before a language is known.
+    QCOMPARE(german("-x").err, "dxf2gk2: unbekannte Option 'x' (Hilfe mit --help)\n"_ba);
+    QVERIFY(german("--help").out.contains("\nOptionen:\n"));
+    for (const QByteArray line : {"p.dxf none.dxf", "--list --list-tags p.dxf", "-x", ""}) {
+        const Outcome english = shell("$D --json " + line);
+        const Outcome r = german("--json " + line);
+        QVERIFY2(r.out == english.out && r.err == english.err && !r.out.isEmpty(), line);
+    }
 }
 
 void TestDxf2gk2::countsWarningsWhenStrict()

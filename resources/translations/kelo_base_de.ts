@@ -1,0 +1,831 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+<context>
+    <name>ActionManager</name>
+    <message>
+        <source>Unknown Category</source>
+        <translation>Unbekannte Kategorie</translation>
+    </message>
+</context>
+<context>
+    <name>ActionSectorMenu</name>
+    <message>
+        <source>More</source>
+        <translation>Weitere</translation>
+    </message>
+</context>
+<context>
+    <name>DxfReader</name>
+    <message>
+        <source>The file ends in the middle of a pair of lines</source>
+        <translation>Die Datei endet mitten in einem Zeilenpaar</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no group code</source>
+        <translation>„%1“ ist kein Gruppencode</translation>
+    </message>
+    <message>
+        <source>%1 is no group code</source>
+        <translation>%1 ist kein Gruppencode</translation>
+    </message>
+    <message>
+        <source>The file ends in the middle of a value</source>
+        <translation>Die Datei endet mitten in einem Wert</translation>
+    </message>
+    <message>
+        <source>Block &apos;%1&apos; is defined twice; the first definition holds</source>
+        <translation>Der Block „%1“ ist doppelt definiert; es gilt die erste Definition</translation>
+    </message>
+    <message>
+        <source>The sheet number &apos;%1&apos; belongs to no insert</source>
+        <translation>Die Blattnummer „%1“ gehört zu keiner Blockeinfügung</translation>
+    </message>
+    <message>
+        <source>Cannot be read: %1</source>
+        <translation>Lässt sich nicht lesen: %1</translation>
+    </message>
+    <message>
+        <source>Reading was cancelled</source>
+        <translation>Das Lesen wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>Was changed while it was being read</source>
+        <translation>Wurde während des Lesens geändert</translation>
+    </message>
+    <message>
+        <source>There is no section in it, so it is no DXF drawing</source>
+        <translation>Enthält keinen Abschnitt und ist daher keine DXF-Zeichnung</translation>
+    </message>
+    <message>
+        <source>The end mark (EOF) is missing; the file looks cut short</source>
+        <translation>Die Endmarke (EOF) fehlt; die Datei ist vermutlich abgeschnitten</translation>
+    </message>
+    <message>
+        <source>at byte %1: %2</source>
+        <translation>bei Byte %1: %2</translation>
+    </message>
+    <message>
+        <source>File &apos;%1&apos; does not exist</source>
+        <translation>Die Datei „%1“ gibt es nicht</translation>
+    </message>
+    <message>
+        <source>Is a folder, not a plan</source>
+        <translation>Ist ein Ordner, kein Plan</translation>
+    </message>
+    <message>
+        <source>Cannot be opened: %1</source>
+        <translation>Lässt sich nicht öffnen: %1</translation>
+    </message>
+    <message>
+        <source>This is a DWG drawing (%1); save it as DXF first</source>
+        <translation>Das ist eine DWG-Zeichnung (%1); bitte zuerst als DXF speichern</translation>
+    </message>
+    <message>
+        <source>This is a DXB drawing; save it as DXF first</source>
+        <translation>Das ist eine DXB-Zeichnung; bitte zuerst als DXF speichern</translation>
+    </message>
+    <message>
+        <source>This is a PDF document; export the drawing as DXF instead</source>
+        <translation>Das ist ein PDF-Dokument; bitte die Zeichnung als DXF exportieren</translation>
+    </message>
+    <message>
+        <source>This is a ZIP archive; unpack it first</source>
+        <translation>Das ist ein ZIP-Archiv; bitte zuerst entpacken</translation>
+    </message>
+    <message>
+        <source>This is a gzip archive; unpack it first</source>
+        <translation>Das ist ein gzip-Archiv; bitte zuerst entpacken</translation>
+    </message>
+    <message>
+        <source>The file is empty</source>
+        <translation>Die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>This is text in UTF-16; save it as DXF in UTF-8 or ANSI</source>
+        <translation>Das ist Text in UTF-16; bitte als DXF in UTF-8 oder ANSI speichern</translation>
+    </message>
+    <message>
+        <source>This is text, but no DXF drawing</source>
+        <translation>Das ist Text, aber keine DXF-Zeichnung</translation>
+    </message>
+    <message>
+        <source>This is no DXF drawing</source>
+        <translation>Das ist keine DXF-Zeichnung</translation>
+    </message>
+    <message>
+        <source>The lines end with CR alone; save the plan with LF or CR LF</source>
+        <translation>Die Zeilen enden nur mit CR; bitte den Plan mit LF oder CR LF speichern</translation>
+    </message>
+    <message>
+        <source>A block stands outside of the blocks</source>
+        <translation>Ein Block steht außerhalb des Abschnitts der Blöcke</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; stands outside of any section</source>
+        <translation>„%1“ steht außerhalb aller Abschnitte</translation>
+    </message>
+    <message>
+        <source>The plan is too large: its texts or vertices exceed four thousand millions</source>
+        <translation>Der Plan ist zu groß: mehr als vier Milliarden Eckpunkte oder Zeichen in Texten</translation>
+    </message>
+    <message>
+        <source>A polyline cannot have %1 vertices</source>
+        <translation>Eine Polylinie kann nicht %1 Eckpunkte haben</translation>
+    </message>
+    <message>
+        <source>A vertex without Y</source>
+        <translation>Ein Eckpunkt ohne Y</translation>
+    </message>
+    <message>
+        <source>A vertex without X</source>
+        <translation>Ein Eckpunkt ohne X</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no coordinate</source>
+        <translation>„%1“ ist keine Koordinate</translation>
+    </message>
+    <message>
+        <source>The text has more than %1 bytes</source>
+        <translation>Der Text hat mehr als %1 Byte</translation>
+    </message>
+    <message>
+        <source>The text holds a NUL or a line feed</source>
+        <translation>Der Text enthält ein NUL-Zeichen oder einen Zeilenvorschub</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no whole number</source>
+        <translation>„%1“ ist keine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>A block without a name is left out</source>
+        <translation>Ein Block ohne Namen wird ausgelassen</translation>
+    </message>
+    <message>
+        <source>A polyline announces 1 vertex and has %1</source>
+        <translation>Eine Polylinie kündigt 1 Eckpunkt an und hat %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>A polyline announces %1 vertices and has %2</source>
+        <translation>
+            <numerusform>Eine Polylinie kündigt %1 Eckpunkt an und hat %2</numerusform>
+            <numerusform>Eine Polylinie kündigt %1 Eckpunkte an und hat %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>An insert without a block name is left out</source>
+        <translation>Eine Blockeinfügung ohne Blocknamen wird ausgelassen</translation>
+    </message>
+</context>
+<context>
+    <name>DxfTools</name>
+    <message>
+        <source>Read File</source>
+        <translation>Datei lesen</translation>
+    </message>
+    <message>
+        <source>Analyze File</source>
+        <translation>Datei auswerten</translation>
+    </message>
+    <message>
+        <source>Analyze file failed!</source>
+        <translation>Die Auswertung der Datei ist fehlgeschlagen!</translation>
+    </message>
+    <message>
+        <source>Correct Vertex Positions</source>
+        <translation>Lage der Eckpunkte berichtigen</translation>
+    </message>
+    <message>
+        <source>Only include blocks WITH</source>
+        <translation>Nur Blöcke MIT</translation>
+    </message>
+    <message>
+        <source>Do not include blocks WITH</source>
+        <translation>Keine Blöcke MIT</translation>
+    </message>
+    <message>
+        <source>Export DXF as Kelo-GK2</source>
+        <translation>DXF als Kelo-GK2 exportieren</translation>
+    </message>
+    <message>
+        <source>DFX GK2 Export</source>
+        <translation>DFX-GK2-Export</translation>
+    </message>
+    <message>
+        <source>Export completed - Inserts written: %1</source>
+        <translation>Export abgeschlossen – geschriebene Blockeinfügungen: %1</translation>
+    </message>
+    <message>
+        <source>Rectangle detector detected less or more than one rectangle (Block:%1): none found</source>
+        <translation>Die Rechteckerkennung fand weniger oder mehr als ein Rechteck (Block: %1): keines gefunden</translation>
+    </message>
+    <message numerus="yes">
+        <source>Rectangle detector detected less or more than one rectangle (Block:%1): %n found</source>
+        <translation>
+            <numerusform>Die Rechteckerkennung fand weniger oder mehr als ein Rechteck (Block: %1): %n gefunden</numerusform>
+            <numerusform>Die Rechteckerkennung fand weniger oder mehr als ein Rechteck (Block: %1): %n gefunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>An insert of block &apos;%1&apos; has no sheet number and is not exported</source>
+        <translation>Eine Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n inserts of block &apos;%1&apos; have no sheet number and are not exported</source>
+        <translation>
+            <numerusform>%n Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert</numerusform>
+            <numerusform>%n Blockeinfügungen des Blocks „%1“ haben keine Blattnummer und werden nicht exportiert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; is not exported: its block &apos;%2&apos; has no polyline</source>
+        <translation>Blatt „%1“ wird nicht exportiert: Sein Block „%2“ hat keine Polylinie</translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; is not exported: there is no block &apos;%2&apos;</source>
+        <translation>Blatt „%1“ wird nicht exportiert: Den Block „%2“ gibt es nicht</translation>
+    </message>
+    <message>
+        <source>More than one sheet has the number &apos;%1&apos;</source>
+        <translation>Mehr als ein Blatt hat die Blattnummer „%1“</translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; is not exported: its insert lies inside a block</source>
+        <translation>Blatt „%1“ wird nicht exportiert: Seine Blockeinfügung liegt innerhalb eines Blocks</translation>
+    </message>
+    <message numerus="yes">
+        <source>the first %1 of %n sheets</source>
+        <translation>
+            <numerusform>die ersten %1 von %n Blatt</numerusform>
+            <numerusform>die ersten %1 von %n Blättern</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 sheet</source>
+        <translation>1 Blatt</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets</source>
+        <translation>
+            <numerusform>%n Blatt</numerusform>
+            <numerusform>%n Blätter</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>as they lie in the plan</source>
+        <translation>wie sie im Plan liegen</translation>
+    </message>
+    <message>
+        <source>to scale, side by side</source>
+        <translation>maßstäblich, nebeneinander</translation>
+    </message>
+    <message>
+        <source>sheet</source>
+        <translation>Blatt</translation>
+    </message>
+    <message>
+        <source>top left</source>
+        <translation>oben links</translation>
+    </message>
+    <message>
+        <source>top right</source>
+        <translation>oben rechts</translation>
+    </message>
+    <message>
+        <source>bottom right</source>
+        <translation>unten rechts</translation>
+    </message>
+    <message>
+        <source>bottom left</source>
+        <translation>unten links</translation>
+    </message>
+    <message>
+        <source>without labels: %1</source>
+        <translation>ohne Eckbezeichnung: %1</translation>
+    </message>
+    <message>
+        <source>without number: %1</source>
+        <translation>ohne Blattnummer: %1</translation>
+    </message>
+    <message>
+        <source>1 unit</source>
+        <translation>1 Einheit</translation>
+    </message>
+    <message>
+        <source>%1 units</source>
+        <translation>%1 Einheiten</translation>
+    </message>
+    <message>
+        <source>No insert of the plan counts as a sheet</source>
+        <translation>Keine Blockeinfügung des Plans gilt als Blatt</translation>
+    </message>
+    <message>
+        <source>%1, at byte %2</source>
+        <translation>%1, bei Byte %2</translation>
+    </message>
+    <message>
+        <source>1 more warning of this kind</source>
+        <translation>1 weitere Warnung dieser Art</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n more warnings of this kind</source>
+        <translation>
+            <numerusform>%n weitere Warnung dieser Art</numerusform>
+            <numerusform>%n weitere Warnungen dieser Art</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>PartnerSim</name>
+    <message>
+        <source>Plays the partner program: sends commands to the viewer and prints what it receives.
+
+Commands: &quot;goto X Y [NORTH [HEIGHT]]&quot;, &quot;find OBJECT&quot;, test, &quot;integer N&quot;,
+&quot;raw NAME PARAMETERS&quot;; with the word front behind it, the viewer shall come to the front.
+Without commands it listens. Example:
+  partner-sim /tmp/exchange &quot;goto 3500000 5800000 0 250&quot; &quot;find ABC front&quot;</source>
+        <translation>Spielt das Partnerprogramm: sendet Befehle an den Betrachter und gibt aus, was es empfängt.
+
+Befehle: &quot;goto X Y [NORTH [HEIGHT]]&quot;, &quot;find OBJECT&quot;, test, &quot;integer N&quot;,
+&quot;raw NAME PARAMETERS&quot;; mit dem Wort front dahinter soll der Betrachter nach vorn kommen.
+Ohne Befehle empfängt es nur. Beispiel:
+  partner-sim /tmp/exchange &quot;goto 3500000 5800000 0 250&quot; &quot;find ABC front&quot;</translation>
+    </message>
+    <message>
+        <source>%1 (--help explains)</source>
+        <translation>%1 (Hilfe mit --help)</translation>
+    </message>
+    <message>
+        <source>Where the exchange files are.</source>
+        <translation>Wo die Austauschdateien liegen.</translation>
+    </message>
+    <message>
+        <source>What to send, in order.</source>
+        <translation>Was zu senden ist, der Reihe nach.</translation>
+    </message>
+    <message>
+        <source>Send the commands in a file, one a line, before the others.</source>
+        <translation>Zuerst die Befehle aus einer Datei senden, einer je Zeile.</translation>
+    </message>
+    <message>
+        <source>Go on receiving when all is sent.</source>
+        <translation>Weiter empfangen, wenn alles gesendet ist.</translation>
+    </message>
+    <message>
+        <source>Print JSON objects, one a line.</source>
+        <translation>JSON-Objekte ausgeben, eines je Zeile.</translation>
+    </message>
+    <message>
+        <source>Go on as this sender: command k has number k.</source>
+        <translation>Als dieser Absender fortfahren: Befehl k hat die Nummer k.</translation>
+    </message>
+    <message>
+        <source>Send a command again when there is silence.</source>
+        <translation>Einen Befehl erneut senden, wenn keine Antwort kommt.</translation>
+    </message>
+    <message>
+        <source>Milliseconds until no answer is silence.</source>
+        <translation>Millisekunden, nach denen keine Antwort mehr erwartet wird.</translation>
+    </message>
+    <message>
+        <source>Milliseconds between two looks at the files.</source>
+        <translation>Millisekunden zwischen zwei Blicken in die Dateien.</translation>
+    </message>
+    <message>
+        <source>Append what is received to a file, each exactly once.</source>
+        <translation>Empfangenes an eine Datei anhängen, jedes genau einmal.</translation>
+    </message>
+    <message>
+        <source>Refuse what is received.</source>
+        <translation>Empfangenes ablehnen.</translation>
+    </message>
+    <message>
+        <source>Write like a careless partner: plain, bytes or half.</source>
+        <translation>Wie ein nachlässiges Partnerprogramm schreiben: plain, bytes oder half.</translation>
+    </message>
+    <message>
+        <source>there is no exchange directory</source>
+        <translation>das Austauschverzeichnis gibt es nicht</translation>
+    </message>
+    <message>
+        <source>unknown manner</source>
+        <translation>diese Schreibweise ist unbekannt</translation>
+    </message>
+    <message>
+        <source>cannot read &apos;%1&apos;</source>
+        <translation>„%1“ lässt sich nicht lesen</translation>
+    </message>
+    <message>
+        <source>no command: %1</source>
+        <translation>kein Befehl: %1</translation>
+    </message>
+</context>
+<context>
+    <name>PieGallery</name>
+    <message>
+        <source>Zoom &amp;in</source>
+        <translation>Ver&amp;größern</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;out</source>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>&amp;Measure</source>
+        <translation>Strecke &amp;messen</translation>
+    </message>
+    <message>
+        <source>&amp;North up</source>
+        <translation>&amp;Nach Norden drehen</translation>
+    </message>
+    <message>
+        <source>&amp;Print</source>
+        <translation>&amp;Drucken</translation>
+    </message>
+    <message>
+        <source>&amp;Grid</source>
+        <translation>&amp;Gitternetz</translation>
+    </message>
+    <message>
+        <source>&amp;Bookmark</source>
+        <translation>&amp;Lesezeichen setzen</translation>
+    </message>
+    <message>
+        <source>&amp;Whole plan</source>
+        <translation>Ganzer &amp;Plan</translation>
+    </message>
+    <message>
+        <source>&amp;Pan</source>
+        <translation>&amp;Verschieben</translation>
+    </message>
+    <message>
+        <source>&amp;Note</source>
+        <translation>N&amp;otiz anheften</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>Ausschnitt k&amp;opieren</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Streets</source>
+        <translation>&amp;Straßen</translation>
+    </message>
+    <message>
+        <source>&amp;Buildings</source>
+        <translation>&amp;Gebäude</translation>
+    </message>
+    <message>
+        <source>&amp;Water</source>
+        <translation>Ge&amp;wässer</translation>
+    </message>
+    <message>
+        <source>&amp;Trees</source>
+        <translation>&amp;Bäume</translation>
+    </message>
+    <message>
+        <source>&amp;Heights</source>
+        <translation>&amp;Höhenlinien</translation>
+    </message>
+    <message>
+        <source>&amp;Layers</source>
+        <translation>&amp;Ebenen</translation>
+    </message>
+    <message>
+        <source>Pie menus</source>
+        <translation>Kreismenüs</translation>
+    </message>
+    <message>
+        <source>Sub-menus at the same place</source>
+        <translation>Untermenüs an derselben Stelle</translation>
+    </message>
+    <message>
+        <source>Sub-menus at once</source>
+        <translation>Untermenüs sofort öffnen</translation>
+    </message>
+    <message>
+        <source>Fade in</source>
+        <translation>Einblenden</translation>
+    </message>
+    <message>
+        <source>Press a mouse button on the plan, or the space bar.</source>
+        <translation>Eine Maustaste auf dem Plan oder die Leertaste drücken.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n items</source>
+        <translation>
+            <numerusform>%n Eintrag</numerusform>
+            <numerusform>%n Einträge</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>4, 8 or 12 items.</source>
+        <translation>4, 8 oder 12 Einträge.</translation>
+    </message>
+    <message>
+        <source>light, dark or contrast.</source>
+        <translation>light, dark oder contrast (hell, dunkel, hoher Kontrast).</translation>
+    </message>
+    <message>
+        <source>Save a picture instead of opening a window.</source>
+        <translation>Ein Bild speichern, statt ein Fenster zu öffnen.</translation>
+    </message>
+</context>
+<context>
+    <name>QtPieMenu</name>
+    <message>
+        <source>right</source>
+        <translation>rechts</translation>
+    </message>
+    <message>
+        <source>top right</source>
+        <translation>oben rechts</translation>
+    </message>
+    <message>
+        <source>top</source>
+        <translation>oben</translation>
+    </message>
+    <message>
+        <source>top left</source>
+        <translation>oben links</translation>
+    </message>
+    <message>
+        <source>left</source>
+        <translation>links</translation>
+    </message>
+    <message>
+        <source>bottom left</source>
+        <translation>unten links</translation>
+    </message>
+    <message>
+        <source>bottom</source>
+        <translation>unten</translation>
+    </message>
+    <message>
+        <source>bottom right</source>
+        <translation>unten rechts</translation>
+    </message>
+    <message>
+        <source>%1, %2 of %3</source>
+        <translation>%1, %2 von %3</translation>
+    </message>
+</context>
+<context>
+    <name>dxf2gk2</name>
+    <message>
+        <source>reading</source>
+        <translation>Lesen</translation>
+    </message>
+    <message>
+        <source>analysing</source>
+        <translation>Auswerten</translation>
+    </message>
+    <message>
+        <source>would overwrite a plan: &apos;%1&apos;</source>
+        <translation>würde einen Plan überschreiben: „%1“</translation>
+    </message>
+    <message>
+        <source>writing</source>
+        <translation>Schreiben</translation>
+    </message>
+    <message>
+        <source>standard input</source>
+        <translation>Standardeingabe</translation>
+    </message>
+    <message>
+        <source>cannot write to standard output: %1</source>
+        <translation>auf die Standardausgabe lässt sich nicht schreiben: %1</translation>
+    </message>
+    <message>
+        <source>%1 (--help explains)</source>
+        <translation>%1 (Hilfe mit --help)</translation>
+    </message>
+    <message>
+        <source>two results would go to &apos;%1&apos;</source>
+        <translation>zwei Ergebnisse kämen nach „%1“</translation>
+    </message>
+    <message>
+        <source>Converts the map sheets of DXF plans to GK2 files.</source>
+        <translation>Wandelt die Blattschnitte von DXF-Plänen in GK2-Dateien um.</translation>
+    </message>
+    <message>
+        <source>Plans to convert; &quot;-&quot; reads standard input.</source>
+        <translation>Umzuwandelnde Pläne; „-“ liest die Standardeingabe.</translation>
+    </message>
+    <message>
+        <source>Write to FILE (one plan); &quot;-&quot; is standard output. Default: the plan&apos;s name with the suffix .txt.</source>
+        <translation>Nach FILE schreiben (ein Plan); „-“ ist die Standardausgabe. Vorgabe: der Name des Plans mit der Endung .txt.</translation>
+    </message>
+    <message>
+        <source>Write into the folder DIR (several plans).</source>
+        <translation>In den Ordner DIR schreiben (mehrere Pläne).</translation>
+    </message>
+    <message>
+        <source>Only inserts with this attribute value.</source>
+        <translation>Nur Blockeinfügungen mit diesem Attributwert.</translation>
+    </message>
+    <message>
+        <source>No inserts with this attribute.</source>
+        <translation>Keine Blockeinfügungen mit diesem Attribut.</translation>
+    </message>
+    <message>
+        <source>Label corners in drawing order, not by where they lie.</source>
+        <translation>Blatteckpunkte nach der Zeichenreihenfolge bezeichnen, nicht nach ihrer Lage.</translation>
+    </message>
+    <message>
+        <source>Print the sheets as a table; write nothing.</source>
+        <translation>Die Blätter als Tabelle ausgeben; nichts schreiben.</translation>
+    </message>
+    <message>
+        <source>Print the attribute tags with counts and example values.</source>
+        <translation>Die Attributnamen mit Anzahl und Beispielwerten ausgeben; nichts schreiben.</translation>
+    </message>
+    <message>
+        <source>Draw the sheets into FILE, an .svg or .png.</source>
+        <translation>Die Blätter nach FILE zeichnen, .svg oder .png.</translation>
+    </message>
+    <message>
+        <source>Print list or summary as one JSON object, errors too; in English.</source>
+        <translation>Liste oder Zusammenfassung als ein JSON-Objekt ausgeben, auch Fehler; auf Englisch.</translation>
+    </message>
+    <message>
+        <source>Exit with status 3 when there were warnings.</source>
+        <translation>Bei Warnungen mit Status 3 enden.</translation>
+    </message>
+    <message>
+        <source>Print failures only.</source>
+        <translation>Nur Fehler ausgeben.</translation>
+    </message>
+    <message>
+        <source>Show a progress bar: auto, always or never.</source>
+        <translation>Den Fortschritt anzeigen: auto, always oder never (nach Bedarf, immer, nie).</translation>
+    </message>
+    <message>
+        <source>Print the version.</source>
+        <translation>Die Version ausgeben.</translation>
+    </message>
+    <message>
+        <source>Print this help.</source>
+        <translation>Diese Hilfe ausgeben.</translation>
+    </message>
+    <message>
+        <source>no plan given</source>
+        <translation>kein Plan angegeben</translation>
+    </message>
+    <message>
+        <source>a plan&apos;s name is empty</source>
+        <translation>der Name eines Plans ist leer</translation>
+    </message>
+    <message>
+        <source>standard input can be read only once</source>
+        <translation>die Standardeingabe lässt sich nur einmal lesen</translation>
+    </message>
+    <message>
+        <source>--output and --output-dir exclude each other</source>
+        <translation>--output und --output-dir schließen einander aus</translation>
+    </message>
+    <message>
+        <source>--output takes the sheets of one plan only; use --output-dir</source>
+        <translation>--output nimmt nur die Blätter eines Plans auf; für mehrere gibt es --output-dir</translation>
+    </message>
+    <message>
+        <source>--preview shows one plan only</source>
+        <translation>--preview zeigt nur einen Plan</translation>
+    </message>
+    <message>
+        <source>--list and --list-tags write no file; leave --output and --output-dir out</source>
+        <translation>--list und --list-tags schreiben keine Datei; --output und --output-dir passen nicht dazu</translation>
+    </message>
+    <message>
+        <source>a plan from standard input has no name for --output-dir; use --output</source>
+        <translation>ein Plan von der Standardeingabe hat keinen Namen für --output-dir; dafür gibt es --output</translation>
+    </message>
+    <message>
+        <source>--json and the sheets cannot both go to standard output</source>
+        <translation>--json und die Blätter können nicht beide auf die Standardausgabe</translation>
+    </message>
+    <message>
+        <source>--%1 is given more than once</source>
+        <translation>--%1 ist mehrfach angegeben</translation>
+    </message>
+    <message>
+        <source>--%1 wants a value</source>
+        <translation>--%1 braucht einen Wert</translation>
+    </message>
+    <message>
+        <source>--include wants TAG=VALUE, not &apos;%1&apos;</source>
+        <translation>--include braucht TAG=VALUE, nicht „%1“</translation>
+    </message>
+    <message>
+        <source>--progress is auto, always or never, not &apos;%1&apos;</source>
+        <translation>--progress ist auto, always oder never, nicht „%1“</translation>
+    </message>
+    <message>
+        <source>--preview wants a file that ends in .svg or .png</source>
+        <translation>--preview braucht eine Datei, die auf .svg oder .png endet</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>cannot write &apos;%1&apos;: %2</source>
+        <translation>„%1“ lässt sich nicht schreiben: %2</translation>
+    </message>
+    <message>
+        <source>Top left</source>
+        <translation>Oben links</translation>
+    </message>
+    <message>
+        <source>Top right</source>
+        <translation>Oben rechts</translation>
+    </message>
+    <message>
+        <source>Bottom right</source>
+        <translation>Unten rechts</translation>
+    </message>
+    <message>
+        <source>Bottom left</source>
+        <translation>Unten links</translation>
+    </message>
+    <message>
+        <source>1 sheet</source>
+        <translation>1 Blatt</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets</source>
+        <translation>
+            <numerusform>%n Blatt</numerusform>
+            <numerusform>%n Blätter</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>standard output</source>
+        <translation>Standardausgabe</translation>
+    </message>
+    <message>
+        <source>1 sheet written to %1</source>
+        <translation>1 Blatt nach %1 geschrieben</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets written to %1</source>
+        <translation>
+            <numerusform>%n Blatt nach %1 geschrieben</numerusform>
+            <numerusform>%n Blätter nach %1 geschrieben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>no corners</source>
+        <translation>keine Blatteckpunkte</translation>
+    </message>
+    <message>
+        <source>1 skipped</source>
+        <translation>1 übersprungen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n skipped</source>
+        <translation>
+            <numerusform>%n übersprungen</numerusform>
+            <numerusform>%n übersprungen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 warning</source>
+        <translation>1 Warnung</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n warnings</source>
+        <translation>
+            <numerusform>%n Warnung</numerusform>
+            <numerusform>%n Warnungen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Block</source>
+        <translation>Block</translation>
+    </message>
+    <message>
+        <source>Inserts</source>
+        <translation>Einfügungen</translation>
+    </message>
+    <message>
+        <source>Tag</source>
+        <translation>Attribut</translation>
+    </message>
+    <message>
+        <source>Example values</source>
+        <translation>Beispielwerte</translation>
+    </message>
+</context>
+</TS>
