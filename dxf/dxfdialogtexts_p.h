@@ -2,6 +2,7 @@
 // What the workbench dialog says beside the texts that all plan tools share.
 #pragma once
 
+#include "dxf/readertext_p.h"
 #include <QCoreApplication>
 #include <QLocale>
 #include <QString>
@@ -25,7 +26,7 @@ public:
     static QString PlanRead(const QString &plan, qint64 inserts)
     {
         return (inserts == 1 ? tr("%1: 1 insert read")
-                             : tr("%1: %Ln inserts read", nullptr, amount(inserts)))
+                             : tr("%1: %Ln inserts read", nullptr, textAmount(inserts)))
             .arg(plan);
     }
 
@@ -79,7 +80,6 @@ public:
     static QString MarkAll() { return tr("Mark &All"); }
     static QString MarkNone() { return tr("Mark &None"); }
     static QString Picture() { return tr("&Picture:"); }
-    static QString PictureName() { return tr("Picture of the sheets"); }
     static QString ZoomIn() { return tr("Zoom In"); }
     static QString ZoomOut() { return tr("Zoom Out"); }
     static QString ZoomToFit() { return tr("Show All"); }
@@ -92,7 +92,7 @@ public:
     static QString Exported(qint64 sheets, const QString &file)
     {
         return (sheets == 1 ? tr("1 sheet written to %1")
-                            : tr("%Ln sheets written to %1", nullptr, amount(sheets)))
+                            : tr("%Ln sheets written to %1", nullptr, textAmount(sheets)))
             .arg(file);
     }
     static QString NotExported(const QString &file, const QString &why)
@@ -112,8 +112,4 @@ public:
 
     static QString Warning() { return tr("Warning"); }
     static QString Information() { return tr("Information"); }
-
-private:
-    /// Plural forms want an int; no plan holds more.
-    static int amount(qint64 count) { return static_cast<int>(count); }
 };

@@ -224,7 +224,6 @@ void DxfToolsForm::nameForAccess()
     edtExcludeTag->setAccessibleName(DxfDialogTexts::ExcludeTagName());
     sheetList->setAccessibleName(DxfDialogTexts::SheetListName());
     lblCounter->setAccessibleName(DxfDialogTexts::CounterName());
-    picture->setAccessibleName(DxfDialogTexts::PictureName());
     findingList->setAccessibleName(DxfDialogTexts::FindingsName());
 }
 

@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QTimer>
 #include <cstdio>
+#include <kelo_base/core/Translation.h>
 #include <kelo_base/core/UserDataManager.h>
 #include <kelo_base/dxf/DxfToolsDialog.h>
 
@@ -13,6 +14,20 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int kWrongUsage = 2;
+
+/// What the program says beside the dialog.
+class Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(DxfWorkbench)
+
+public:
+    static QString Description()
+    {
+        return tr("Reads a DXF plan, chooses its sheets and exports them as GK2.");
+    }
+    static QString PlanArgument() { return tr("The DXF plan to open."); }
+    static QString OnlyOnePlan() { return tr("Only one plan can be shown"); }
+};
 
 /// Help and version are for terminals, where there may be no screen.
 bool asksForText(int argc, char **argv)
@@ -30,7 +45,7 @@ QString faultOf(QCommandLineParser &parser)
 {
     if (!parser.parse(QCoreApplication::arguments()))
         return parser.errorText();
-    return parser.positionalArguments().size() > 1 ? u"Only one plan can be shown"_s : QString();
+    return parser.positionalArguments().size() > 1 ? Texts::OnlyOnePlan() : QString();
 }
 
 int runDialog(const QString &plan)
@@ -60,10 +75,10 @@ int main(int argc, char **argv)
     QGuiApplication::setDesktopFileName(u"dxf-workbench"_s);
     QApplication::setWindowIcon(QIcon(u":/dxf-workbench/dxf-workbench.svg"_s));
 
+    InstallTranslation();
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        u"Reads a DXF plan, chooses its sheets and exports them as GK2."_s);
-    parser.addPositionalArgument(u"plan"_s, u"The DXF plan to open."_s, u"[plan]"_s);
+    parser.setApplicationDescription(Texts::Description());
+    parser.addPositionalArgument(u"plan"_s, Texts::PlanArgument(), u"[plan]"_s);
     parser.addHelpOption();
     parser.addVersionOption();
     const QString fault = faultOf(parser);

@@ -16,6 +16,13 @@
     </message>
 </context>
 <context>
+    <name>DiagnosticModel</name>
+    <message>
+        <source>Line %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>DxfReader</name>
     <message>
         <source>The file ends in the middle of a pair of lines</source>
@@ -192,18 +199,6 @@
         <translation>Die Auswertung der Datei ist fehlgeschlagen!</translation>
     </message>
     <message>
-        <source>Correct Vertex Positions</source>
-        <translation>Lage der Eckpunkte berichtigen</translation>
-    </message>
-    <message>
-        <source>Only include blocks WITH</source>
-        <translation>Nur Blöcke MIT</translation>
-    </message>
-    <message>
-        <source>Do not include blocks WITH</source>
-        <translation>Keine Blöcke MIT</translation>
-    </message>
-    <message>
         <source>Export DXF as Kelo-GK2</source>
         <translation>DXF als Kelo-GK2 exportieren</translation>
     </message>
@@ -333,6 +328,250 @@
             <numerusform>%n weitere Warnung dieser Art</numerusform>
             <numerusform>%n weitere Warnungen dieser Art</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Correct &amp;Vertex Positions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Only &amp;include blocks WITH</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Do not include blocks WITH</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Without sheet number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Picture of the sheets</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Arrow keys move the picture, plus and minus zoom, Home shows all of it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>DxfToolsDialog</name>
+    <message>
+        <source>DXF Workbench</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 - DXF Workbench</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Open...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Recent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>DXF plans (*.dxf *.DXF);;All files (*)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No plan has been read yet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Re&amp;move from List</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open a DXF plan, or drop one here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: 1 insert read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %Ln inserts read</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Reading %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Analyzing %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2 of %3</source>
+        <translation type="unfinished">%1, %2 von %3 {1:?} {2 ?}</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading %1 was cancelled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, line %2: %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 - %2 is still shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Tag:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Va&amp;lue:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ta&amp;g:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tag that blocks must have</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value that blocks must have under the tag</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tag that blocks must not have</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Selected sheets:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Selected sheets</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Number of selected sheets</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>To be exported: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark &amp;All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mark &amp;None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Picture:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Findings:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Findings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No findings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Export as GK2...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 sheet written to %1</source>
+        <translation type="unfinished">1 Blatt nach %1 geschrieben</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln sheets written to %1</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 was not written: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 - the older file is unchanged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is the plan itself and is not overwritten</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation type="unfinished">ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>it is write-protected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>DxfWorkbench</name>
+    <message>
+        <source>Reads a DXF plan, chooses its sheets and exports them as GK2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The DXF plan to open.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Only one plan can be shown</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -571,6 +810,146 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>%1, %2 of %3</source>
         <translation>%1, %2 von %3</translation>
+    </message>
+</context>
+<context>
+    <name>RemainingTime</name>
+    <message numerus="yes">
+        <source>about %n seconds left</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>about %n minutes left</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>about %n hours left</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>SheetCorners</name>
+    <message>
+        <source>no corners</source>
+        <translation type="unfinished">keine Blatteckpunkte</translation>
+    </message>
+    <message>
+        <source>Top left: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top right: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bottom right: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bottom left: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SheetFilter</name>
+    <message>
+        <source>The plan has no block inserts</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All sheets of the plan lie inside blocks, where they do not count</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No block insert of the plan has a polyline that could be a sheet frame</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter the tag that sheets must have</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; has characters that cannot stand in a plan of this age</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No sheet has the attribute &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No sheet has the attribute &apos;%1&apos;; there is &apos;%2&apos;, however</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No sheet has the value &apos;%2&apos; in the attribute &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No sheet has the value &apos;%2&apos; in the attribute &apos;%1&apos;; there is &apos;%3&apos;, however</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All sheets that would be left have the attribute &apos;%1&apos;, so they are not included</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SheetTableModel</name>
+    <message>
+        <source>Not exported: the block insert has no sheet number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation type="unfinished">Nummer</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation type="unfinished">Wert</translation>
+    </message>
+    <message>
+        <source>Block</source>
+        <translation type="unfinished">Block</translation>
+    </message>
+    <message>
+        <source>Corners</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Order of the export; tick the sheets to be exported</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sheet number as it stands in the plan</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Block that carries the sheet frame</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Top left and bottom right corner</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>TagModel</name>
+    <message numerus="yes">
+        <source>%1 (%n inserts)</source>
+        <extracomment>%1 is an attribute tag</extracomment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -10,6 +10,7 @@
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
+#include <kelo_base/core/Translation.h>
 #include <kelo_base/dxf/DxfToolsDialog.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -72,6 +73,7 @@ int main(int argc, char **argv)
     if (parser.value(theme) == "dark"_L1)
         QApplication::setPalette(darkPalette());
     QLocale::setDefault(QLocale(parser.value(language)));
+    InstallTranslation(QLocale());
     const QTemporaryDir home;
     QSettings store(home.filePath(u"store.ini"_s), QSettings::IniFormat);
     DxfToolsDialog dialog(nullptr, &store);
