@@ -2,6 +2,7 @@
 // What a plan offers for the fields of its filter.
 #include "dxf/attributecompletion_p.h"
 #include "dxf/insertfilter_p.h"
+#include "dxf/readertext_p.h"
 #include <algorithm>
 #include <functional>
 #include <kelo_base/core/NaturalOrder.h>
@@ -76,7 +77,9 @@ QVariant TagModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         //: %1 is an attribute tag
-        return tr("%1 (%n inserts)", nullptr, static_cast<int>(offer.inserts)).arg(offer.tag);
+        return (offer.inserts == 1 ? tr("%1 (1 insert)")
+                                   : tr("%1 (%n inserts)", nullptr, textAmount(offer.inserts)))
+            .arg(offer.tag);
     case Qt::EditRole:
         return offer.tag;
     default:

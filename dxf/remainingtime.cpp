@@ -11,9 +11,18 @@ class TimeTexts
     Q_DECLARE_TR_FUNCTIONS(RemainingTime)
 
 public:
-    static QString seconds(int count) { return tr("about %n seconds left", nullptr, count); }
-    static QString minutes(int count) { return tr("about %n minutes left", nullptr, count); }
-    static QString hours(int count) { return tr("about %n hours left", nullptr, count); }
+    static QString seconds(int count)
+    {
+        return count == 1 ? tr("about 1 second left") : tr("about %n seconds left", nullptr, count);
+    }
+    static QString minutes(int count)
+    {
+        return count == 1 ? tr("about 1 minute left") : tr("about %n minutes left", nullptr, count);
+    }
+    static QString hours(int count)
+    {
+        return count == 1 ? tr("about 1 hour left") : tr("about %n hours left", nullptr, count);
+    }
 };
 
 constexpr qint64 kMinute = 60;

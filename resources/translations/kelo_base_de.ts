@@ -19,7 +19,7 @@
     <name>DiagnosticModel</name>
     <message>
         <source>Line %1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeile %1: %2</translation>
     </message>
 </context>
 <context>
@@ -331,247 +331,247 @@
     </message>
     <message>
         <source>Correct &amp;Vertex Positions</source>
-        <translation type="unfinished"></translation>
+        <translation>Lage der &amp;Eckpunkte berichtigen</translation>
     </message>
     <message>
         <source>Only &amp;include blocks WITH</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Nur Blöcke MIT</translation>
     </message>
     <message>
         <source>&amp;Do not include blocks WITH</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Keine Blöcke MIT</translation>
     </message>
     <message>
         <source>Without sheet number</source>
-        <translation type="unfinished"></translation>
+        <translation>Ohne Blattnummer</translation>
     </message>
     <message>
         <source>Picture of the sheets</source>
-        <translation type="unfinished"></translation>
+        <translation>Bild der Blätter</translation>
     </message>
     <message>
         <source>Arrow keys move the picture, plus and minus zoom, Home shows all of it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Pfeiltasten verschieben das Bild, Plus und Minus zoomen, Pos1 zeigt alles.</translation>
     </message>
 </context>
 <context>
     <name>DxfToolsDialog</name>
     <message>
         <source>DXF Workbench</source>
-        <translation type="unfinished"></translation>
+        <translation>DXF-Werkbank</translation>
     </message>
     <message>
         <source>%1 - DXF Workbench</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 – DXF-Werkbank</translation>
     </message>
     <message>
         <source>&amp;Open...</source>
-        <translation type="unfinished"></translation>
+        <translation>Ö&amp;ffnen …</translation>
     </message>
     <message>
         <source>&amp;Recent</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Zuletzt gelesen</translation>
     </message>
     <message>
         <source>DXF plans (*.dxf *.DXF);;All files (*)</source>
-        <translation type="unfinished"></translation>
+        <translation>DXF-Pläne (*.dxf *.DXF);;Alle Dateien (*)</translation>
     </message>
     <message>
         <source>No plan has been read yet</source>
-        <translation type="unfinished"></translation>
+        <translation>Noch wurde kein Plan gelesen</translation>
     </message>
     <message>
         <source>Re&amp;move from List</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus der &amp;Liste entfernen</translation>
     </message>
     <message>
         <source>Open a DXF plan, or drop one here</source>
-        <translation type="unfinished"></translation>
+        <translation>Einen DXF-Plan öffnen oder hierher ziehen</translation>
     </message>
     <message>
         <source>%1: 1 insert read</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: 1 Blockeinfügung gelesen</translation>
     </message>
     <message numerus="yes">
         <source>%1: %Ln inserts read</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1: %Ln Blockeinfügung gelesen</numerusform>
+            <numerusform>%1: %Ln Blockeinfügungen gelesen</numerusform>
         </translation>
     </message>
     <message>
         <source>Reading %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wird gelesen</translation>
     </message>
     <message>
         <source>Analyzing %1</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wird ausgewertet</translation>
     </message>
     <message>
         <source>%1: %2 of %3</source>
-        <translation type="unfinished">%1, %2 von %3 {1:?} {2 ?}</translation>
+        <translation>%1: %2 von %3</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2</translation>
     </message>
     <message>
         <source>%1, %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, %2</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Reading %1 was cancelled</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Lesen von %1 wurde abgebrochen</translation>
     </message>
     <message>
         <source>%1, line %2: %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, Zeile %2: %3</translation>
     </message>
     <message>
         <source>%1 - %2 is still shown</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 – weiterhin wird %2 gezeigt</translation>
     </message>
     <message>
         <source>&amp;Tag:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Attribut:</translation>
     </message>
     <message>
         <source>Va&amp;lue:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Wert:</translation>
     </message>
     <message>
         <source>Ta&amp;g:</source>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;ttribut:</translation>
     </message>
     <message>
         <source>Tag that blocks must have</source>
-        <translation type="unfinished"></translation>
+        <translation>Attributname, den Blöcke haben müssen</translation>
     </message>
     <message>
         <source>Value that blocks must have under the tag</source>
-        <translation type="unfinished"></translation>
+        <translation>Wert, den Blöcke unter dem Attributnamen haben müssen</translation>
     </message>
     <message>
         <source>Tag that blocks must not have</source>
-        <translation type="unfinished"></translation>
+        <translation>Attributname, den Blöcke nicht haben dürfen</translation>
     </message>
     <message>
         <source>&amp;Selected sheets:</source>
-        <translation type="unfinished"></translation>
+        <translation>Aus&amp;gewählte Blätter:</translation>
     </message>
     <message>
         <source>Selected sheets</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausgewählte Blätter</translation>
     </message>
     <message>
         <source>Number of selected sheets</source>
-        <translation type="unfinished"></translation>
+        <translation>Anzahl der ausgewählten Blätter</translation>
     </message>
     <message>
         <source>To be exported: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu exportieren: %1</translation>
     </message>
     <message>
         <source>Mark &amp;All</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle &amp;markieren</translation>
     </message>
     <message>
         <source>Mark &amp;None</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine mark&amp;ieren</translation>
     </message>
     <message>
         <source>&amp;Picture:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Bild:</translation>
     </message>
     <message>
         <source>Zoom In</source>
-        <translation type="unfinished"></translation>
+        <translation>Vergrößern</translation>
     </message>
     <message>
         <source>Zoom Out</source>
-        <translation type="unfinished"></translation>
+        <translation>Verkleinern</translation>
     </message>
     <message>
         <source>Show All</source>
-        <translation type="unfinished"></translation>
+        <translation>Alles zeigen</translation>
     </message>
     <message>
         <source>&amp;Findings:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hinweise:</translation>
     </message>
     <message>
         <source>Findings</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinweise</translation>
     </message>
     <message>
         <source>No findings</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Hinweise</translation>
     </message>
     <message>
         <source>&amp;Export as GK2...</source>
-        <translation type="unfinished"></translation>
+        <translation>Als GK2 e&amp;xportieren …</translation>
     </message>
     <message>
         <source>&amp;Close</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Schließen</translation>
     </message>
     <message>
         <source>1 sheet written to %1</source>
-        <translation type="unfinished">1 Blatt nach %1 geschrieben</translation>
+        <translation>1 Blatt nach %1 geschrieben</translation>
     </message>
     <message numerus="yes">
         <source>%Ln sheets written to %1</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%Ln Blatt nach %1 geschrieben</numerusform>
+            <numerusform>%Ln Blätter nach %1 geschrieben</numerusform>
         </translation>
     </message>
     <message>
         <source>%1 was not written: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 wurde nicht geschrieben: %2</translation>
     </message>
     <message>
         <source>%1 - the older file is unchanged</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 – die ältere Datei ist unverändert</translation>
     </message>
     <message>
         <source>%1 is the plan itself and is not overwritten</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 ist der Plan selbst und wird nicht überschrieben</translation>
     </message>
     <message>
         <source>it is a folder</source>
-        <translation type="unfinished">ist ein Ordner</translation>
+        <translation>es ist ein Ordner</translation>
     </message>
     <message>
         <source>it is write-protected</source>
-        <translation type="unfinished"></translation>
+        <translation>die Datei ist schreibgeschützt</translation>
     </message>
     <message>
         <source>Warning</source>
-        <translation type="unfinished"></translation>
+        <translation>Warnung</translation>
     </message>
     <message>
         <source>Information</source>
-        <translation type="unfinished"></translation>
+        <translation>Information</translation>
     </message>
 </context>
 <context>
     <name>DxfWorkbench</name>
     <message>
         <source>Reads a DXF plan, chooses its sheets and exports them as GK2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Liest einen DXF-Plan, wählt seine Blätter aus und exportiert sie als GK2.</translation>
     </message>
     <message>
         <source>The DXF plan to open.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der DXF-Plan, der geöffnet werden soll.</translation>
     </message>
     <message>
         <source>Only one plan can be shown</source>
-        <translation type="unfinished"></translation>
+        <translation>Es kann nur ein Plan gezeigt werden</translation>
     </message>
 </context>
 <context>
@@ -816,140 +816,156 @@ Ohne Befehle empfängt es nur. Beispiel:
     <name>RemainingTime</name>
     <message numerus="yes">
         <source>about %n seconds left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>noch etwa %n Sekunde</numerusform>
+            <numerusform>noch etwa %n Sekunden</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>about %n minutes left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>noch etwa %n Minute</numerusform>
+            <numerusform>noch etwa %n Minuten</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>about %n hours left</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>noch etwa %n Stunde</numerusform>
+            <numerusform>noch etwa %n Stunden</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>about 1 second left</source>
+        <translation>noch etwa 1 Sekunde</translation>
+    </message>
+    <message>
+        <source>about 1 minute left</source>
+        <translation>noch etwa 1 Minute</translation>
+    </message>
+    <message>
+        <source>about 1 hour left</source>
+        <translation>noch etwa 1 Stunde</translation>
     </message>
 </context>
 <context>
     <name>SheetCorners</name>
     <message>
         <source>no corners</source>
-        <translation type="unfinished">keine Blatteckpunkte</translation>
+        <translation>keine Ecken</translation>
     </message>
     <message>
         <source>Top left: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Oben links: %1</translation>
     </message>
     <message>
         <source>Top right: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Oben rechts: %1</translation>
     </message>
     <message>
         <source>Bottom right: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Unten rechts: %1</translation>
     </message>
     <message>
         <source>Bottom left: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Unten links: %1</translation>
     </message>
 </context>
 <context>
     <name>SheetFilter</name>
     <message>
         <source>The plan has no block inserts</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Plan hat keine Blockeinfügungen</translation>
     </message>
     <message>
         <source>All sheets of the plan lie inside blocks, where they do not count</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Blätter des Plans liegen in Blöcken, wo sie nicht zählen</translation>
     </message>
     <message>
         <source>No block insert of the plan has a polyline that could be a sheet frame</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Blockeinfügung des Plans hat eine Polylinie, die ein Blattrahmen sein könnte</translation>
     </message>
     <message>
         <source>Enter the tag that sheets must have</source>
-        <translation type="unfinished"></translation>
+        <translation>Den Attributnamen eingeben, den Blätter haben müssen</translation>
     </message>
     <message>
         <source>&apos;%1&apos; has characters that cannot stand in a plan of this age</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ hat Zeichen, die in einem Plan dieses Alters nicht stehen können</translation>
     </message>
     <message>
         <source>No sheet has the attribute &apos;%1&apos;</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Blatt hat das Attribut „%1“</translation>
     </message>
     <message>
         <source>No sheet has the attribute &apos;%1&apos;; there is &apos;%2&apos;, however</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Blatt hat das Attribut „%1“, es gibt aber „%2“</translation>
     </message>
     <message>
         <source>No sheet has the value &apos;%2&apos; in the attribute &apos;%1&apos;</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Blatt hat den Wert „%2“ im Attribut „%1“</translation>
     </message>
     <message>
         <source>No sheet has the value &apos;%2&apos; in the attribute &apos;%1&apos;; there is &apos;%3&apos;, however</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Blatt hat den Wert „%2“ im Attribut „%1“, es gibt aber „%3“</translation>
     </message>
     <message>
         <source>All sheets that would be left have the attribute &apos;%1&apos;, so they are not included</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle übrigen Blätter haben das Attribut „%1“ und werden deshalb ausgelassen</translation>
     </message>
 </context>
 <context>
     <name>SheetTableModel</name>
     <message>
         <source>Not exported: the block insert has no sheet number</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht exportiert: Die Blockeinfügung hat keine Blattnummer</translation>
     </message>
     <message>
         <source>Number</source>
-        <translation type="unfinished">Nummer</translation>
+        <translation>Nummer</translation>
     </message>
     <message>
         <source>Value</source>
-        <translation type="unfinished">Wert</translation>
+        <translation>Wert</translation>
     </message>
     <message>
         <source>Block</source>
-        <translation type="unfinished">Block</translation>
+        <translation>Block</translation>
     </message>
     <message>
         <source>Corners</source>
-        <translation type="unfinished"></translation>
+        <translation>Ecken</translation>
     </message>
     <message>
         <source>Order of the export; tick the sheets to be exported</source>
-        <translation type="unfinished"></translation>
+        <translation>Reihenfolge des Exports; die zu exportierenden Blätter ankreuzen</translation>
     </message>
     <message>
         <source>Sheet number as it stands in the plan</source>
-        <translation type="unfinished"></translation>
+        <translation>Blattnummer, wie sie im Plan steht</translation>
     </message>
     <message>
         <source>Block that carries the sheet frame</source>
-        <translation type="unfinished"></translation>
+        <translation>Block, der den Blattrahmen trägt</translation>
     </message>
     <message>
         <source>Top left and bottom right corner</source>
-        <translation type="unfinished"></translation>
+        <translation>Ecke oben links und Ecke unten rechts</translation>
     </message>
 </context>
 <context>
     <name>TagModel</name>
     <message numerus="yes">
         <source>%1 (%n inserts)</source>
-        <extracomment>%1 is an attribute tag</extracomment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1 (%n Blockeinfügung)</numerusform>
+            <numerusform>%1 (%n Blockeinfügungen)</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>%1 (1 insert)</source>
+        <extracomment>%1 is an attribute tag</extracomment>
+        <translation>%1 (1 Blockeinfügung)</translation>
     </message>
 </context>
 <context>
