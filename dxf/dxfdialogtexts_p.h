@@ -32,17 +32,10 @@ public:
 
     static QString Reading(const QString &plan) { return tr("Reading %1").arg(plan); }
     static QString Analyzing(const QString &plan) { return tr("Analyzing %1").arg(plan); }
-    static QString BytesOf(const QString &step, const QString &done, const QString &total)
+    /// @param done, total  "1.5 MiB"
+    static QString BytesOf(const QString &done, const QString &total)
     {
-        return tr("%1: %2 of %3").arg(step, done, total);
-    }
-    static QString Bytes(const QString &step, const QString &done)
-    {
-        return tr("%1: %2").arg(step, done);
-    }
-    static QString WithTimeLeft(const QString &step, const QString &left)
-    {
-        return tr("%1, %2").arg(step, left);
+        return tr("%1 of %2").arg(done, total);
     }
     static QString Cancel() { return tr("Cancel"); }
     static QString ReadingCancelled(const QString &plan)

@@ -10,22 +10,25 @@
 #include <QProgressBar>
 #include <QPushButton>
 
+using namespace Qt::Literals::StringLiterals;
+
 ReadingProgress::ReadingProgress(QWidget *parent)
     : QWidget(parent),
-      m_text(new QLabel),
+      m_step(new QLabel),
+      m_left(new QLabel),
       m_bar(new QProgressBar),
       m_cancel(new QPushButton(DxfDialogTexts::Cancel()))
 {
-    m_text->setTextFormat(Qt::PlainText);
-    m_text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // changes all the time
-    m_bar->setTextVisible(false);
-    m_cancel->setObjectName(QStringLiteral("btnCancel"));
+    m_step->setTextFormat(Qt::PlainText);
+    m_step->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // names may be long
+    m_cancel->setObjectName(u"btnCancel"_s);
     m_cancel->setAutoDefault(false);
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins({});
-    grid->addWidget(m_text, 0, 0);
-    grid->addWidget(m_bar, 1, 0);
-    grid->addWidget(m_cancel, 0, 1, 2, 1);
+    grid->addWidget(m_step, 0, 0);
+    grid->addWidget(m_left, 0, 1);
+    grid->addWidget(m_bar, 1, 0, 1, 2);
+    grid->addWidget(m_cancel, 0, 2, 2, 1);
     grid->setColumnStretch(0, 1);
     connect(m_cancel, &QPushButton::clicked, this, &ReadingProgress::cancel);
 }
@@ -40,7 +43,7 @@ void ReadingProgress::begin()
 
 void ReadingProgress::beginStep(const QString &title, Unit unit)
 {
-    m_title = title;
+    m_step->setText(title);
     m_unit = unit;
     m_remaining = {};
     m_stepTime.start();
@@ -70,14 +73,13 @@ bool ReadingProgress::advance(qint64 done, qint64 total)
 void ReadingProgress::showState(qint64 done, qint64 total)
 {
     constexpr int kSteps = 1000;
+    const bool isKnown = total > 0;
+    m_left->setText(m_remaining.Text(m_stepTime.elapsed(), done, total));
+    m_bar->setRange(0, isKnown ? kSteps : 0); // 0: busy, nobody knows for how long
+    m_bar->setValue(isKnown ? static_cast<int>(kSteps * done / total) : 0);
     const QLocale locale;
-    QString text = m_title;
-    if (m_unit == Unit::Bytes)
-        text = total > 0 ? DxfDialogTexts::BytesOf(text, locale.formattedDataSize(done),
+    m_bar->setFormat(isKnown && m_unit == Unit::Bytes
+                         ? DxfDialogTexts::BytesOf(locale.formattedDataSize(done),
                                                    locale.formattedDataSize(total))
-                         : DxfDialogTexts::Bytes(text, locale.formattedDataSize(done));
-    const QString left = m_remaining.Text(m_stepTime.elapsed(), done, total);
-    m_text->setText(left.isEmpty() ? text : DxfDialogTexts::WithTimeLeft(text, left));
-    m_bar->setRange(0, total > 0 ? kSteps : 0); // 0: busy, nobody knows for how long
-    m_bar->setValue(total > 0 ? static_cast<int>(kSteps * done / total) : 0);
+                         : u"%p%"_s);
 }

@@ -49,14 +49,14 @@ private:
 
     Pace m_pace;
     Unit m_unit = Unit::Bytes;
-    QString m_title;
     QElapsedTimer m_time;
     QElapsedTimer m_stepTime;
     RemainingTime m_remaining;
     qint64 m_nextEvents = 0;
     bool m_isLong = false;
     bool m_isCancelled = false;
-    QLabel *m_text;
+    QLabel *m_step;
+    QLabel *m_left; ///< time
     QProgressBar *m_bar;
     QPushButton *m_cancel;
 };

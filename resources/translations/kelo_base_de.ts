@@ -408,16 +408,8 @@
         <translation>%1 wird ausgewertet</translation>
     </message>
     <message>
-        <source>%1: %2 of %3</source>
-        <translation>%1: %2 von %3</translation>
-    </message>
-    <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
-    </message>
-    <message>
-        <source>%1, %2</source>
-        <translation>%1, %2</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -557,6 +549,10 @@
     <message>
         <source>Information</source>
         <translation>Information</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
     </message>
 </context>
 <context>

@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <kelo_base/core/Translation.h>
 #include <kelo_base/dxf/DxfToolsDialog.h>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -34,12 +35,14 @@ QPixmap grabWhileReading(DxfToolsDialog &dialog, const QString &plan)
     dialog.findChild<ReadingProgress *>()->setPace({.shownAfter = 0, .eventsEvery = 0});
     const auto *bar = dialog.findChild<QProgressBar *>();
     QTimer poll;
+    bool hasWaited = false;
     QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
-        if (picture.isNull() && bar->value() > bar->maximum() / 2) {
-            QTest::qWait(700); // the time left needs a moment to be told; the work stands still
-            picture = dialog.grab();
-            dialog.CancelReading();
-        }
+        if (bar->value() <= bar->maximum() / 2)
+            return;
+        if (!std::exchange(hasWaited, true))
+            return QTest::qWait(700); // the time left is not told sooner
+        picture = dialog.grab();
+        dialog.CancelReading();
     });
     poll.start(0);
     dialog.ReadFile(plan);
