@@ -13,6 +13,8 @@
 #include <QToolTip>
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -78,11 +80,12 @@ void SheetPictureView::setSheets(const DxfDrawing &drawing, std::span<const quin
         for (const quint32 sheet : m_picture.figures[i].sheets)
             m_figureOfSheet.emplace_back(sheet, i);
     std::ranges::sort(m_figureOfSheet);
-    m_viewport.SetPicture(boundsOf(m_picture.figures), detailOf(m_picture.figures));
     m_drag = Drag::None;
     setSelectedSheets({});
+    changeView([this] {
+        m_viewport.SetPicture(boundsOf(m_picture.figures), detailOf(m_picture.figures));
+    });
     layOut();
-    zoomToFit();
 }
 
 void SheetPictureView::clear(const QString &message)

@@ -194,6 +194,9 @@ void TestPictureView::zoomsAndPans()
     QVERIFY(bench.Place({1}) == before && bench.view.zoom() == 1);
     bench.Wheel(before.center(), -120); // no smaller than all
     QCOMPARE(zooms.size(), 4);
+    bench.view.zoomIn();
+    bench.view.clear();
+    QVERIFY(zooms.size() == 6 && bench.view.zoom() == 1);
 }
 
 void TestPictureView::bringsASheetInSight()
