@@ -21,6 +21,7 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <QTableView>
 #include <QToolButton>
 #include <algorithm>
@@ -254,6 +255,11 @@ void SheetDesk::toggleMarks()
         return;
     const bool isMarked = current.data(Qt::CheckStateRole).toInt() == Qt::Checked;
     const Qt::CheckState state = isMarked ? Qt::Unchecked : Qt::Checked;
-    for (const QModelIndex &index : selection.selectedRows())
-        model.setData(index, state, Qt::CheckStateRole);
+    {
+        const QSignalBlocker once(model); // not for each of 100,000 sheets
+        for (const QModelIndex &index : selection.selectedRows())
+            model.setData(index, state, Qt::CheckStateRole);
+    }
+    m_form.sheetList->viewport()->update();
+    showCounts();
 }
