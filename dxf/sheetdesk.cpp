@@ -91,8 +91,12 @@ void SheetDesk::connectSelection()
     SheetPictureView *const picture = m_form.picture;
     connect(m_form.sheetList->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this, picture] {
-                if (!m_isSharingSelection)
-                    picture->setSelectedSheets(selectedSheets());
+                if (m_isSharingSelection)
+                    return;
+                const std::vector<quint32> sheets = selectedSheets();
+                picture->setSelectedSheets(sheets);
+                if (sheets.size() == 1) // of several there is no telling which to look at
+                    picture->showSheet(sheets.front());
             });
     connect(picture, &SheetPictureView::sheetsPicked, this, &SheetDesk::selectSheets);
     connect(m_form.btnZoomIn, &QToolButton::clicked, picture, &SheetPictureView::zoomIn);
