@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <kelo_base/dxf/DxfReader.h>
 #include <kelo_base/dxf/DxfToolsDialog.h>
 
@@ -22,9 +23,10 @@ QString planPath()
     return qEnvironmentVariable("KELO_BENCH_PLANS") + u"/own.dxf"_s;
 }
 
+/// Never 0, so that a plan that is not there is noticed.
 int sheetsOfPlan()
 {
-    return qEnvironmentVariableIntValue("KELO_BENCH_SHEETS");
+    return std::max(1, qEnvironmentVariableIntValue("KELO_BENCH_SHEETS"));
 }
 
 /// A dialog that forgets everything.
