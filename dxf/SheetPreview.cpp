@@ -4,8 +4,8 @@
 
 #include "dxf/dxftooltexts_p.h"
 #include "dxf/sheetnumber_p.h"
+#include "dxf/sheetpicture_p.h"
 #include <QLocale>
-#include <QRectF>
 #include <algorithm>
 #include <cmath>
 #include <kelo_base/dxf/RoutingTilesRevisor.h>
@@ -17,7 +17,6 @@ namespace {
 
 constexpr std::size_t kMostFigures = 20'000;
 constexpr std::size_t kMostPoints = 400; ///< of one sheet without labels
-constexpr double kCharacterWidth = 0.62; ///< of a text's height, on average
 
 using Kind = SheetFigure::Kind;
 using Mark = LegendEntry::Mark;
@@ -26,7 +25,6 @@ using Mark = LegendEntry::Mark;
 struct Draft
 {
     SheetFigure figure;
-    QRectF bounds;
     quint32 block = 0;
 };
 
@@ -105,12 +103,13 @@ std::vector<Draft> draftSheets(const DxfDrawing &drawing, std::span<const quint3
         if (!block)
             continue;
         Draft draft;
+        draft.figure.sheets = {sheet};
         takeOutlines(draft, drawing, *block);
         if (const auto number = SheetNumberAttribute(drawing, insert))
             draft.figure.number = drawing.DisplayText(number->substr(0, 60)).simplified();
         else
             draft.figure.kind = Kind::Unnumbered;
-        draft.bounds = boundsOf(draft.figure.outlines);
+        draft.figure.bounds = boundsOf(draft.figure.outlines);
         draft.block = insert.block;
         drafts.push_back(std::move(draft));
     }
@@ -122,7 +121,8 @@ double usualSide(const std::vector<Draft> &drafts)
 {
     std::vector<double> sides;
     for (const Draft &draft : drafts)
-        if (const double side = std::min(draft.bounds.width(), draft.bounds.height()); side > 0)
+        if (const double side = std::min(draft.figure.bounds.width(), draft.figure.bounds.height());
+            side > 0)
             sides.push_back(side);
     if (sides.empty())
         return 1;
@@ -143,7 +143,7 @@ bool areStacked(const std::vector<Draft> &drafts, double side)
     std::unordered_set<quint32> blocks;
     std::unordered_set<qint64> places;
     for (const Draft &draft : drafts) {
-        const QPointF centre = draft.bounds.center();
+        const QPointF centre = draft.figure.bounds.center();
         blocks.insert(draft.block);
         places.insert(cell(centre.x()) * qint64{4'000'000'007} + cell(centre.y()));
     }
@@ -152,12 +152,12 @@ bool areStacked(const std::vector<Draft> &drafts, double side)
 
 Placement placeAsMap(const std::vector<Draft> &drafts)
 {
-    QRectF all = drafts.front().bounds;
+    QRectF all = drafts.front().figure.bounds;
     for (const Draft &draft : drafts) {
-        all.setLeft(std::min(all.left(), draft.bounds.left()));
-        all.setRight(std::max(all.right(), draft.bounds.right()));
-        all.setTop(std::min(all.top(), draft.bounds.top()));
-        all.setBottom(std::max(all.bottom(), draft.bounds.bottom()));
+        all.setLeft(std::min(all.left(), draft.figure.bounds.left()));
+        all.setRight(std::max(all.right(), draft.figure.bounds.right()));
+        all.setTop(std::min(all.top(), draft.figure.bounds.top()));
+        all.setBottom(std::max(all.bottom(), draft.figure.bounds.bottom()));
     }
     return {std::vector(drafts.size(), -all.topLeft()), all.size()};
 }
@@ -169,15 +169,15 @@ Placement placeInRows(const std::vector<Draft> &drafts, double rowWidth, double 
     double rowHeight = 0;
     double width = 0;
     for (const Draft &draft : drafts) {
-        if (next.x() > 0 && next.x() + draft.bounds.width() > rowWidth) {
+        if (next.x() > 0 && next.x() + draft.figure.bounds.width() > rowWidth) {
             next = {0, next.y() + rowHeight + gap};
             rowHeight = 0;
         }
-        placement.shifts.push_back(next - draft.bounds.topLeft());
-        next.rx() += draft.bounds.width();
+        placement.shifts.push_back(next - draft.figure.bounds.topLeft());
+        next.rx() += draft.figure.bounds.width();
         width = std::max(width, next.x());
         next.rx() += gap;
-        rowHeight = std::max(rowHeight, draft.bounds.height());
+        rowHeight = std::max(rowHeight, draft.figure.bounds.height());
     }
     placement.size = {width, next.y() + rowHeight};
     return placement;
@@ -191,8 +191,8 @@ Placement placeInRows(const std::vector<Draft> &drafts, double side)
     double total = 0;
     double narrowest = 0;
     for (const Draft &draft : drafts) {
-        total += draft.bounds.width() + gap;
-        narrowest = std::max(narrowest, draft.bounds.width());
+        total += draft.figure.bounds.width() + gap;
+        narrowest = std::max(narrowest, draft.figure.bounds.width());
     }
     double widest = std::max(total, narrowest);
     for (int round = 0; round < 40; ++round) {
@@ -236,56 +236,17 @@ void joinBlocks(std::vector<Draft> &drafts)
             continue;
         }
         SheetFigure &figure = joined[entry->second].figure;
+        figure.sheets.push_back(draft.figure.sheets.front());
         if (draft.figure.kind == Kind::Unnumbered || figure.number.endsWith(kMore))
             continue;
         const bool hasNumber = figure.kind != Kind::Unnumbered;
         if (hasNumber && figure.number.size() > 20)
             draft.figure.number = kMore;
         draft.figure.number.prepend(hasNumber ? figure.number + QLatin1String(", ") : QString());
+        draft.figure.sheets = std::move(figure.sheets);
         figure = std::move(draft.figure);
     }
     drafts = std::move(joined);
-}
-
-/// Direction and size of the number: along the frame's lower edge, never upside down.
-void placeNumber(SheetFigure &figure, const QRectF &bounds)
-{
-    double width = bounds.width();
-    double height = bounds.height();
-    const QPointF run = figure.corners[2] - figure.corners[3];
-    const QPointF rise = figure.corners[0] - figure.corners[3];
-    if (!run.isNull()) {
-        width = std::hypot(run.x(), run.y());
-        height = std::hypot(rise.x(), rise.y());
-        const double turned = std::atan2(run.y(), run.x()) * 180 / std::numbers::pi;
-        figure.angle = turned > 90 ? turned - 180 : turned <= -90 ? turned + 180 : turned;
-    }
-    const auto characters = static_cast<double>(std::max<qsizetype>(figure.number.size(), 1));
-    constexpr double kLeast = 4;
-    constexpr double kMost = 140;
-    const double fits = std::min(0.42 * height, 0.78 * width / (kCharacterWidth * characters));
-    figure.textHeight = fits < kLeast ? 0 : std::min(fits, kMost);
-    figure.centre = bounds.center();
-}
-
-SheetFigure placed(Draft draft, QPointF shift, double scale, QPointF origin)
-{
-    const auto toPage = [=](QPointF p) { return origin + (p + shift) * scale; };
-    SheetFigure figure = std::move(draft.figure);
-    for (QPolygonF &points : figure.outlines)
-        for (QPointF &p : points)
-            p = toPage(p);
-    for (QPointF &p : figure.corners)
-        p = figure.outlines.empty() ? QPointF() : toPage(p);
-    placeNumber(figure, QRectF(toPage(draft.bounds.topLeft()), toPage(draft.bounds.bottomRight())));
-    return figure;
-}
-
-/// The longest of 1, 2, 5, 10, ... that is not longer than @p most.
-double roundLength(double most)
-{
-    const double power = std::pow(10.0, std::floor(std::log10(most)));
-    return most >= 5 * power ? 5 * power : most >= 2 * power ? 2 * power : power;
 }
 
 /// Writes the legend from left to right and top to bottom.
@@ -351,7 +312,7 @@ void writeLegend(SheetPicture &picture, double margin, double top, const QString
         legend.Add(Mark::Unlabelled, DxfToolTexts::UnlabelledInPreview(count(Kind::Unlabelled)));
     if (count(Kind::Unnumbered) > 0)
         legend.Add(Mark::Unnumbered, DxfToolTexts::UnnumberedInPreview(count(Kind::Unnumbered)));
-    const double length = roundLength(picture.size.width() / 7 / picture.pixelsPerUnit);
+    const double length = RoundLength(picture.size.width() / 7 / picture.pixelsPerUnit);
     if (!picture.figures.empty() && std::isnormal(length))
         legend.Add({.mark = Mark::ScaleBar,
                     .position = {},
@@ -361,6 +322,41 @@ void writeLegend(SheetPicture &picture, double margin, double top, const QString
 }
 
 } // namespace
+
+void MoveFigure(SheetFigure &figure, QPointF shift, double scale, QPointF origin)
+{
+    const auto moved = [=](QPointF p) { return origin + (p + shift) * scale; };
+    for (QPolygonF &points : figure.outlines)
+        for (QPointF &p : points)
+            p = moved(p);
+    for (QPointF &p : figure.corners)
+        p = figure.outlines.empty() ? QPointF() : moved(p);
+    figure.bounds = QRectF(moved(figure.bounds.topLeft()), moved(figure.bounds.bottomRight()));
+}
+
+void PlaceNumber(SheetFigure &figure, double least, double most)
+{
+    double width = figure.bounds.width();
+    double height = figure.bounds.height();
+    const QPointF run = figure.corners[2] - figure.corners[3];
+    const QPointF rise = figure.corners[0] - figure.corners[3];
+    if (!run.isNull()) {
+        width = std::hypot(run.x(), run.y());
+        height = std::hypot(rise.x(), rise.y());
+        const double turned = std::atan2(run.y(), run.x()) * 180 / std::numbers::pi;
+        figure.angle = turned > 90 ? turned - 180 : turned <= -90 ? turned + 180 : turned;
+    }
+    const auto characters = static_cast<double>(std::max<qsizetype>(figure.number.size(), 1));
+    const double fits = std::min(0.42 * height, 0.78 * width / (kCharacterWidth * characters));
+    figure.textHeight = fits < least ? 0 : std::min(fits, most);
+    figure.centre = figure.bounds.center();
+}
+
+double RoundLength(double most)
+{
+    const double power = std::pow(10.0, std::floor(std::log10(most)));
+    return most >= 5 * power ? 5 * power : most >= 2 * power ? 2 * power : power;
+}
 
 SheetPicture LayOutSheets(const DxfDrawing &drawing, std::span<const quint32> sheets,
                           const QString &title)
@@ -388,9 +384,14 @@ SheetPicture LayOutSheets(const DxfDrawing &drawing, std::span<const quint32> sh
     constexpr double kNarrowest = 900; // for the legend
     const double width = std::ceil(std::max(used.width() + 2 * margin, kNarrowest));
     const QPointF origin((width - used.width()) / 2, margin);
-    for (std::size_t i = 0; i < drafts.size(); ++i)
-        picture.figures.push_back(
-            placed(std::move(drafts[i]), placement.shifts[i], picture.pixelsPerUnit, origin));
+    picture.figures.reserve(drafts.size());
+    for (std::size_t i = 0; i < drafts.size(); ++i) {
+        SheetFigure &figure = picture.figures.emplace_back(std::move(drafts[i].figure));
+        MoveFigure(figure, placement.shifts[i], picture.pixelsPerUnit, origin);
+        constexpr double kLeast = 4;
+        constexpr double kMost = 140;
+        PlaceNumber(figure, kLeast, kMost);
+    }
     picture.size = {width, 0};
     writeLegend(picture, margin, used.height() + 2 * margin, title, sheets.size());
     return picture;

@@ -4,6 +4,7 @@
 
 #include <QPointF>
 #include <QPolygonF>
+#include <QRectF>
 #include <QSizeF>
 #include <QString>
 #include <array>
@@ -24,9 +25,13 @@ struct SheetFigure
         Unnumbered  ///< has no sheet number, so that an export skips it
     };
     Kind kind = Kind::Labelled;
+    /// Which it stands for, as given to LayOutSheets(): several where sheets of one block lie on
+    /// one place.
+    std::vector<quint32> sheets;
     std::vector<QPolygonF> outlines;
+    QRectF bounds;                  ///< of the outlines
     std::array<QPointF, 4> corners; ///< clockwise from top left; all equal when not labelled
-    QString number;
+    QString number;                 ///< several with commas between them; of many only the first
     QPointF centre;
     double angle = 0;      ///< of the number, in degrees clockwise; it reads along the lower edge
     double textHeight = 0; ///< of the number, in pixels; 0: too small to be read, not written

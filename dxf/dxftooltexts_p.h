@@ -19,9 +19,9 @@ public:
     static QString AnalyzeFileTitle() { return tr("Analyze File"); }
     static QString AnalyzeFailed() { return tr("Analyze file failed!"); }
 
-    static QString CorrectVertexPositions() { return tr("Correct Vertex Positions"); }
-    static QString IncludeTitle() { return tr("Only include blocks WITH"); }
-    static QString ExcludeTitle() { return tr("Do not include blocks WITH"); }
+    static QString CorrectVertexPositions() { return tr("Correct &Vertex Positions"); }
+    static QString IncludeTitle() { return tr("Only &include blocks WITH"); }
+    static QString ExcludeTitle() { return tr("&Do not include blocks WITH"); }
 
     static QString ExportFileTitle() { return tr("Export DXF as Kelo-GK2"); }
     /// The first word is spelled so on purpose: users know the box by it.
@@ -86,6 +86,12 @@ public:
     static QString UnnumberedInPreview(qint64 sheets)
     {
         return tr("without number: %1").arg(sheets);
+    }
+    static QString NoNumberInPreview() { return tr("Without sheet number"); }
+    static QString PictureName() { return tr("Picture of the sheets"); }
+    static QString PictureHelp()
+    {
+        return tr("Arrow keys move the picture, plus and minus zoom, Home shows all of it.");
     }
     static QString UnitsInPreview(const QString &length)
     {

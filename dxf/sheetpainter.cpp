@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Paints a picture of sheets and saves it.
-#include <kelo_base/dxf/SheetPreview.h>
+#include "dxf/sheetpainter_p.h"
 
 #include <QBuffer>
-#include <QFont>
 #include <QImage>
 #include <QPainter>
+#include <QPalette>
 #include <QSvgGenerator>
 #include <cmath>
 
@@ -14,39 +14,9 @@ namespace {
 using Kind = SheetFigure::Kind;
 using Mark = LegendEntry::Mark;
 
-constexpr QRgb kPage = 0xFFF3F1EA;
-constexpr QRgb kInk = 0xFF26323F;
-/// Clockwise from top left; they differ in brightness too, for those who do not see all hues.
-constexpr std::array<QRgb, 4> kCornerColours{0xFF1D4F91, 0xFF1E9E8F, 0xFFEFA73A, 0xFF9B6BB5};
-
-struct Style
+QFont fontOf(const SheetLook &look, double height, bool isBold = false)
 {
-    QColor fill;
-    QColor line;
-    QColor text;
-    Qt::PenStyle pen;
-};
-
-Style styleOf(Kind kind)
-{
-    switch (kind) {
-    case Kind::Labelled:
-        return {QColor(0xFF, 0xFF, 0xFF, 0xD8), QColor(0x5B, 0x6B, 0x7B), QColor(kInk),
-                Qt::SolidLine};
-    case Kind::Unlabelled:
-        return {QColor(0xF7, 0xC9, 0xC3, 0xD8), QColor(0xC0, 0x39, 0x2B), QColor(0x8E, 0x1F, 0x14),
-                Qt::SolidLine};
-    case Kind::Unnumbered:
-        return {QColor(0xDD, 0xDD, 0xD8, 0x90), QColor(0x9A, 0x9A, 0x95), QColor(kInk),
-                Qt::DashLine};
-    }
-    return {};
-}
-
-QFont fontOf(double height, bool isBold = false)
-{
-    QFont font(QStringLiteral("DejaVu Sans"));
-    font.setStyleHint(QFont::SansSerif);
+    QFont font = look.font;
     font.setPixelSize(std::max(1, static_cast<int>(std::lround(height))));
     font.setBold(isBold);
     return font;
@@ -59,10 +29,83 @@ QPointF along(QPointF from, QPointF to, double length)
     return whole > 0 ? from + way * (length / whole) : from;
 }
 
-/// A wedge in each corner, inside the frame so that neighbours do not cover it; the top left one is
-/// larger, so that it shows which way a sheet is turned even where colours do not.
-void paintCorners(QPainter &painter, const std::array<QPointF, 4> &corners)
+void paintLegend(QPainter &painter, const SheetPicture &picture, const SheetLook &look)
 {
+    for (const LegendEntry &entry : picture.legend) {
+        PaintLegendMark(painter, entry, picture.legendTextHeight, look);
+        const double gap =
+            entry.mark == Mark::None ? 0 : entry.markWidth + picture.legendTextHeight / 2;
+        painter.setFont(fontOf(look, picture.legendTextHeight, entry.isTitle));
+        painter.setPen(look.ink);
+        painter.drawText(entry.position + QPointF(gap, 0), entry.text);
+    }
+}
+
+} // namespace
+
+const SheetLook::Style &SheetLook::Of(SheetFigure::Kind kind) const
+{
+    switch (kind) {
+    case Kind::Labelled:
+        break;
+    case Kind::Unlabelled:
+        return unlabelled;
+    case Kind::Unnumbered:
+        return unnumbered;
+    }
+    return labelled;
+}
+
+QColor MixedColour(const QColor &a, const QColor &b, float part)
+{
+    return QColor::fromRgbF(std::lerp(a.redF(), b.redF(), part),
+                            std::lerp(a.greenF(), b.greenF(), part),
+                            std::lerp(a.blueF(), b.blueF(), part));
+}
+
+SheetLook PaperLook()
+{
+    SheetLook look{
+        .page = QRgb{0xFFF3F1EA},
+        .ink = QRgb{0xFF26323F},
+        .labelled = {QColor(0xFF, 0xFF, 0xFF, 0xD8), QColor(0x5B, 0x6B, 0x7B),
+                     QColor(QRgb{0xFF26323F}), Qt::SolidLine},
+        .unlabelled = {QColor(0xF7, 0xC9, 0xC3, 0xD8), QColor(0xC0, 0x39, 0x2B),
+                       QColor(0x8E, 0x1F, 0x14), Qt::SolidLine},
+        .unnumbered = {QColor(0xDD, 0xDD, 0xD8, 0x90), QColor(0x9A, 0x9A, 0x95),
+                       QColor(QRgb{0xFF26323F}), Qt::DashLine},
+        .corners = {QRgb{0xFF1D4F91}, QRgb{0xFF1E9E8F}, QRgb{0xFFEFA73A}, QRgb{0xFF9B6BB5}},
+        .font = QFont(QStringLiteral("DejaVu Sans"))};
+    look.font.setStyleHint(QFont::SansSerif);
+    return look;
+}
+
+SheetLook ScreenLook(const QPalette &palette, const QFont &font)
+{
+    const QColor ground = palette.color(QPalette::Base);
+    const QColor ink = palette.color(QPalette::Text);
+    const bool isDark = ground.lightnessF() < ink.lightnessF();
+    const QColor sheet = isDark ? MixedColour(ground, ink, 0.15F) : ground;
+    const QColor red = isDark ? QColor(0xFF, 0x7B, 0x6E) : QColor(0xB8, 0x2E, 0x20);
+    SheetLook look = PaperLook();
+    look.page = isDark ? ground : MixedColour(palette.color(QPalette::Window), ink, 0.03F);
+    look.ink = ink;
+    look.labelled = {sheet, MixedColour(ground, ink, 0.6F), ink, Qt::SolidLine};
+    look.unlabelled = {MixedColour(sheet, red, 0.24F), red,
+                       isDark ? MixedColour(red, ink, 0.5F) : red, Qt::SolidLine};
+    look.unnumbered = {MixedColour(look.page, ink, 0.09F), MixedColour(ground, ink, 0.45F), ink,
+                       Qt::DashLine};
+    if (isDark)
+        look.corners = {QRgb{0xFF5F9DEB}, QRgb{0xFF35C4B2}, QRgb{0xFFFFC15C}, QRgb{0xFFC590DD}};
+    look.font = font;
+    return look;
+}
+
+void PaintSheetCorners(QPainter &painter, const SheetFigure &figure, const SheetLook &look)
+{
+    const std::array<QPointF, 4> &corners = figure.corners;
+    if (corners[0] == corners[2])
+        return;
     const auto side = [&corners](std::size_t from, std::size_t to) {
         const QPointF way = corners[to] - corners[from];
         return std::hypot(way.x(), way.y());
@@ -72,29 +115,30 @@ void paintCorners(QPainter &painter, const std::array<QPointF, 4> &corners)
     for (std::size_t i = 0; i < 4; ++i) {
         const double own = i == 0 ? 1.7 * size : size;
         const QPointF corner = corners[i];
-        painter.setBrush(QColor(kCornerColours[i]));
+        painter.setBrush(look.corners[i]);
         painter.drawPolygon(QPolygonF{corner, along(corner, corners[(i + 1) % 4], own),
                                       along(corner, corners[(i + 3) % 4], own)});
     }
 }
 
-void paintNumber(QPainter &painter, const SheetFigure &figure)
+void PaintSheetNumber(QPainter &painter, const SheetFigure &figure, const SheetLook &look)
 {
     if (figure.textHeight <= 0 || figure.number.isEmpty())
         return;
     painter.save();
     painter.translate(figure.centre);
     painter.rotate(figure.angle);
-    painter.setFont(fontOf(figure.textHeight));
-    painter.setPen(styleOf(figure.kind).text);
+    painter.setFont(fontOf(look, figure.textHeight));
+    painter.setPen(look.Of(figure.kind).text);
     const QRectF box(-2000, -figure.textHeight, 4000, 2 * figure.textHeight);
     painter.drawText(box, Qt::AlignCenter, figure.number);
     painter.restore();
 }
 
-void paintFigure(QPainter &painter, const SheetFigure &figure, double lineWidth)
+void PaintSheetOutlines(QPainter &painter, const SheetFigure &figure, const SheetLook &look,
+                        double lineWidth)
 {
-    const Style style = styleOf(figure.kind);
+    const SheetLook::Style &style = look.Of(figure.kind);
     painter.setPen(QPen(style.line, lineWidth, style.pen, Qt::FlatCap, Qt::MiterJoin));
     for (const QPolygonF &points : figure.outlines) {
         painter.setBrush(points.isClosed() ? QBrush(style.fill) : QBrush(Qt::NoBrush));
@@ -105,13 +149,14 @@ void paintFigure(QPainter &painter, const SheetFigure &figure, double lineWidth)
     }
 }
 
-void paintLegendMark(QPainter &painter, const LegendEntry &entry, double textHeight)
+void PaintLegendMark(QPainter &painter, const LegendEntry &entry, double textHeight,
+                     const SheetLook &look)
 {
     const double height = 0.85 * textHeight;
     const QRectF box(entry.position.x(), entry.position.y() - height, entry.markWidth, height);
     const auto paintBox = [&](Kind kind) {
-        painter.setPen(QPen(styleOf(kind).line, 1.2, styleOf(kind).pen));
-        painter.setBrush(styleOf(kind).fill);
+        painter.setPen(QPen(look.Of(kind).line, 1.2, look.Of(kind).pen));
+        painter.setBrush(look.Of(kind).fill);
         painter.drawRect(box);
     };
     switch (entry.mark) {
@@ -132,48 +177,34 @@ void paintLegendMark(QPainter &painter, const LegendEntry &entry, double textHei
         const auto i = static_cast<std::size_t>(entry.corner);
         paintBox(Kind::Labelled);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(QColor(kCornerColours[i]));
+        painter.setBrush(look.corners[i]);
         painter.drawPolygon(QPolygonF{corners[i],
                                       along(corners[i], corners[(i + 1) % 4], 0.7 * height),
                                       along(corners[i], corners[(i + 3) % 4], 0.7 * height)});
         break;
     }
     case Mark::ScaleBar:
-        painter.setPen(QPen(QColor(kInk), 1.5, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+        painter.setPen(QPen(look.ink, 1.5, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
         painter.drawPolyline(QPolygonF{box.topLeft() + QPointF(0, height / 2), box.bottomLeft(),
                                        box.bottomRight(), box.topRight() + QPointF(0, height / 2)});
         break;
     }
 }
 
-void paintLegend(QPainter &painter, const SheetPicture &picture)
-{
-    for (const LegendEntry &entry : picture.legend) {
-        paintLegendMark(painter, entry, picture.legendTextHeight);
-        const double gap =
-            entry.mark == Mark::None ? 0 : entry.markWidth + picture.legendTextHeight / 2;
-        painter.setFont(fontOf(picture.legendTextHeight, entry.isTitle));
-        painter.setPen(QColor(kInk));
-        painter.drawText(entry.position + QPointF(gap, 0), entry.text);
-    }
-}
-
-} // namespace
-
 void PaintSheets(QPainter &painter, const SheetPicture &picture)
 {
+    const SheetLook look = PaperLook();
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    painter.fillRect(QRectF(QPointF(), picture.size), QColor(kPage));
+    painter.fillRect(QRectF(QPointF(), picture.size), look.page);
     const double lineWidth = picture.figures.size() < 200 ? 1.5 : 0.8;
     for (const SheetFigure &figure : picture.figures)
-        paintFigure(painter, figure, lineWidth);
+        PaintSheetOutlines(painter, figure, look, lineWidth);
     // Above all frames, where sheets overlap.
     for (const SheetFigure &figure : picture.figures)
-        if (figure.corners[0] != figure.corners[2])
-            paintCorners(painter, figure.corners);
+        PaintSheetCorners(painter, figure, look);
     for (const SheetFigure &figure : picture.figures)
-        paintNumber(painter, figure);
-    paintLegend(painter, picture);
+        PaintSheetNumber(painter, figure, look);
+    paintLegend(painter, picture, look);
 }
 
 bool WriteSheetPicture(QIODevice &device, const SheetPicture &picture, PictureFormat format)

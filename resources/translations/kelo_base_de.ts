@@ -16,6 +16,13 @@
     </message>
 </context>
 <context>
+    <name>DiagnosticModel</name>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+</context>
+<context>
     <name>DxfReader</name>
     <message>
         <source>The file ends in the middle of a pair of lines</source>
@@ -192,18 +199,6 @@
         <translation>Die Auswertung der Datei ist fehlgeschlagen!</translation>
     </message>
     <message>
-        <source>Correct Vertex Positions</source>
-        <translation>Lage der Eckpunkte berichtigen</translation>
-    </message>
-    <message>
-        <source>Only include blocks WITH</source>
-        <translation>Nur Blöcke MIT</translation>
-    </message>
-    <message>
-        <source>Do not include blocks WITH</source>
-        <translation>Keine Blöcke MIT</translation>
-    </message>
-    <message>
         <source>Export DXF as Kelo-GK2</source>
         <translation>DXF als Kelo-GK2 exportieren</translation>
     </message>
@@ -333,6 +328,246 @@
             <numerusform>%n weitere Warnung dieser Art</numerusform>
             <numerusform>%n weitere Warnungen dieser Art</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Correct &amp;Vertex Positions</source>
+        <translation>Lage der &amp;Eckpunkte berichtigen</translation>
+    </message>
+    <message>
+        <source>Only &amp;include blocks WITH</source>
+        <translation>&amp;Nur Blöcke MIT</translation>
+    </message>
+    <message>
+        <source>&amp;Do not include blocks WITH</source>
+        <translation>&amp;Keine Blöcke MIT</translation>
+    </message>
+    <message>
+        <source>Without sheet number</source>
+        <translation>Ohne Blattnummer</translation>
+    </message>
+    <message>
+        <source>Picture of the sheets</source>
+        <translation>Bild der Blätter</translation>
+    </message>
+    <message>
+        <source>Arrow keys move the picture, plus and minus zoom, Home shows all of it.</source>
+        <translation>Die Pfeiltasten verschieben das Bild, Plus und Minus zoomen, Pos1 zeigt alles.</translation>
+    </message>
+</context>
+<context>
+    <name>DxfToolsDialog</name>
+    <message>
+        <source>DXF Workbench</source>
+        <translation>DXF-Werkbank</translation>
+    </message>
+    <message>
+        <source>%1 - DXF Workbench</source>
+        <translation>%1 – DXF-Werkbank</translation>
+    </message>
+    <message>
+        <source>&amp;Open...</source>
+        <translation>Ö&amp;ffnen …</translation>
+    </message>
+    <message>
+        <source>&amp;Recent</source>
+        <translation>&amp;Zuletzt gelesen</translation>
+    </message>
+    <message>
+        <source>DXF plans (*.dxf *.DXF);;All files (*)</source>
+        <translation>DXF-Pläne (*.dxf *.DXF);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>No plan has been read yet</source>
+        <translation>Noch wurde kein Plan gelesen</translation>
+    </message>
+    <message>
+        <source>Re&amp;move from List</source>
+        <translation>Aus der &amp;Liste entfernen</translation>
+    </message>
+    <message>
+        <source>Open a DXF plan, or drop one here</source>
+        <translation>Einen DXF-Plan öffnen oder hierher ziehen</translation>
+    </message>
+    <message>
+        <source>%1: 1 insert read</source>
+        <translation>%1: 1 Blockeinfügung gelesen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %Ln inserts read</source>
+        <translation>
+            <numerusform>%1: %Ln Blockeinfügung gelesen</numerusform>
+            <numerusform>%1: %Ln Blockeinfügungen gelesen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Reading %1</source>
+        <translation>%1 wird gelesen</translation>
+    </message>
+    <message>
+        <source>Analyzing %1</source>
+        <translation>%1 wird ausgewertet</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Reading %1 was cancelled</source>
+        <translation>Das Lesen von %1 wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>%1, line %2: %3</source>
+        <translation>%1, Zeile %2: %3</translation>
+    </message>
+    <message>
+        <source>%1 - %2 is still shown</source>
+        <translation>%1 – weiterhin wird %2 gezeigt</translation>
+    </message>
+    <message>
+        <source>&amp;Tag:</source>
+        <translation>&amp;Attribut:</translation>
+    </message>
+    <message>
+        <source>Va&amp;lue:</source>
+        <translation>&amp;Wert:</translation>
+    </message>
+    <message>
+        <source>Ta&amp;g:</source>
+        <translation>A&amp;ttribut:</translation>
+    </message>
+    <message>
+        <source>Tag that blocks must have</source>
+        <translation>Attributname, den Blöcke haben müssen</translation>
+    </message>
+    <message>
+        <source>Value that blocks must have under the tag</source>
+        <translation>Wert, den Blöcke unter dem Attributnamen haben müssen</translation>
+    </message>
+    <message>
+        <source>Tag that blocks must not have</source>
+        <translation>Attributname, den Blöcke nicht haben dürfen</translation>
+    </message>
+    <message>
+        <source>&amp;Selected sheets:</source>
+        <translation>Aus&amp;gewählte Blätter:</translation>
+    </message>
+    <message>
+        <source>Selected sheets</source>
+        <translation>Ausgewählte Blätter</translation>
+    </message>
+    <message>
+        <source>Number of selected sheets</source>
+        <translation>Anzahl der ausgewählten Blätter</translation>
+    </message>
+    <message>
+        <source>To be exported: %1</source>
+        <translation>Zu exportieren: %1</translation>
+    </message>
+    <message>
+        <source>Mark &amp;All</source>
+        <translation>Alle &amp;markieren</translation>
+    </message>
+    <message>
+        <source>Mark &amp;None</source>
+        <translation>Keine mark&amp;ieren</translation>
+    </message>
+    <message>
+        <source>&amp;Picture:</source>
+        <translation>&amp;Bild:</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Show All</source>
+        <translation>Alles zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Findings:</source>
+        <translation>&amp;Hinweise:</translation>
+    </message>
+    <message>
+        <source>Findings</source>
+        <translation>Hinweise</translation>
+    </message>
+    <message>
+        <source>No findings</source>
+        <translation>Keine Hinweise</translation>
+    </message>
+    <message>
+        <source>&amp;Export as GK2...</source>
+        <translation>Als GK2 e&amp;xportieren …</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>1 sheet written to %1</source>
+        <translation>1 Blatt nach %1 geschrieben</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln sheets written to %1</source>
+        <translation>
+            <numerusform>%Ln Blatt nach %1 geschrieben</numerusform>
+            <numerusform>%Ln Blätter nach %1 geschrieben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 was not written: %2</source>
+        <translation>%1 wurde nicht geschrieben: %2</translation>
+    </message>
+    <message>
+        <source>%1 - the older file is unchanged</source>
+        <translation>%1 – die ältere Datei ist unverändert</translation>
+    </message>
+    <message>
+        <source>%1 is the plan itself and is not overwritten</source>
+        <translation>%1 ist der Plan selbst und wird nicht überschrieben</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>es ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>it is write-protected</source>
+        <translation>die Datei ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>Information</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>DxfWorkbench</name>
+    <message>
+        <source>Reads a DXF plan, chooses its sheets and exports them as GK2.</source>
+        <translation>Liest einen DXF-Plan, wählt seine Blätter aus und exportiert sie als GK2.</translation>
+    </message>
+    <message>
+        <source>The DXF plan to open.</source>
+        <translation>Der DXF-Plan, der geöffnet werden soll.</translation>
+    </message>
+    <message>
+        <source>Only one plan can be shown</source>
+        <translation>Es kann nur ein Plan gezeigt werden</translation>
     </message>
 </context>
 <context>
@@ -571,6 +806,162 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>%1, %2 of %3</source>
         <translation>%1, %2 von %3</translation>
+    </message>
+</context>
+<context>
+    <name>RemainingTime</name>
+    <message numerus="yes">
+        <source>about %n seconds left</source>
+        <translation>
+            <numerusform>noch etwa %n Sekunde</numerusform>
+            <numerusform>noch etwa %n Sekunden</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>about %n minutes left</source>
+        <translation>
+            <numerusform>noch etwa %n Minute</numerusform>
+            <numerusform>noch etwa %n Minuten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>about %n hours left</source>
+        <translation>
+            <numerusform>noch etwa %n Stunde</numerusform>
+            <numerusform>noch etwa %n Stunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>about 1 second left</source>
+        <translation>noch etwa 1 Sekunde</translation>
+    </message>
+    <message>
+        <source>about 1 minute left</source>
+        <translation>noch etwa 1 Minute</translation>
+    </message>
+    <message>
+        <source>about 1 hour left</source>
+        <translation>noch etwa 1 Stunde</translation>
+    </message>
+</context>
+<context>
+    <name>SheetCorners</name>
+    <message>
+        <source>no corners</source>
+        <translation>keine Ecken</translation>
+    </message>
+    <message>
+        <source>Top left: %1</source>
+        <translation>Oben links: %1</translation>
+    </message>
+    <message>
+        <source>Top right: %1</source>
+        <translation>Oben rechts: %1</translation>
+    </message>
+    <message>
+        <source>Bottom right: %1</source>
+        <translation>Unten rechts: %1</translation>
+    </message>
+    <message>
+        <source>Bottom left: %1</source>
+        <translation>Unten links: %1</translation>
+    </message>
+</context>
+<context>
+    <name>SheetFilter</name>
+    <message>
+        <source>The plan has no block inserts</source>
+        <translation>Der Plan hat keine Blockeinfügungen</translation>
+    </message>
+    <message>
+        <source>All sheets of the plan lie inside blocks, where they do not count</source>
+        <translation>Alle Blätter des Plans liegen in Blöcken, wo sie nicht zählen</translation>
+    </message>
+    <message>
+        <source>No block insert of the plan has a polyline that could be a sheet frame</source>
+        <translation>Keine Blockeinfügung des Plans hat eine Polylinie, die ein Blattrahmen sein könnte</translation>
+    </message>
+    <message>
+        <source>Enter the tag that sheets must have</source>
+        <translation>Den Attributnamen eingeben, den Blätter haben müssen</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; has characters that cannot stand in a plan of this age</source>
+        <translation>„%1“ hat Zeichen, die in einem Plan dieses Alters nicht stehen können</translation>
+    </message>
+    <message>
+        <source>No sheet has the attribute &apos;%1&apos;</source>
+        <translation>Kein Blatt hat das Attribut „%1“</translation>
+    </message>
+    <message>
+        <source>No sheet has the attribute &apos;%1&apos;; there is &apos;%2&apos;, however</source>
+        <translation>Kein Blatt hat das Attribut „%1“, es gibt aber „%2“</translation>
+    </message>
+    <message>
+        <source>No sheet has the value &apos;%2&apos; in the attribute &apos;%1&apos;</source>
+        <translation>Kein Blatt hat den Wert „%2“ im Attribut „%1“</translation>
+    </message>
+    <message>
+        <source>No sheet has the value &apos;%2&apos; in the attribute &apos;%1&apos;; there is &apos;%3&apos;, however</source>
+        <translation>Kein Blatt hat den Wert „%2“ im Attribut „%1“, es gibt aber „%3“</translation>
+    </message>
+    <message>
+        <source>All sheets that would be left have the attribute &apos;%1&apos;, so they are not included</source>
+        <translation>Alle übrigen Blätter haben das Attribut „%1“ und werden deshalb ausgelassen</translation>
+    </message>
+</context>
+<context>
+    <name>SheetTableModel</name>
+    <message>
+        <source>Not exported: the block insert has no sheet number</source>
+        <translation>Nicht exportiert: Die Blockeinfügung hat keine Blattnummer</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Block</source>
+        <translation>Block</translation>
+    </message>
+    <message>
+        <source>Corners</source>
+        <translation>Ecken</translation>
+    </message>
+    <message>
+        <source>Order of the export; tick the sheets to be exported</source>
+        <translation>Reihenfolge des Exports; die zu exportierenden Blätter ankreuzen</translation>
+    </message>
+    <message>
+        <source>Sheet number as it stands in the plan</source>
+        <translation>Blattnummer, wie sie im Plan steht</translation>
+    </message>
+    <message>
+        <source>Block that carries the sheet frame</source>
+        <translation>Block, der den Blattrahmen trägt</translation>
+    </message>
+    <message>
+        <source>Top left and bottom right corner</source>
+        <translation>Ecke oben links und Ecke unten rechts</translation>
+    </message>
+</context>
+<context>
+    <name>TagModel</name>
+    <message numerus="yes">
+        <source>%1 (%n inserts)</source>
+        <translation>
+            <numerusform>%1 (%n Blockeinfügung)</numerusform>
+            <numerusform>%1 (%n Blockeinfügungen)</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 (1 insert)</source>
+        <extracomment>%1 is an attribute tag</extracomment>
+        <translation>%1 (1 Blockeinfügung)</translation>
     </message>
 </context>
 <context>

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Saves a picture of the workbench dialog in a state that is worth looking at.
+#include "dxf/readingprogress_p.h"
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QProgressBar>
+#include <QSettings>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <cstdio>
+#include <kelo_base/core/Translation.h>
+#include <kelo_base/dxf/DxfToolsDialog.h>
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QPalette darkPalette()
+{
+    QPalette palette(QColor(53, 53, 57), QColor(40, 40, 43));
+    palette.setColor(QPalette::Base, QColor(30, 30, 32));
+    palette.setColor(QPalette::AlternateBase, QColor(37, 37, 40));
+    palette.setColor(QPalette::Highlight, QColor(61, 126, 204));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    return palette;
+}
+
+/// Half way through a plan, as a user would see it.
+QPixmap grabWhileReading(DxfToolsDialog &dialog, const QString &plan)
+{
+    QPixmap picture;
+    dialog.findChild<ReadingProgress *>()->setPace({.shownAfter = 0, .eventsEvery = 0});
+    const auto *bar = dialog.findChild<QProgressBar *>();
+    QTimer poll;
+    bool hasWaited = false;
+    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
+        if (bar->value() <= bar->maximum() / 2)
+            return;
+        if (!std::exchange(hasWaited, true))
+            return QTest::qWait(700); // the time left is not told sooner
+        picture = dialog.grab();
+        dialog.CancelReading();
+    });
+    poll.start(0);
+    dialog.ReadFile(plan);
+    return picture;
+}
+
+QPixmap grabWithPlan(DxfToolsDialog &dialog, const QString &plan)
+{
+    dialog.ReadFile(plan);
+    auto *list = dialog.findChild<QTableView *>();
+    list->selectRow(2);
+    QTest::qWait(300);
+    return dialog.grab();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication app(argc, argv);
+    QCommandLineParser parser;
+    const QCommandLineOption state(u"state"_s, u"empty, reading or any other name."_s, u"name"_s);
+    const QCommandLineOption theme(u"theme"_s, u"light or dark."_s, u"name"_s, u"light"_s);
+    const QCommandLineOption language(u"language"_s, u"en or de."_s, u"code"_s, u"en"_s);
+    const QCommandLineOption picture(u"picture"_s, u"The file to save."_s, u"file"_s);
+    parser.addOptions({state, theme, language, picture});
+    parser.addPositionalArgument(u"plan"_s, u"The plan to show."_s);
+    parser.process(app);
+
+    QApplication::setStyle(u"fusion"_s);
+    if (parser.value(theme) == "dark"_L1)
+        QApplication::setPalette(darkPalette());
+    QLocale::setDefault(QLocale(parser.value(language)));
+    InstallTranslation(QLocale());
+    const QTemporaryDir home;
+    QSettings store(home.filePath(u"store.ini"_s), QSettings::IniFormat);
+    DxfToolsDialog dialog(nullptr, &store);
+    dialog.show();
+    QTest::qWait(100);
+    const QString plan = parser.positionalArguments().value(0);
+    QPixmap shown;
+    if (parser.value(state) == "empty"_L1)
+        shown = dialog.grab();
+    else if (parser.value(state) == "reading"_L1)
+        shown = grabWhileReading(dialog, plan);
+    else
+        shown = grabWithPlan(dialog, plan);
+    return shown.save(parser.value(picture)) ? 0 : 1;
+}

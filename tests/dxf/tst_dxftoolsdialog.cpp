@@ -1,0 +1,428 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// What a technician sees and gets in the workbench dialog, from the plan to the file exported.
+#include "dxf/dxfdialogtexts_p.h"
+#include "dxf/messageline_p.h"
+#include "dxf/readingprogress_p.h"
+#include "dxf/sheetpictureview_p.h"
+#include "dxf/sheettablemodel_p.h"
+#include "tests/support/PlanPairs.h"
+#include "tests/support/TemporaryHome.h"
+#include <QtTest>
+#include <QtWidgets>
+#include <csignal>
+#include <kelo_base/core/Translation.h>
+#include <kelo_base/core/UserDataManager.h>
+#include <kelo_base/dxf/DxfToolsDialog.h>
+#include <sys/resource.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// A frame of 3 x 2, drawn from its lower right corner counter-clockwise.
+const QByteArray kBlocks = "0 SECTION|2 BLOCKS|0 BLOCK|2 A|0 LWPOLYLINE|90 4|70 1|10 3|20 0|10 3|"
+                           "20 2|10 0|20 2|10 0|20 0|0 ENDBLK|0 ENDSEC|0 SECTION|2 ENTITIES|";
+const QByteArray kCorners = "   0,00        2,00    \r\n   3,00        2,00    \r\n"
+                            "   3,00        0,00    \r\n   0,00        0,00    \r\n";
+
+QByteArray sheet(const QByteArray &number, const QByteArray &kind)
+{
+    return "0 INSERT|2 A|66 1|0 ATTRIB|1 " + number + "|2 BL_NR|0 ATTRIB|1 " + kind + "|2 KIND";
+}
+
+QByteArray planOf(const QByteArrayList &sheets)
+{
+    return asciiPlan(pairsOf(kBlocks + sheets.join('|') + "|0 ENDSEC|0 EOF"));
+}
+
+const QByteArrayList kFourSheets{sheet("10", "city"), sheet("2", "city"), sheet("7", "land"),
+                                 sheet("3", "city")};
+/// A plan that takes several steps to read.
+const QByteArray kLargePlan = planOf(QByteArrayList(10'000, sheet("1", "city")));
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : "none"_ba;
+}
+
+/// A dialog with a folder and a store of its own, used as people do.
+struct Bench
+{
+    explicit Bench(const QByteArray &plan = planOf(kFourSheets))
+    {
+        put("plan.dxf", plan);
+        dialog->show();
+    }
+    ~Bench() { delete dialog; }
+    Q_DISABLE_COPY_MOVE(Bench)
+
+    QString file(const char *name) const { return dir.filePath(QLatin1String(name)); }
+    void put(const char *name, const QByteArray &bytes) const
+    {
+        QFile target(file(name));
+        QVERIFY(target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size());
+    }
+    QByteArray bytes(const char *name) const { return bytesOf(file(name)); }
+    bool read(const char *name = "plan.dxf") const { return dialog->ReadFile(file(name)); }
+    template <typename Widget>
+    Widget *find(const char *name) const
+    {
+        return dialog->findChild<Widget *>(QLatin1String(name));
+    }
+    QString said(const char *line) const { return find<MessageLine>(line)->text(); }
+    /// "2 3 10": the numbers from top to bottom, those selected in brackets, unmarked with "-".
+    QString sheets() const
+    {
+        QStringList texts;
+        for (int row = 0; row < list->model()->rowCount(); ++row) {
+            const QModelIndex index = list->model()->index(row, SheetTableModel::NumberColumn);
+            const bool isMarked = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+            const bool isSelected = list->selectionModel()->isSelected(index);
+            texts << (isSelected ? u"[%1%2]"_s : u"%1%2"_s)
+                         .arg(isMarked ? u""_s : u"-"_s, index.data().toString());
+        }
+        return texts.join(u' ');
+    }
+    void type(const char *edit, const QString &text) const
+    {
+        auto *field = find<QLineEdit>(edit);
+        qobject_cast<QGroupBox *>(field->parentWidget())->setChecked(true);
+        QTest::keyClicks(field, text);
+    }
+    void press(const char *name) const { find<QAbstractButton>(name)->click(); }
+    /// Does this as soon as the progress is shown.
+    void whileReading(const std::function<void()> &action) const
+    {
+        auto *progress = dialog->findChild<ReadingProgress *>();
+        progress->setPace({.shownAfter = 0, .eventsEvery = 0});
+        QObject::connect(progress, &ReadingProgress::becameLong, qApp,
+                         [action] { QTimer::singleShot(0, qApp, action); });
+    }
+
+    QTemporaryDir dir;
+    QSettings store{file("store.ini"), QSettings::IniFormat};
+    QPointer<DxfToolsDialog> dialog = new DxfToolsDialog(nullptr, &store);
+    QTableView *list = find<QTableView>("sheetList");
+};
+
+/// Answers the dialogs that wait for somebody, and keeps what they said.
+struct Answers
+{
+    /// @param target  the file to save to; empty to cancel
+    explicit Answers(const QString &target)
+    {
+        QObject::connect(&timer, &QTimer::timeout, &timer, [this, target] { answer(target); });
+        timer.start(0);
+    }
+    void answer(const QString &target)
+    {
+        if (auto *files = qobject_cast<QFileDialog *>(QApplication::activeModalWidget())) {
+            said << files->windowTitle() << files->nameFilters() << files->defaultSuffix()
+                 << files->selectedFiles().value(0);
+            files->setOption(QFileDialog::DontConfirmOverwrite);
+            files->selectFile(target);
+            QMetaObject::invokeMethod(files, target.isEmpty() ? "reject" : "accept");
+        } else if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+            said << box->windowTitle() << box->text();
+            box->accept();
+        }
+    }
+    QStringList said;
+    QTimer timer;
+};
+
+} // namespace
+
+class TestDxfToolsDialog : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void exportsWhatIsChosenAndMarked();
+    void followsFilterAndOption();
+    void sharesTheSelection();
+    void saysWhyAPlanIsNotRead();
+    void staysAsItWasWhenCancelled();
+    void takesOneDroppedFile();
+    void offersRecentPlans();
+    void remembersInTheUsersFiles();
+    void tellsWhatWasNotWritten();
+    void keepsAnOlderFileWhole();
+    void hasOneMnemonicForEach();
+};
+
+void TestDxfToolsDialog::exportsWhatIsChosenAndMarked()
+{
+    const Bench bench;
+    QVERIFY(!bench.find<QPushButton>("btnExportAsGK2")->isEnabled());
+    QVERIFY(bench.read());
+    QCOMPARE(bench.sheets(), u"2 3 7 10"_s);
+    bench.type("edtIncludeTag", u"KIND"_s);
+    bench.type("edtIncludeValue", u"city"_s);
+    bench.list->setCurrentIndex(bench.list->model()->index(1, 0));
+    QTest::keyClick(bench.list, Qt::Key_Space);
+    QCOMPARE(bench.sheets(), u"2 [-3] 10"_s);
+    QCOMPARE(bench.find<QLabel>("lblCounter")->text(), u"3"_s);
+    QVERIFY(bench.find<QLabel>("lblToBeExported")->text().contains(u'2'));
+    {
+        const Answers cancel{QString()};
+        bench.press("btnExportAsGK2");
+        QCOMPARE(cancel.said, (QStringList{u"Export DXF as Kelo-GK2"_s, u"*.txt"_s, u"txt"_s,
+                                           bench.file("plan.txt")}));
+        QVERIFY(!QFile::exists(bench.file("plan.txt")));
+    }
+    bench.list->sortByColumn(SheetTableModel::NumberColumn, Qt::DescendingOrder);
+    QCOMPARE(bench.sheets(), u"10 [-3] 2"_s);
+    const Answers answers(bench.file("plan.txt"));
+    bench.press("btnExportAsGK2");
+    QCOMPARE(answers.said.mid(4),
+             (QStringList{u"DFX GK2 Export"_s, u"Export completed - Inserts written: 2"_s}));
+    QCOMPARE(bench.bytes("plan.txt"), "GK2\r\n\r\n2\r\n" + kCorners + "\r\n10\r\n" + kCorners);
+    bench.press("btnMarkNone");
+    bench.press("btnExportAsGK2");
+    QCOMPARE(bench.bytes("plan.txt"), "GK2\r\n"_ba);
+    bench.press("btnMarkAll");
+    QCOMPARE(bench.sheets(), u"10 [3] 2"_s);
+}
+
+void TestDxfToolsDialog::followsFilterAndOption()
+{
+    const Bench bench;
+    bench.read();
+    bench.list->selectRow(3);
+    bench.type("edtExcludeTag", u"KIN"_s);
+    QCOMPARE(bench.sheets(), u"2 3 7 [10]"_s); // still selected
+    bench.type("edtExcludeTag", u"D"_s);
+    QCOMPARE(bench.list->model()->rowCount(), 0);
+    QCOMPARE(bench.find<QLabel>("lblCounter")->text(), u"0"_s);
+    const auto *hint = bench.list->viewport()->findChild<QLabel *>();
+    QVERIFY(hint->isVisible() && !hint->text().isEmpty());
+    // Enter in a field is no order to export or to close.
+    QTest::keyClick(bench.find<QLineEdit>("edtExcludeTag"), Qt::Key_Return);
+    QVERIFY(bench.dialog->isVisible());
+    bench.find<QGroupBox>("grpExclude")->setChecked(false);
+    QCOMPARE(bench.sheets(), u"2 3 7 10"_s);
+    QVERIFY(!hint->isVisible());
+    const QModelIndex corners = bench.list->model()->index(0, SheetTableModel::CornersColumn);
+    QVERIFY(corners.data().toString().startsWith(u"0,00 2,00"_s));
+    bench.press("chkCorrectVertexPositions");
+    const QModelIndex asDrawn = bench.list->model()->index(0, SheetTableModel::CornersColumn);
+    QVERIFY(asDrawn.data().toString().startsWith(u"3,00 0,00"_s)); // where drawing it began
+}
+
+void TestDxfToolsDialog::sharesTheSelection()
+{
+    const Bench bench(planOf(kFourSheets + QByteArrayList{sheet("7", "town")}));
+    bench.read();
+    auto *picture = bench.dialog->findChild<SheetPictureView *>();
+    emit picture->sheetsPicked({0, 2});
+    QCOMPARE(bench.sheets(), u"2 3 [7] 7 [10]"_s);
+    auto *findings = bench.find<QListView>("findingList");
+    QCOMPARE(findings->model()->rowCount(), 1); // a number used twice
+    QTest::mouseClick(findings->viewport(), Qt::LeftButton, {},
+                      findings->visualRect(findings->model()->index(0, 0)).center());
+    QCOMPARE(bench.sheets(), u"2 3 7 [7] 10"_s);
+}
+
+void TestDxfToolsDialog::saysWhyAPlanIsNotRead()
+{
+    const Bench bench;
+    const QString path = bench.file("bad.dxf");
+    const auto isSaid = [&](const QString &sentence) {
+        return !bench.dialog->ReadFile(path) && bench.said("readMessage").startsWith(sentence);
+    };
+    QVERIFY(isSaid(u"File '%1' does not exist"_s.arg(path)));
+    bench.put("bad.dxf", "PK\3\4");
+    QVERIFY(isSaid(u"bad.dxf: "_s));
+    QVERIFY(bench.read());
+    bench.put("bad.dxf", "0\nSECTION\nx\n");
+    QVERIFY(isSaid(u"bad.dxf, line 3: "_s));
+    QVERIFY(bench.said("readMessage").contains(u"plan.dxf"_s)); // which is still shown
+    QCOMPARE(bench.sheets(), u"2 3 7 10"_s);
+    QCOMPARE(bench.dialog->FileName(), bench.file("plan.dxf"));
+}
+
+void TestDxfToolsDialog::staysAsItWasWhenCancelled()
+{
+    const auto cancelBy = [](const std::function<void(const Bench &)> &way, bool isOpenAfterwards) {
+        const Bench bench;
+        bench.put("large.dxf", kLargePlan);
+        bench.read();
+        bench.type("edtIncludeTag", u"KIND"_s);
+        bench.type("edtIncludeValue", u"city"_s);
+        bench.list->selectRow(1);
+        QTest::keyClick(bench.list, Qt::Key_Space);
+        const auto *panel = bench.find<QWidget>("sheetList");
+        bool hasRun = false;
+        bench.whileReading([&] {
+            hasRun = bench.dialog->IsReading() && bench.find<QWidget>("btnCancel")->isVisible();
+            QVERIFY(!panel->isEnabled() && !bench.find<QWidget>("btnOpen")->isEnabled());
+            QVERIFY(!bench.read()); // one after the other
+            way(bench);
+        });
+        QVERIFY(!bench.read("large.dxf"));
+        QVERIFY(hasRun && !bench.dialog->IsReading());
+        QCOMPARE(bench.dialog->isVisible(), isOpenAfterwards);
+        QCOMPARE(bench.sheets(), u"2 [-3] 10"_s);
+        QVERIFY(bench.said("readMessage").contains(u"cancelled"_s));
+        QVERIFY(bench.dialog->windowTitle().startsWith(u"plan.dxf"_s));
+        QVERIFY(panel->isEnabled() && bench.find<QWidget>("btnExportAsGK2")->isEnabled());
+    };
+    cancelBy([](auto &bench) { QTest::keyClick(bench.dialog->focusWidget(), Qt::Key_Escape); },
+             true);
+    cancelBy([](auto &bench) { bench.press("btnCancel"); }, true);
+    cancelBy([](auto &bench) { bench.dialog->close(); }, false);
+
+    Bench ended(kLargePlan);
+    ended.whileReading([&ended] { delete ended.dialog; });
+    QVERIFY(!ended.read() && !ended.dialog);
+}
+
+void TestDxfToolsDialog::takesOneDroppedFile()
+{
+    const Bench bench;
+    const QUrl plan = QUrl::fromLocalFile(bench.file("plan.dxf"));
+    QMimeData data;
+    const auto isTaken = [&](const QList<QUrl> &urls) {
+        data.setUrls(urls);
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        enter.ignore();
+        QApplication::sendEvent(bench.dialog, &enter);
+        return enter.isAccepted();
+    };
+    QVERIFY(!isTaken({}));
+    QVERIFY(!isTaken({QUrl(u"https://example.org/plan.dxf"_s)}));
+    QVERIFY(!isTaken({plan, plan})); // only one can be shown
+    QVERIFY(isTaken({plan}));
+    QDropEvent drop({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(bench.dialog, &drop);
+    QTRY_COMPARE(bench.sheets(), u"2 3 7 10"_s);
+}
+
+void TestDxfToolsDialog::offersRecentPlans()
+{
+    Bench bench;
+    bench.put("a&b.dxf", planOf({sheet("5", "city")}));
+    const auto actions = [&bench] {
+        auto *menu = bench.find<QPushButton>("btnRecent")->menu();
+        emit menu->aboutToShow();
+        return menu->actions();
+    };
+    QVERIFY(actions().size() == 1 && !actions().first()->isEnabled());
+    bench.read("a&b.dxf");
+    bench.read();
+    QCOMPARE(bench.store.value("DxfToolsDialog/LastUsedFile").toString(), bench.file("plan.dxf"));
+    delete bench.dialog;
+    bench.dialog = new DxfToolsDialog(nullptr, &bench.store);
+    bench.list = bench.find<QTableView>("sheetList");
+    QCOMPARE(actions().size(), 2);
+    QVERIFY(actions().at(1)->text().startsWith(u"&2 a&&b.dxf"_s));
+    actions().at(1)->trigger();
+    QCOMPARE(bench.sheets(), u"5"_s);
+
+    QFile::remove(bench.file("plan.dxf"));
+    actions().at(1)->trigger();
+    QVERIFY(bench.said("readMessage").contains(u"does not exist"_s));
+    auto *forget = bench.find<MessageLine>("readMessage")->findChild<QPushButton *>();
+    QVERIFY(forget->isVisibleTo(bench.dialog));
+    forget->click();
+    QCOMPARE(actions().size(), 1);
+    QVERIFY(!forget->isVisibleTo(bench.dialog));
+}
+
+void TestDxfToolsDialog::remembersInTheUsersFiles()
+{
+    const TemporaryHome home;
+    QCoreApplication::setApplicationName(u"tst-workbench"_s);
+    const Bench bench;
+    const QString config = UserDataManager().GetStorageBaseDirectory(true) + u"/config/"_s;
+    {
+        DxfToolsDialog dialog;
+        dialog.show();
+        QVERIFY(dialog.ReadFile(bench.file("plan.dxf")));
+        dialog.resize(1000, 650);
+        dialog.findChild<QTableView *>()->sortByColumn(0, Qt::DescendingOrder);
+        UserDataManager().SaveUserConfigFiles(); // the dialog is asked for its state
+        QVERIFY(bytesOf(config + u"layout.ini"_s).contains("Dialog_Geometry"));
+        QVERIFY(bytesOf(config + u"settings.ini"_s).contains("LastUsedFile"));
+        QVERIFY(!bytesOf(config + u"settings.ini"_s).contains("Dialog_Geometry"));
+        dialog.close();
+    }
+    DxfToolsDialog again;
+    QCOMPARE(again.size(), QSize(1000, 650));
+    UserDataManagerI::Destroy();
+    QVERIFY(again.ReadFile(bench.file("plan.dxf"))); // there is nothing to remember it in
+    QCOMPARE(again.findChild<QTableView *>()->model()->index(0, 0).data().toString(), u"10"_s);
+    again.done(0);
+}
+
+void TestDxfToolsDialog::tellsWhatWasNotWritten()
+{
+    const Bench bench;
+    bench.read();
+    const QByteArray plan = bench.bytes("plan.dxf");
+    const auto check = [&](const QString &target, bool isReported) {
+        const Answers answers(target);
+        bench.press("btnExportAsGK2");
+        QVERIFY(bench.said("exportMessage").contains(target));
+        QCOMPARE(answers.said.contains(u"Export completed - Inserts written: 4"_s), isReported);
+    };
+    check(bench.file("none/x.txt"), true);
+    check(u"/dev/full"_s, true);
+    check(bench.file("plan.dxf"), false);
+    QCOMPARE(bench.bytes("plan.dxf"), plan);
+}
+
+void TestDxfToolsDialog::keepsAnOlderFileWhole()
+{
+    const Bench bench(kLargePlan);
+    bench.read();
+    bench.put("older.txt", "older");
+    const auto permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther;
+    QVERIFY(QFile::setPermissions(bench.file("older.txt"), permissions));
+    QVERIFY(QFile::link(bench.file("older.txt"), bench.file("link.txt")));
+    const QDir folder(bench.dir.path(), u"*.t*"_s);
+    const QStringList files = folder.entryList();
+    const Answers answers(bench.file("link.txt"));
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit before{};
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit small{.rlim_cur = 20'000, .rlim_max = before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+        bench.press("btnExportAsGK2");
+        setrlimit(RLIMIT_FSIZE, &before);
+    }
+    QCOMPARE(answers.said.last(), u"Export completed - Inserts written: 10000"_s);
+    QVERIFY(bench.said("exportMessage").contains(u"the older file is unchanged"_s));
+    QCOMPARE(bench.bytes("older.txt"), "older"_ba);
+    QCOMPARE(QDir(folder).entryList(), files); // nothing unfinished lies about
+    bench.press("btnExportAsGK2");
+    QCOMPARE(bench.bytes("older.txt").size(), 5 + 10'000 * (5 + kCorners.size()));
+    QVERIFY(QFileInfo(bench.file("link.txt")).isSymLink());
+    QVERIFY((QFile::permissions(bench.file("older.txt")) & QFile::ReadGroup) == 0);
+}
+
+void TestDxfToolsDialog::hasOneMnemonicForEach()
+{
+    for (const QLocale::Language language : {QLocale::German, QLocale::English}) {
+        InstallTranslation(QLocale(language));
+        const Bench bench;
+        // The button that may appear in a message counts as well.
+        bench.find<MessageLine>("readMessage")->warn(u"gone"_s, DxfDialogTexts::RemoveFromList());
+        QMap<QString, QString> owners;
+        for (const QWidget *widget : bench.dialog->findChildren<QWidget *>()) {
+            const QString text = widget->property("text").toString();
+            const QString caption = text.isEmpty() ? widget->property("title").toString() : text;
+            const QString key = QKeySequence::mnemonic(caption).toString();
+            QVERIFY2(!owners.contains(key), qPrintable(owners.value(key) + u" | "_s + caption));
+            if (!key.isEmpty())
+                owners[key] = caption;
+        }
+        QVERIFY(owners.size() >= 15);
+    }
+}
+
+QTEST_MAIN(TestDxfToolsDialog)
+#include "tst_dxftoolsdialog.moc"
