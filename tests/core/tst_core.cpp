@@ -7,6 +7,7 @@
 #include <kelo_base/core/ObjectId.h>
 #include <kelo_base/core/Process.h>
 #include <kelo_base/core/ProtocolLink.h>
+#include <kelo_base/core/ScopedOverrideCursor.h>
 #include <kelo_base/core/StringTools.h>
 #include <kelo_base/core/ThreadName.h>
 #include <kelo_base/core/Uid.h>
@@ -324,7 +325,24 @@ private slots:
         check(u"2000000000"_s, u"a,,c"_s);
         check(u"x"_s, u""_s);
     }
+
+    void popsOneCursorMoreAfterRestoring()
+    {
+        const auto shape = [] {
+            const QCursor *const cursor = QGuiApplication::overrideCursor();
+            return cursor ? cursor->shape() : Qt::ArrowCursor;
+        };
+        const qor::QtScopedOverrideCursor outer(Qt::CrossCursor);
+        {
+            qor::QtScopedOverrideCursor cursor(Qt::WaitCursor);
+            cursor = outer; // copies nothing
+            QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+            cursor.RestoreCursor();
+            QCOMPARE(shape(), Qt::WaitCursor);
+        }
+        QCOMPARE(shape(), Qt::CrossCursor);
+    }
 };
 
-QTEST_GUILESS_MAIN(TestCore)
+QTEST_MAIN(TestCore)
 #include "tst_core.moc"

@@ -55,6 +55,20 @@ private slots:
         QVERIFY(!initext::parse(QByteArray(64, '\0'))->isWhole); // as after a power cut
     }
 
+    void losesNoValueInText()
+    {
+        const QSettings::SettingsMap values{
+            {u"empty"_s, QString()},
+            {u"G/size"_s, QSize(3, -4)},
+            {u"G/bytes"_s, QByteArray("\0\xFF(,\")", 6)},
+            {u"G/list"_s, QStringList({u" a"_s, u"@b"_s, u"c;d"_s})},
+            {u"General/explicit"_s, u"x"_s},
+            {u"Straße Nr. 5/\u20AC/a-b_c.d"_s, u"\"ä€😀\", =;\n"_s}};
+        const auto text = initext::textOf(values);
+        QVERIFY(text);
+        QCOMPARE(initext::parse(*text)->values, values);
+    }
+
     void composesPaths()
     {
         const UserDataManagerI &manager = UserDataManager();

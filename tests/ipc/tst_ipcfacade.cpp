@@ -260,23 +260,60 @@ private slots:
         QCOMPARE(changes, QList<bool>({true, false}));
     }
 
+#ifdef KELO_PARTNER_SIM
+    void servesCarelessPartners()
+    {
+        const QMap<QString, qsizetype> received{{u"plain"_s, 2}, {u"bytes"_s, 2}, {u"half"_s, 0}};
+        facade().SetTimes({.poll = 50ms});
+        activate();
+        for (const QString &manner : received.keys()) {
+            m_handler.received.clear();
+            QProcess partner;
+            partner.start(QStringLiteral(KELO_PARTNER_SIM),
+                          {m_dir->path(), u"--clumsy"_s, manner, u"--poll"_s, u"5"_s,
+                           u"goto 1 0 0 12345.678"_s, u"goto 2 0 0 12345.678"_s});
+            QTRY_COMPARE(partner.state(), QProcess::NotRunning);
+            QTRY_VERIFY(!has(u"kelo-in.txt"_s));
+            QCOMPARE(m_handler.received.size(), received[manner]);
+        }
+    }
+#endif
+
 private:
-    void activate() { QVERIFY(facade().Activate(m_dir->path(), m_handler)); }
-    static KeloIPCFacadeI &facade() { return KeloIPCFacadeI::Instance(); }
-    QString path(const QString &name) const { return m_dir->filePath(name); }
-    bool has(const QString &name) const { return QFile::exists(path(name)); }
+    void activate()
+    {
+        QVERIFY(facade().Activate(m_dir->path(), m_handler));
+    }
+    static KeloIPCFacadeI &facade()
+    {
+        return KeloIPCFacadeI::Instance();
+    }
+    QString path(const QString &name) const
+    {
+        return m_dir->filePath(name);
+    }
+    bool has(const QString &name) const
+    {
+        return QFile::exists(path(name));
+    }
     void put(const QString &name, const QByteArray &bytes, std::chrono::seconds age = 0s) const
     {
         QVERIFY(channel::writeFile(path(name), bytes));
         const std::filesystem::path file = path(name).toStdString();
         std::filesystem::last_write_time(file, std::filesystem::last_write_time(file) - age);
     }
-    void receive(const QByteArray &bytes) const { put(u"kelo-in.txt"_s, bytes); }
+    void receive(const QByteArray &bytes) const
+    {
+        put(u"kelo-in.txt"_s, bytes);
+    }
     QByteArray content(const QString &name) const
     {
         return channel::readFile(path(name), 1 << 20).value_or("none");
     }
-    QByteArray answers() const { return content(u"kelo-in-answers.txt"_s); }
+    QByteArray answers() const
+    {
+        return content(u"kelo-in-answers.txt"_s);
+    }
 
     std::unique_ptr<QTemporaryDir> m_dir;
     Recorder m_handler;
