@@ -162,7 +162,7 @@ void TestDialogParts::saysWhyNothingIsLeft()
     row(with(u"TYP"_s, u"%1"_s), "No sheet has the value '%1' in the attribute 'TYP'");
     row(with(u"TYP"_s, u"MAIN"_s),
         "No sheet has the value 'MAIN' in the attribute 'TYP'; there is 'Main', however");
-    row(with(u"TYP"_s, u"€"_s), "'€' has characters that cannot stand in a plan of this age");
+    row(with(u"TYP"_s, u"€"_s), "'€' has characters that the plan's character set lacks");
     row({true, u"OLD"_s, u""_s, true, u"BL_NR"_s},
         "All sheets that would be left have the attribute 'BL_NR', so they are not included");
     DxfDrawingBuilder frameless;
