@@ -671,7 +671,7 @@ Ohne Befehle empfängt es nur. Beispiel:
     </message>
     <message>
         <source>&amp;North up</source>
-        <translation>&amp;Nach Norden drehen</translation>
+        <translation>&amp;Norden oben</translation>
     </message>
     <message>
         <source>&amp;Print</source>
@@ -695,11 +695,11 @@ Ohne Befehle empfängt es nur. Beispiel:
     </message>
     <message>
         <source>No&amp;te</source>
-        <translation>N&amp;otiz anheften</translation>
+        <translation>No&amp;tiz anheften</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation>&amp;Ausschnitt kopieren</translation>
+        <translation>K&amp;opieren</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
@@ -723,7 +723,7 @@ Ohne Befehle empfängt es nur. Beispiel:
     </message>
     <message>
         <source>&amp;Heights</source>
-        <translation>&amp;Höhenlinien</translation>
+        <translation>&amp;Höhen</translation>
     </message>
     <message>
         <source>&amp;Layers</source>
