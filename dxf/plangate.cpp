@@ -154,7 +154,8 @@ bool PlanGate::beginInSection(std::string_view name)
         m_entity = beginInEntities(name);
         // Nothing of a lost section end must be lost without a word.
         return name != "BLOCK" ||
-               refuse(m_entityPosition, ReaderText::tr("A block stands outside of the blocks section"));
+               refuse(m_entityPosition,
+                      ReaderText::tr("A block stands outside of the blocks section"));
     case Section::Blocks:
         m_entity = beginInBlocks(name);
         return true;
