@@ -5,6 +5,7 @@
 #include "dxf/dxftoolsform_p.h"
 #include "dxf/dxftooltexts_p.h"
 #include "dxf/emptyhint_p.h"
+#include "dxf/inkicon_p.h"
 #include "dxf/messageline_p.h"
 #include "dxf/readingprogress_p.h"
 #include "dxf/sheetpictureview_p.h"
@@ -29,9 +30,20 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+/// Long captions have as much air at their sides as short ones.
+class RoomyButton : public QPushButton
+{
+public:
+    using QPushButton::QPushButton;
+    [[nodiscard]] QSize sizeHint() const override
+    {
+        return QPushButton::sizeHint() + QSize(fontMetrics().height(), 0);
+    }
+};
+
 QPushButton *button(const QString &text, const QString &name)
 {
-    auto *button = new QPushButton(text);
+    auto *button = new RoomyButton(text);
     button->setObjectName(name);
     button->setAutoDefault(false); // Enter in a filter field shall not press anything
     return button;
@@ -41,7 +53,7 @@ QToolButton *zoomButton(const QString &text, const QString &name, const QString 
 {
     auto *button = new QToolButton;
     button->setObjectName(name);
-    button->setIcon(QIcon(u":/kelo_base/images/%1.svg"_s.arg(icon)));
+    button->setIcon(InkIcon(u":/kelo_base/images/%1.svg"_s.arg(icon)));
     button->setToolTip(text);
     button->setAccessibleName(text);
     button->setAutoRaise(true);
@@ -74,11 +86,43 @@ QLabel *buddyLabel(const QString &text, QWidget *buddy)
     return label;
 }
 
+/// Numbers end at the right, where the next column begins: air keeps them apart.
+QString withAir(const QString &number)
+{
+    return number + QString(2, QChar::Nbsp);
+}
+
+class NumberDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    [[nodiscard]] QString displayText(const QVariant &value, const QLocale &) const override
+    {
+        return withAir(value.toString());
+    }
+};
+
+class SheetHeader : public QHeaderView
+{
+public:
+    using QHeaderView::QHeaderView;
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader *option, int section) const override
+    {
+        QHeaderView::initStyleOptionForIndex(option, section);
+        if (section == SheetTableModel::NumberColumn)
+            option->text = withAir(option->text);
+    }
+};
+
 QTableView *tableOf(QAbstractItemModel *model)
 {
     auto *table = new QTableView;
     table->setObjectName(u"sheetList"_s);
+    table->setHorizontalHeader(new SheetHeader(Qt::Horizontal, table));
     table->setModel(model);
+    table->setItemDelegateForColumn(SheetTableModel::NumberColumn, new NumberDelegate(table));
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setTabKeyNavigation(false);
     table->setShowGrid(false);
@@ -92,10 +136,12 @@ QTableView *tableOf(QAbstractItemModel *model)
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() * 3 / 2);
     table->horizontalHeader()->setStretchLastSection(true);
     table->horizontalHeader()->setHighlightSections(false);
+    table->horizontalHeader()->setSectionsClickable(true);
     const int character = table->fontMetrics().averageCharWidth();
     table->setColumnWidth(SheetTableModel::NumberColumn, 14 * character); // with its check box
-    table->setColumnWidth(SheetTableModel::ValueColumn, 14 * character);
-    table->setColumnWidth(SheetTableModel::BlockColumn, 18 * character);
+    table->setColumnWidth(SheetTableModel::ValueColumn, 11 * character);
+    table->setColumnWidth(SheetTableModel::BlockColumn, 15 * character);
+    table->setColumnWidth(SheetTableModel::CornersColumn, 8 * character); // at the least
     return table;
 }
 
@@ -145,6 +191,7 @@ QSplitter *splitter(Qt::Orientation orientation, QWidget *first, QWidget *second
     splitter->addWidget(first);
     splitter->addWidget(second);
     splitter->setChildrenCollapsible(false);
+    splitter->setHandleWidth(splitter->style()->pixelMetric(QStyle::PM_LayoutLeftMargin));
     return splitter;
 }
 
@@ -313,7 +360,7 @@ QWidget *DxfToolsForm::picturePart()
 QWidget *DxfToolsForm::findingPart()
 {
     auto *column = new QVBoxLayout;
-    column->addWidget(buddyLabel(DxfDialogTexts::Findings(), findingList));
+    column->addWidget(buddyLabel(DxfDialogTexts::Findings(), findingList), 0, Qt::AlignLeft);
     column->addWidget(findingList, 1);
     return widgetFor(column);
 }

@@ -25,7 +25,7 @@ public:
     static QString tagMissing() { return tr("Enter the tag that sheets must have"); }
     static QString cannotStand(const QString &text)
     {
-        return tr("'%1' has characters that cannot stand in a plan of this age").arg(text);
+        return tr("'%1' has characters that the plan's character set lacks").arg(text);
     }
     static QString noTag(const QString &tag, const QString &similar)
     {

@@ -62,6 +62,8 @@ void MessageLine::show(const QString &sentence, bool isWarning, const QString &a
     m_icon->setPixmap(style()->standardIcon(icon).pixmap(QSize(size, size), devicePixelRatioF()));
     m_icon->setAccessibleName(isWarning ? DxfDialogTexts::Warning()
                                         : DxfDialogTexts::Information());
+    m_text->setAlignment(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) |
+                         Qt::AlignAbsolute | Qt::AlignVCenter); // of a Latin name too
     m_text->setText(sentence);
     m_text->setToolTip(sentence.isEmpty() ? sentence
                                           : u"<p>%1</p>"_s.arg(sentence.toHtmlEscaped()));

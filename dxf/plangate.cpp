@@ -154,7 +154,8 @@ bool PlanGate::beginInSection(std::string_view name)
         m_entity = beginInEntities(name);
         // Nothing of a lost section end must be lost without a word.
         return name != "BLOCK" ||
-               refuse(m_entityPosition, ReaderText::tr("A block stands outside of the blocks"));
+               refuse(m_entityPosition,
+                      ReaderText::tr("A block stands outside of the blocks section"));
     case Section::Blocks:
         m_entity = beginInBlocks(name);
         return true;
@@ -258,8 +259,8 @@ bool PlanGate::endEntity()
         break;
     }
     return !m_adapter.isFull() ||
-           refuse(m_entityPosition, ReaderText::tr("The plan is too large: its texts or vertices "
-                                                   "exceed four thousand millions"));
+           refuse(m_entityPosition, ReaderText::tr("The plan is too large: it has more than four "
+                                                   "billion vertices or bytes of text"));
 }
 
 bool PlanGate::takeSectionName(const DxfPair &pair)

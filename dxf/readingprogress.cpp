@@ -9,6 +9,7 @@
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QStyle>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -26,9 +27,9 @@ ReadingProgress::ReadingProgress(QWidget *parent)
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins({});
     grid->addWidget(m_step, 0, 0);
-    grid->addWidget(m_left, 0, 1);
+    grid->addWidget(m_left, 0, 1, 1, 2);
     grid->addWidget(m_bar, 1, 0, 1, 2);
-    grid->addWidget(m_cancel, 0, 2, 2, 1);
+    grid->addWidget(m_cancel, 1, 2);
     grid->setColumnStretch(0, 1);
     connect(m_cancel, &QPushButton::clicked, this, &ReadingProgress::cancel);
 }
@@ -43,7 +44,10 @@ void ReadingProgress::begin()
 
 void ReadingProgress::beginStep(const QString &title, Unit unit)
 {
+    m_title = title;
     m_step->setText(title);
+    m_step->setAlignment(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) |
+                         Qt::AlignAbsolute | Qt::AlignVCenter); // of a Latin name too
     m_unit = unit;
     m_remaining = {};
     m_stepTime.start();
@@ -73,6 +77,7 @@ bool ReadingProgress::advance(qint64 done, qint64 total)
 void ReadingProgress::showState(qint64 done, qint64 total)
 {
     constexpr int kSteps = 1000;
+    m_step->setText(fontMetrics().elidedText(m_title, Qt::ElideMiddle, m_step->width()));
     const bool isKnown = total > 0;
     m_left->setText(m_remaining.Text(m_stepTime.elapsed(), done, total));
     m_bar->setRange(0, isKnown ? kSteps : 0); // 0: busy, nobody knows for how long

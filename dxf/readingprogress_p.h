@@ -55,7 +55,8 @@ private:
     qint64 m_nextEvents = 0;
     bool m_isLong = false;
     bool m_isCancelled = false;
-    QLabel *m_step;
+    QString m_title;
+    QLabel *m_step; ///< as much of the title as fits
     QLabel *m_left; ///< time
     QProgressBar *m_bar;
     QPushButton *m_cancel;

@@ -97,13 +97,18 @@ void paintLarge(QPainter &painter, const SheetScene &scene, const std::vector<st
 
 constexpr double kLongestBar = 110; ///< of the scale, in pixels
 
-/// The mark and the text of an entry. A scale bar gets the same room at every zoom.
+/// The mark and the text of an entry.
 double widthOf(const LegendEntry &entry, const QFontMetricsF &metrics, double gap)
 {
-    if (entry.mark == Mark::ScaleBar)
-        return kLongestBar + gap + 5 * metrics.height();
     const double mark = entry.mark == Mark::None ? 0 : entry.markWidth + gap;
     return mark + metrics.horizontalAdvance(entry.text);
+}
+
+/// A scale bar gets the same room at every zoom.
+double roomOf(const LegendEntry &entry, const QFontMetricsF &metrics, double gap)
+{
+    return entry.mark == Mark::ScaleBar ? kLongestBar + gap + 5 * metrics.height()
+                                        : widthOf(entry, metrics, gap);
 }
 
 void fitScaleBar(LegendEntry &entry, double unit)
@@ -146,7 +151,7 @@ double LayOutLegend(std::vector<LegendEntry> &legend, const QFontMetricsF &metri
             fitScaleBar(entry, unit);
         else
             entry.markWidth = 1.1 * metrics.ascent();
-        const double own = widthOf(entry, metrics, gap);
+        const double own = roomOf(entry, metrics, gap);
         const bool isFirstMark = !std::exchange(isMarked, isMarked || entry.mark != Mark::None) &&
                                  entry.mark != Mark::None;
         const bool isFull = next.x() > margin && next.x() + own > width - margin;
@@ -154,7 +159,7 @@ double LayOutLegend(std::vector<LegendEntry> &legend, const QFontMetricsF &metri
             next = {margin, next.y() + 1.25 * metrics.height()};
         entry.position = next;
         if (direction == Qt::RightToLeft)
-            entry.position.setX(width - next.x() - own);
+            entry.position.setX(width - next.x() - widthOf(entry, metrics, gap));
         next.rx() += own + metrics.height();
     }
     return legend.empty() ? 0 : next.y() + metrics.descent() + margin;

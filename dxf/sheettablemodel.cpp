@@ -240,10 +240,10 @@ QVariant SheetTableModel::headerData(int section, Qt::Orientation orientation, i
     if (!isColumn)
         return QAbstractTableModel::headerData(section, orientation, role);
     const QStringList titles{tr("Number"), tr("Value"), tr("Block"), tr("Corners")};
-    const QStringList toolTips{tr("Order of the export; tick the sheets to be exported"),
+    const QStringList toolTips{tr("Order of the export; ticked sheets are exported"),
                                tr("Sheet number as it stands in the plan"),
                                tr("Block that carries the sheet frame"),
-                               tr("Top left and bottom right corner")};
+                               tr("Top left and bottom right corners")};
     switch (role) {
     case Qt::DisplayRole:
         return titles[section];

@@ -154,7 +154,7 @@ void paintText(QPainter &painter, const Picture &picture, const Cell &cell, cons
         const bool isMirrored = picture.direction == Qt::RightToLeft;
         const double left = isMirrored ? text.right() - edge : text.left();
         const QRectF tick(left, text.center().y() - edge / 2, edge, edge);
-        paintTick(painter, tick.adjusted(0, 1, -3, -1), color);
+        paintTick(painter, tick.adjusted(isMirrored ? 3 : 0, 1, isMirrored ? 0 : -3, -1), color);
         text.adjust(isMirrored ? 0 : edge, 0, isMirrored ? -edge : 0, 0);
     }
     const int letters = picture.underlinesLetters ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;

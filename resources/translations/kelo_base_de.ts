@@ -125,16 +125,16 @@
         <translation>Die Zeilen enden nur mit CR; bitte den Plan mit LF oder CR LF speichern</translation>
     </message>
     <message>
-        <source>A block stands outside of the blocks</source>
-        <translation>Ein Block steht außerhalb des Abschnitts der Blöcke</translation>
+        <source>A block stands outside of the blocks section</source>
+        <translation>Ein Block steht außerhalb des Abschnitts für Blöcke</translation>
     </message>
     <message>
         <source>&apos;%1&apos; stands outside of any section</source>
         <translation>„%1“ steht außerhalb aller Abschnitte</translation>
     </message>
     <message>
-        <source>The plan is too large: its texts or vertices exceed four thousand millions</source>
-        <translation>Der Plan ist zu groß: mehr als vier Milliarden Eckpunkte oder Zeichen in Texten</translation>
+        <source>The plan is too large: it has more than four billion vertices or bytes of text</source>
+        <translation>Der Plan ist zu groß: mehr als vier Milliarden Eckpunkte oder Byte an Text</translation>
     </message>
     <message>
         <source>A polyline cannot have %1 vertices</source>
@@ -212,13 +212,13 @@
     </message>
     <message>
         <source>Rectangle detector detected less or more than one rectangle (Block:%1): none found</source>
-        <translation>Die Rechteckerkennung fand weniger oder mehr als ein Rechteck (Block: %1): keines gefunden</translation>
+        <translation>Die Rechteckerkennung ergab weniger oder mehr als ein Rechteck (Block: %1): keines gefunden</translation>
     </message>
     <message numerus="yes">
         <source>Rectangle detector detected less or more than one rectangle (Block:%1): %n found</source>
         <translation>
-            <numerusform>Die Rechteckerkennung fand weniger oder mehr als ein Rechteck (Block: %1): %n gefunden</numerusform>
-            <numerusform>Die Rechteckerkennung fand weniger oder mehr als ein Rechteck (Block: %1): %n gefunden</numerusform>
+            <numerusform>Die Rechteckerkennung ergab weniger oder mehr als ein Rechteck (Block: %1): %n gefunden</numerusform>
+            <numerusform>Die Rechteckerkennung ergab weniger oder mehr als ein Rechteck (Block: %1): %n gefunden</numerusform>
         </translation>
     </message>
     <message>
@@ -351,7 +351,7 @@
     </message>
     <message>
         <source>Arrow keys move the picture, plus and minus zoom, Home shows all of it.</source>
-        <translation>Die Pfeiltasten verschieben das Bild, Plus und Minus zoomen, Pos1 zeigt alles.</translation>
+        <translation>Die Pfeiltasten verschieben das Bild, Plus vergrößert, Minus verkleinert, Pos1 zeigt alles.</translation>
     </message>
 </context>
 <context>
@@ -378,7 +378,7 @@
     </message>
     <message>
         <source>No plan has been read yet</source>
-        <translation>Noch wurde kein Plan gelesen</translation>
+        <translation>Es wurde noch kein Plan gelesen</translation>
     </message>
     <message>
         <source>Re&amp;move from List</source>
@@ -425,7 +425,7 @@
     </message>
     <message>
         <source>%1 - %2 is still shown</source>
-        <translation>%1 – weiterhin wird %2 gezeigt</translation>
+        <translation>%1 – %2 wird weiterhin gezeigt</translation>
     </message>
     <message>
         <source>&amp;Tag:</source>
@@ -628,7 +628,7 @@ Ohne Befehle empfängt es nur. Beispiel:
     </message>
     <message>
         <source>Append what is received to a file, each exactly once.</source>
-        <translation>Empfangenes an eine Datei anhängen, jedes genau einmal.</translation>
+        <translation>Empfangenes an eine Datei anhängen, alles genau einmal.</translation>
     </message>
     <message>
         <source>Refuse what is received.</source>
@@ -671,7 +671,7 @@ Ohne Befehle empfängt es nur. Beispiel:
     </message>
     <message>
         <source>&amp;North up</source>
-        <translation>&amp;Nach Norden drehen</translation>
+        <translation>&amp;Norden oben</translation>
     </message>
     <message>
         <source>&amp;Print</source>
@@ -679,7 +679,7 @@ Ohne Befehle empfängt es nur. Beispiel:
     </message>
     <message>
         <source>&amp;Grid</source>
-        <translation>&amp;Gitternetz</translation>
+        <translation>G&amp;itternetz</translation>
     </message>
     <message>
         <source>&amp;Bookmark</source>
@@ -690,16 +690,16 @@ Ohne Befehle empfängt es nur. Beispiel:
         <translation>Ganzer &amp;Plan</translation>
     </message>
     <message>
-        <source>&amp;Pan</source>
+        <source>P&amp;an</source>
         <translation>&amp;Verschieben</translation>
     </message>
     <message>
-        <source>&amp;Note</source>
-        <translation>N&amp;otiz anheften</translation>
+        <source>No&amp;te</source>
+        <translation>No&amp;tiz anheften</translation>
     </message>
     <message>
         <source>&amp;Copy</source>
-        <translation>Ausschnitt k&amp;opieren</translation>
+        <translation>K&amp;opieren</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
@@ -723,7 +723,7 @@ Ohne Befehle empfängt es nur. Beispiel:
     </message>
     <message>
         <source>&amp;Heights</source>
-        <translation>&amp;Höhenlinien</translation>
+        <translation>&amp;Höhen</translation>
     </message>
     <message>
         <source>&amp;Layers</source>
@@ -886,8 +886,8 @@ Ohne Befehle empfängt es nur. Beispiel:
         <translation>Den Attributnamen eingeben, den Blätter haben müssen</translation>
     </message>
     <message>
-        <source>&apos;%1&apos; has characters that cannot stand in a plan of this age</source>
-        <translation>„%1“ hat Zeichen, die in einem Plan dieses Alters nicht stehen können</translation>
+        <source>&apos;%1&apos; has characters that the plan&apos;s character set lacks</source>
+        <translation>„%1“ hat Zeichen, die im Zeichensatz des Plans fehlen</translation>
     </message>
     <message>
         <source>No sheet has the attribute &apos;%1&apos;</source>
@@ -933,8 +933,8 @@ Ohne Befehle empfängt es nur. Beispiel:
         <translation>Ecken</translation>
     </message>
     <message>
-        <source>Order of the export; tick the sheets to be exported</source>
-        <translation>Reihenfolge des Exports; die zu exportierenden Blätter ankreuzen</translation>
+        <source>Order of the export; ticked sheets are exported</source>
+        <translation>Reihenfolge des Exports; Blätter mit Häkchen werden exportiert</translation>
     </message>
     <message>
         <source>Sheet number as it stands in the plan</source>
@@ -945,8 +945,8 @@ Ohne Befehle empfängt es nur. Beispiel:
         <translation>Block, der den Blattrahmen trägt</translation>
     </message>
     <message>
-        <source>Top left and bottom right corner</source>
-        <translation>Ecke oben links und Ecke unten rechts</translation>
+        <source>Top left and bottom right corners</source>
+        <translation>Ecken oben links und unten rechts</translation>
     </message>
 </context>
 <context>
@@ -996,7 +996,7 @@ Ohne Befehle empfängt es nur. Beispiel:
     </message>
     <message>
         <source>two results would go to &apos;%1&apos;</source>
-        <translation>zwei Ergebnisse kämen nach „%1“</translation>
+        <translation>zwei Ergebnisse würden nach „%1“ geschrieben</translation>
     </message>
     <message>
         <source>Converts the map sheets of DXF plans to GK2 files.</source>
@@ -1120,7 +1120,7 @@ Ohne Befehle empfängt es nur. Beispiel:
     </message>
     <message>
         <source>it is a folder</source>
-        <translation>ist ein Ordner</translation>
+        <translation>es ist ein Ordner</translation>
     </message>
     <message>
         <source>cannot write &apos;%1&apos;: %2</source>
@@ -1170,7 +1170,7 @@ Ohne Befehle empfängt es nur. Beispiel:
     </message>
     <message>
         <source>no corners</source>
-        <translation>keine Blatteckpunkte</translation>
+        <translation>keine Ecken</translation>
     </message>
     <message>
         <source>1 skipped</source>

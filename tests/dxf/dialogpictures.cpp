@@ -20,9 +20,9 @@ namespace {
 
 QPalette darkPalette()
 {
-    QPalette palette(QColor(53, 53, 57), QColor(40, 40, 43));
-    palette.setColor(QPalette::Base, QColor(30, 30, 32));
-    palette.setColor(QPalette::AlternateBase, QColor(37, 37, 40));
+    QPalette palette(QColor(66, 66, 70), QColor(53, 53, 57));
+    palette.setColor(QPalette::Base, QColor(34, 34, 36));
+    palette.setColor(QPalette::AlternateBase, QColor(42, 42, 45));
     palette.setColor(QPalette::Highlight, QColor(61, 126, 204));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     return palette;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What the plan dialog shows and says, without the dialog: the table of sheets in every order, the
-// findings, what the filter offers and why it leaves nothing, recent plans, time left.
+// findings, what the filter offers and why it leaves nothing, recent plans, time left, icons.
 #include "dxf/attributecompletion_p.h"
 #include "dxf/diagnosticmodel_p.h"
 #include "dxf/filterplan_p.h"
+#include "dxf/inkicon_p.h"
 #include "dxf/recentplans_p.h"
 #include "dxf/remainingtime_p.h"
 #include "dxf/sheettablemodel_p.h"
@@ -64,6 +65,7 @@ private slots:
     void offersWhatFiltersExactly();
     void keepsRecentPlans();
     void tellsTheTimeLeft();
+    void drawsIconsInTheInkOfThePalette();
 };
 
 void TestDialogParts::showsSheets()
@@ -162,7 +164,7 @@ void TestDialogParts::saysWhyNothingIsLeft()
     row(with(u"TYP"_s, u"%1"_s), "No sheet has the value '%1' in the attribute 'TYP'");
     row(with(u"TYP"_s, u"MAIN"_s),
         "No sheet has the value 'MAIN' in the attribute 'TYP'; there is 'Main', however");
-    row(with(u"TYP"_s, u"€"_s), "'€' has characters that cannot stand in a plan of this age");
+    row(with(u"TYP"_s, u"€"_s), "'€' has characters that the plan's character set lacks");
     row({true, u"OLD"_s, u""_s, true, u"BL_NR"_s},
         "All sheets that would be left have the attribute 'BL_NR', so they are not included");
     DxfDrawingBuilder frameless;
@@ -236,6 +238,27 @@ void TestDialogParts::keepsRecentPlans()
     QCOMPARE(plans.Paths().last(), u"/plans/2.dxf"_s);
     WriteRecentPlans(settings, plans);
     QCOMPARE(ReadRecentPlans(settings), plans);
+}
+
+void TestDialogParts::drawsIconsInTheInkOfThePalette()
+{
+    const QPalette before = QGuiApplication::palette();
+    const QIcon icon = InkIcon(u":/kelo_base/images/zoom-fit.svg"_s);
+    for (const QColor &ink : {QColor(Qt::black), QColor(Qt::white)}) {
+        QPalette palette = before;
+        palette.setColor(QPalette::ButtonText, ink);
+        palette.setColor(QPalette::Disabled, QPalette::ButtonText, Qt::red);
+        QGuiApplication::setPalette(palette);
+        for (const auto &[mode, wanted] :
+             {std::pair(QIcon::Normal, ink), std::pair(QIcon::Disabled, QColor(Qt::red))}) {
+            const QPixmap pixmap = icon.pixmap(QSize(32, 32), 2, mode);
+            QCOMPARE(pixmap.size(), QSize(64, 64));
+            const QImage image = pixmap.toImage();
+            QCOMPARE(image.pixelColor(10, 16), wanted); // a side of the frame
+            QCOMPARE(image.pixelColor(32, 32).alpha(), 0);
+        }
+    }
+    QGuiApplication::setPalette(before);
 }
 
 void TestDialogParts::tellsTheTimeLeft()

@@ -220,7 +220,7 @@ void TestDxfReader::refuses()
     row("a lost section begin", "  0\nSECTION\n  2\nENTITIES\n", "",
         "49: 'INSERT' stands outside of any section");
     row("a lost section change", "  0\nENDSEC\n  0\nSECTION\n  2\nBLOCKS\n",
-        "  0\nSECTION\n  2\nENTITIES\n", "13: A block stands outside of the blocks");
+        "  0\nSECTION\n  2\nENTITIES\n", "13: A block stands outside of the blocks section");
     row("no end mark", "  0\nEOF\n", "",
         "0: The end mark (EOF) is missing; the file looks cut short");
 }
