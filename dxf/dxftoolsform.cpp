@@ -24,6 +24,7 @@
 #include <QStyledItemDelegate>
 #include <QTableView>
 #include <QToolButton>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -223,7 +224,7 @@ void DxfToolsForm::nameForAccess()
     edtIncludeValue->setAccessibleName(DxfDialogTexts::IncludeValueName());
     edtExcludeTag->setAccessibleName(DxfDialogTexts::ExcludeTagName());
     sheetList->setAccessibleName(DxfDialogTexts::SheetListName());
-    lblCounter->setAccessibleName(DxfDialogTexts::CounterName());
+    lblCounter->setAccessibleDescription(DxfDialogTexts::CounterName()); // its name is the number
     findingList->setAccessibleName(DxfDialogTexts::FindingsName());
 }
 
@@ -350,7 +351,7 @@ void DxfToolsForm::setReading(bool isReading)
         progress->setFocus();
     } else {
         readStatus->setCurrentWidget(readMessage);
-        if (m_focusBefore)
-            m_focusBefore->setFocus();
+        if (QWidget *const before = std::exchange(m_focusBefore, nullptr))
+            before->setFocus();
     }
 }
