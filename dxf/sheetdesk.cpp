@@ -249,7 +249,8 @@ void SheetDesk::showFinding(const QModelIndex &index)
     m_form.picture->showSheet(*sheet);
 }
 
-/// All selected sheets get the mark that the current one has not.
+/// All selected sheets get the mark that the current one has not; where none is selected, as when
+/// the list was just reached by keyboard, only the current one does.
 void SheetDesk::toggleMarks()
 {
     SheetTableModel &model = *m_form.sheetModel;
@@ -261,8 +262,11 @@ void SheetDesk::toggleMarks()
     const Qt::CheckState state = isMarked ? Qt::Unchecked : Qt::Checked;
     {
         const QSignalBlocker once(model); // not for each of 100,000 sheets
-        for (const QModelIndex &index : selection.selectedRows())
-            model.setData(index, state, Qt::CheckStateRole);
+        if (!selection.hasSelection())
+            model.setData(current, state, Qt::CheckStateRole);
+        for (const QItemSelectionRange &range : selection.selection())
+            for (int row = range.top(); row <= range.bottom(); ++row)
+                model.setData(model.index(row, 0), state, Qt::CheckStateRole);
     }
     m_form.sheetList->viewport()->update();
     showCounts();
