@@ -25,7 +25,6 @@
 #include <QTableView>
 #include <QToolButton>
 #include <algorithm>
-#include <kelo_base/core/ScopedOverrideCursor.h>
 
 namespace {
 
@@ -58,13 +57,7 @@ SheetDesk::SheetDesk(DxfToolsForm &form) : m_form(form), m_completion(form)
     connect(&m_reviewDue, &QTimer::timeout, this, &SheetDesk::review);
     connectFilter();
     connectSelection();
-    connect(m_form.sheetModel, &SheetTableModel::marksChanged, this, &SheetDesk::showCounts);
-    new QShortcut(Qt::Key_Space, m_form.sheetList, this, &SheetDesk::toggleMarks,
-                  Qt::WidgetShortcut);
-    connect(m_form.btnMarkAll, &QPushButton::clicked, this,
-            [this] { m_form.sheetModel->setAllMarks(true); });
-    connect(m_form.btnMarkNone, &QPushButton::clicked, this,
-            [this] { m_form.sheetModel->setAllMarks(false); });
+    connectSheets();
     m_form.sheetHint->showText(DxfDialogTexts::NoPlan());
     m_form.picture->clear({});
 }
@@ -84,6 +77,21 @@ void SheetDesk::connectFilter()
          {m_form.edtIncludeTag, m_form.edtIncludeValue, m_form.edtExcludeTag})
         connect(edit, &QLineEdit::textChanged, this, &SheetDesk::choose);
     connect(m_form.chkCorrectVertexPositions, &QCheckBox::toggled, this, &SheetDesk::relabel);
+}
+
+void SheetDesk::connectSheets()
+{
+    const SheetTableModel *const model = m_form.sheetModel;
+    connect(model, &SheetTableModel::marksChanged, this, &SheetDesk::showCounts);
+    connect(model, &SheetTableModel::layoutAboutToBeChanged, this,
+            [this] { m_sorting.emplace(Qt::WaitCursor); });
+    connect(model, &SheetTableModel::layoutChanged, this, [this] { m_sorting.reset(); });
+    new QShortcut(Qt::Key_Space, m_form.sheetList, this, &SheetDesk::toggleMarks,
+                  Qt::WidgetShortcut);
+    connect(m_form.btnMarkAll, &QPushButton::clicked, this,
+            [this] { m_form.sheetModel->setAllMarks(true); });
+    connect(m_form.btnMarkNone, &QPushButton::clicked, this,
+            [this] { m_form.sheetModel->setAllMarks(false); });
 }
 
 void SheetDesk::connectSelection()
@@ -144,6 +152,7 @@ void SheetDesk::choose()
 
 void SheetDesk::review()
 {
+    const qor::QtScopedOverrideCursor wait(Qt::WaitCursor);
     QElapsedTimer time;
     time.start();
     if (!m_plan->review(options().filter))
