@@ -26,6 +26,13 @@ QString droppedFile(const QMimeData *data)
     return urls.size() == 1 ? urls.first().toLocalFile() : QString();
 }
 
+/// The plan is only read. Told that it was moved, some programs delete it where it was.
+void acceptCopy(QDropEvent &event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
 } // namespace
 
 struct DxfToolsDialog::Parts
@@ -105,6 +112,7 @@ void DxfToolsDialog::OnExportAsGK2Clicked()
 
 void DxfToolsDialog::done(int result)
 {
+    CancelReading(); // nobody would see it
     m_parts->layout.save();
     QDialog::done(result);
 }
@@ -131,12 +139,12 @@ void DxfToolsDialog::keyPressEvent(QKeyEvent *event)
 void DxfToolsDialog::dragEnterEvent(QDragEnterEvent *event)
 {
     if (!IsReading() && !droppedFile(event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+        acceptCopy(*event);
 }
 
 void DxfToolsDialog::dropEvent(QDropEvent *event)
 {
-    event->acceptProposedAction();
+    acceptCopy(*event);
     // Afterwards: the program from which it was dragged waits for an answer.
     QTimer::singleShot(0, this, [this, path = droppedFile(event->mimeData())] { ReadFile(path); });
 }

@@ -2,6 +2,7 @@
 // Writes sheets as GK2, the text format in which sheet corners go to other programs.
 #include <kelo_base/dxf/Gk2Writer.h>
 
+#include "dxf/gk2records_p.h"
 #include "dxf/progresssteps_p.h"
 #include "dxf/sheetnumber_p.h"
 #include <QFile>
@@ -219,6 +220,12 @@ Gk2Result WriteGk2(QIODevice &device, const DxfDrawing &drawing, std::span<const
     return result;
 }
 
+qint64 CountGk2Records(const DxfDrawing &drawing, std::span<const quint32> sheets)
+{
+    Nowhere nowhere;
+    return WriteGk2(nowhere, drawing, sheets).written;
+}
+
 qint64 ExportGk2File(const QString &path, const DxfDrawing &drawing,
                      std::span<const quint32> sheets)
 {
@@ -228,6 +235,5 @@ qint64 ExportGk2File(const QString &path, const DxfDrawing &drawing,
         if (result)
             return result.written;
     }
-    Nowhere nowhere; // counts what would have been written
-    return WriteGk2(nowhere, drawing, sheets).written;
+    return CountGk2Records(drawing, sheets);
 }

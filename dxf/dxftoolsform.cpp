@@ -25,6 +25,7 @@
 #include <QStyledItemDelegate>
 #include <QTableView>
 #include <QToolButton>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -270,7 +271,7 @@ void DxfToolsForm::nameForAccess()
     edtIncludeValue->setAccessibleName(DxfDialogTexts::IncludeValueName());
     edtExcludeTag->setAccessibleName(DxfDialogTexts::ExcludeTagName());
     sheetList->setAccessibleName(DxfDialogTexts::SheetListName());
-    lblCounter->setAccessibleName(DxfDialogTexts::CounterName());
+    lblCounter->setAccessibleDescription(DxfDialogTexts::CounterName()); // its name is the number
     findingList->setAccessibleName(DxfDialogTexts::FindingsName());
 }
 
@@ -397,7 +398,7 @@ void DxfToolsForm::setReading(bool isReading)
         progress->setFocus();
     } else {
         readStatus->setCurrentWidget(readMessage);
-        if (m_focusBefore)
-            m_focusBefore->setFocus();
+        if (QWidget *const before = std::exchange(m_focusBefore, nullptr))
+            before->setFocus();
     }
 }

@@ -89,5 +89,5 @@ private:
     QDialog *m_dialog;
     QWidget *m_openButtons = nullptr;
     QWidget *m_analyzeGroup = nullptr;
-    QPointer<QWidget> m_focusBefore; ///< reading
+    QPointer<QWidget> m_focusBefore; ///< reading; null unless that was shown
 };

@@ -7,9 +7,11 @@
 namespace dxftools {
 inline constexpr QLatin1StringView kDialogGeometry{"DxfToolsDialog/Dialog_Geometry"};
 inline constexpr QLatin1StringView kLastUsedFile{"DxfToolsDialog/LastUsedFile"};
-/// How the room is divided: steps and results, picture and findings, columns of the list.
+/// How the room is divided: steps and results, picture and findings; widths of the list's columns.
 inline constexpr QLatin1StringView kSides{"DxfToolsDialog/Sides"};
 inline constexpr QLatin1StringView kResults{"DxfToolsDialog/Results"};
 inline constexpr QLatin1StringView kColumns{"DxfToolsDialog/Columns"};
+inline constexpr QLatin1StringView kSortColumn{"DxfToolsDialog/SortColumn"}; ///< -1: none
+inline constexpr QLatin1StringView kSortsDown{"DxfToolsDialog/SortsDown"};
 inline constexpr QLatin1StringView kRecentFiles{"DxfToolsDialog/RecentFiles"};
 } // namespace dxftools

@@ -34,5 +34,7 @@ void FilterCompletion::offerTags(const DxfDrawing &drawing)
 
 void FilterCompletion::offerValues(const DxfDrawing &drawing)
 {
-    m_values->setStringList(OfferValues(drawing, m_form.edtIncludeTag->text()));
+    const QStringList values = OfferValues(drawing, m_form.edtIncludeTag->text());
+    if (values != m_values->stringList()) // a list that pops up would lose its place
+        m_values->setStringList(values);
 }

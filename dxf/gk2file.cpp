@@ -2,6 +2,7 @@
 // Replaces a GK2 file as a whole, or not at all.
 #include "dxf/dxfdialogtexts_p.h"
 #include "dxf/gk2file_p.h"
+#include "dxf/gk2records_p.h"
 #include <QFileInfo>
 #include <QRandomGenerator>
 #include <filesystem>
@@ -29,28 +30,14 @@ QString linkedTarget(const QString &path)
     return info.filePath();
 }
 
-/// Counts what would be written, and stores nothing.
-class NoDevice : public QIODevice
-{
-    qint64 readData(char *, qint64) override { return -1; }
-    qint64 writeData(const char *, qint64 size) override { return size; }
-};
-
-qint64 countRecords(const DxfDrawing &drawing, std::span<const quint32> sheets)
-{
-    NoDevice device;
-    device.open(kMode);
-    return WriteGk2(device, drawing, sheets).written;
-}
-
 /// The file beside the target that takes its place in the end; gone when it did not.
 class Replacement
 {
 public:
     explicit Replacement(const QString &target)
         : m_target(target),
-          m_file(target +
-                 u".%1.tmp"_s.arg(QRandomGenerator::system()->generate(), 8, 16, QChar(u'0')))
+          m_file(QFileInfo(target).path() + // not its name, which may be as long as names can be
+                 u"/gk2-%1.tmp"_s.arg(QRandomGenerator::system()->generate(), 8, 16, QChar(u'0')))
     {
     }
     ~Replacement()
@@ -128,7 +115,7 @@ Gk2FileResult ReplaceGk2File(const QString &path, const DxfDrawing &drawing,
     else
         result.error = replace(linkedTarget(path), fill);
     if (!result) {
-        result.written = countRecords(drawing, sheets);
+        result.written = CountGk2Records(drawing, sheets);
         result.keptOlderFile = info.isFile();
     }
     return result;

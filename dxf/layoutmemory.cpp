@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QSplitter>
 #include <QTableView>
+#include <algorithm>
 
 namespace {
 
@@ -36,7 +37,19 @@ void LayoutMemory::save()
     layout->setValue(dxftools::kDialogGeometry, m_dialog->saveGeometry());
     layout->setValue(dxftools::kSides, m_form.sides->saveState());
     layout->setValue(dxftools::kResults, m_form.results->saveState());
-    layout->setValue(dxftools::kColumns, m_form.sheetList->horizontalHeader()->saveState());
+    saveColumns(*layout);
+}
+
+/// As plain numbers: reading its own state from a damaged file, the header would crash.
+void LayoutMemory::saveColumns(QSettings &layout) const
+{
+    const QHeaderView &header = *m_form.sheetList->horizontalHeader();
+    QStringList widths;
+    for (int column = 0; column < header.count(); ++column)
+        widths << QString::number(header.sectionSize(column));
+    layout.setValue(dxftools::kColumns, widths);
+    layout.setValue(dxftools::kSortColumn, header.sortIndicatorSection());
+    layout.setValue(dxftools::kSortsDown, header.sortIndicatorOrder() == Qt::DescendingOrder);
 }
 
 void LayoutMemory::restore()
@@ -48,5 +61,19 @@ void LayoutMemory::restore()
     m_dialog->restoreGeometry(stored(dxftools::kDialogGeometry));
     m_form.sides->restoreState(stored(dxftools::kSides));
     m_form.results->restoreState(stored(dxftools::kResults));
-    m_form.sheetList->horizontalHeader()->restoreState(stored(dxftools::kColumns));
+    restoreColumns(*layout);
+}
+
+void LayoutMemory::restoreColumns(const QSettings &layout)
+{
+    constexpr int kWidest = 2000;
+    const QStringList widths = layout.value(dxftools::kColumns).toStringList();
+    const int columns = static_cast<int>(
+        std::min<qsizetype>(widths.size(), m_form.sheetList->horizontalHeader()->count()));
+    for (int column = 0; column < columns; ++column)
+        if (const int width = widths[column].toInt(); width > 0)
+            m_form.sheetList->setColumnWidth(column, std::min(width, kWidest));
+    const bool sortsDown = layout.value(dxftools::kSortsDown).toBool();
+    m_form.sheetList->sortByColumn(layout.value(dxftools::kSortColumn, -1).toInt(),
+                                   sortsDown ? Qt::DescendingOrder : Qt::AscendingOrder);
 }

@@ -6,6 +6,7 @@
 
 class DxfToolsForm;
 class DxfToolsStore;
+class QSettings;
 class QWidget;
 
 /// Restores geometry, splitters and columns when it is made.
@@ -17,6 +18,8 @@ public:
 
 private:
     void restore();
+    void saveColumns(QSettings &layout) const;
+    void restoreColumns(const QSettings &layout);
 
     QWidget *m_dialog;
     DxfToolsForm &m_form;

@@ -69,7 +69,7 @@ void MessageLine::show(const QString &sentence, bool isWarning, const QString &a
                                           : u"<p>%1</p>"_s.arg(sentence.toHtmlEscaped()));
     m_action->setText(action);
     m_action->setVisible(!action.isEmpty());
-    if (isWarning) {
+    if (!sentence.isEmpty()) {
         QAccessibleEvent alert(m_text, QAccessible::Alert);
         QAccessible::updateAccessibility(&alert);
     }

@@ -25,7 +25,6 @@
 #include <QTableView>
 #include <QToolButton>
 #include <algorithm>
-#include <kelo_base/core/ScopedOverrideCursor.h>
 
 namespace {
 
@@ -58,13 +57,7 @@ SheetDesk::SheetDesk(DxfToolsForm &form) : m_form(form), m_completion(form)
     connect(&m_reviewDue, &QTimer::timeout, this, &SheetDesk::review);
     connectFilter();
     connectSelection();
-    connect(m_form.sheetModel, &SheetTableModel::marksChanged, this, &SheetDesk::showCounts);
-    new QShortcut(Qt::Key_Space, m_form.sheetList, this, &SheetDesk::toggleMarks,
-                  Qt::WidgetShortcut);
-    connect(m_form.btnMarkAll, &QPushButton::clicked, this,
-            [this] { m_form.sheetModel->setAllMarks(true); });
-    connect(m_form.btnMarkNone, &QPushButton::clicked, this,
-            [this] { m_form.sheetModel->setAllMarks(false); });
+    connectSheets();
     m_form.sheetHint->showText(DxfDialogTexts::NoPlan());
     m_form.picture->clear({});
 }
@@ -84,6 +77,21 @@ void SheetDesk::connectFilter()
          {m_form.edtIncludeTag, m_form.edtIncludeValue, m_form.edtExcludeTag})
         connect(edit, &QLineEdit::textChanged, this, &SheetDesk::choose);
     connect(m_form.chkCorrectVertexPositions, &QCheckBox::toggled, this, &SheetDesk::relabel);
+}
+
+void SheetDesk::connectSheets()
+{
+    const SheetTableModel *const model = m_form.sheetModel;
+    connect(model, &SheetTableModel::marksChanged, this, &SheetDesk::showCounts);
+    connect(model, &SheetTableModel::layoutAboutToBeChanged, this,
+            [this] { m_sorting.emplace(Qt::WaitCursor); });
+    connect(model, &SheetTableModel::layoutChanged, this, [this] { m_sorting.reset(); });
+    new QShortcut(Qt::Key_Space, m_form.sheetList, this, &SheetDesk::toggleMarks,
+                  Qt::WidgetShortcut);
+    connect(m_form.btnMarkAll, &QPushButton::clicked, this,
+            [this] { m_form.sheetModel->setAllMarks(true); });
+    connect(m_form.btnMarkNone, &QPushButton::clicked, this,
+            [this] { m_form.sheetModel->setAllMarks(false); });
 }
 
 void SheetDesk::connectSelection()
@@ -144,6 +152,7 @@ void SheetDesk::choose()
 
 void SheetDesk::review()
 {
+    const qor::QtScopedOverrideCursor wait(Qt::WaitCursor);
     QElapsedTimer time;
     time.start();
     if (!m_plan->review(options().filter))
@@ -249,7 +258,8 @@ void SheetDesk::showFinding(const QModelIndex &index)
     m_form.picture->showSheet(*sheet);
 }
 
-/// All selected sheets get the mark that the current one has not.
+/// All selected sheets get the mark that the current one has not; where none is selected, as when
+/// the list was just reached by keyboard, only the current one does.
 void SheetDesk::toggleMarks()
 {
     SheetTableModel &model = *m_form.sheetModel;
@@ -261,8 +271,11 @@ void SheetDesk::toggleMarks()
     const Qt::CheckState state = isMarked ? Qt::Unchecked : Qt::Checked;
     {
         const QSignalBlocker once(model); // not for each of 100,000 sheets
-        for (const QModelIndex &index : selection.selectedRows())
-            model.setData(index, state, Qt::CheckStateRole);
+        if (!selection.hasSelection())
+            model.setData(current, state, Qt::CheckStateRole);
+        for (const QItemSelectionRange &range : selection.selection())
+            for (int row = range.top(); row <= range.bottom(); ++row)
+                model.setData(model.index(row, 0), state, Qt::CheckStateRole);
     }
     m_form.sheetList->viewport()->update();
     showCounts();

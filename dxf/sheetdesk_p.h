@@ -6,7 +6,9 @@
 #include "dxf/openplan_p.h"
 #include <QObject>
 #include <QTimer>
+#include <kelo_base/core/ScopedOverrideCursor.h>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class DxfToolsForm;
@@ -31,6 +33,7 @@ public:
 
 private:
     void connectFilter();
+    void connectSheets();
     void connectSelection();
     void choose();
     void review();
@@ -49,5 +52,6 @@ private:
     FilterCompletion m_completion;
     std::unique_ptr<OpenPlan> m_plan;
     QTimer m_reviewDue;
+    std::optional<qor::QtScopedOverrideCursor> m_sorting; ///< a million sheets take a while
     bool m_isSharingSelection = false;
 };

@@ -32,8 +32,9 @@ public:
 /// Help and version are for terminals, where there may be no screen.
 bool asksForText(int argc, char **argv)
 {
-    const QByteArrayView asking[] = {"--help", "-h", "--version", "-v"};
-    for (int i = 1; i < argc; ++i)
+    const QByteArrayView asking[] = {"--help", "-h", "--help-all", "--version", "-v"};
+    const QByteArrayView end("--"); // of the options
+    for (int i = 1; i < argc && end != argv[i]; ++i)
         for (const QByteArrayView option : asking)
             if (option == argv[i])
                 return true;
@@ -86,7 +87,7 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "dxf-workbench: %s\n", qPrintable(fault));
         return kWrongUsage;
     }
-    if (parser.isSet(u"help"_s))
+    if (parser.isSet(u"help"_s) || parser.isSet(u"help-all"_s))
         parser.showHelp();
     if (parser.isSet(u"version"_s))
         parser.showVersion();

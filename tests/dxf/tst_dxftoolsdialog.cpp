@@ -142,6 +142,7 @@ private slots:
     void exportsWhatIsChosenAndMarked();
     void followsFilterAndOption();
     void sharesTheSelection();
+    void keepsThePlaceOfTheKeyboard();
     void saysWhyAPlanIsNotRead();
     void staysAsItWasWhenCancelled();
     void takesOneDroppedFile();
@@ -225,6 +226,34 @@ void TestDxfToolsDialog::sharesTheSelection()
     QCOMPARE(bench.sheets(), u"2 3 7 [7] 10"_s);
 }
 
+void TestDxfToolsDialog::keepsThePlaceOfTheKeyboard()
+{
+    const Bench bench;
+    bench.put("large.dxf", kLargePlan);
+    bench.dialog->activateWindow();
+    auto *progress = bench.dialog->findChild<ReadingProgress *>();
+    progress->setPace({.shownAfter = 0, .eventsEvery = 0});
+    bench.read("large.dxf"); // gives the focus back to the first button
+    progress->setPace({});
+    bench.list->setFocus(Qt::TabFocusReason);
+    bench.read();
+    QCOMPARE(bench.dialog->focusWidget(), bench.list);
+    bench.list->setCurrentIndex({});
+    bench.list->selectionModel()->setCurrentIndex(bench.list->model()->index(1, 0),
+                                                  QItemSelectionModel::NoUpdate);
+    QTest::keyClick(bench.list, Qt::Key_Space);
+    QCOMPARE(bench.sheets(), u"2 -3 7 10"_s);
+
+    bench.type("edtIncludeTag", u"KIND"_s);
+    const auto *values = bench.find<QLineEdit>("edtIncludeValue")->completer()->model();
+    QTRY_COMPARE(values->rowCount(), 2);
+    const QPersistentModelIndex place = values->index(1, 0);
+    bench.type("edtIncludeValue", u"la"_s);
+    const auto *findings = bench.find<QListView>("findingList")->model();
+    QSignalSpy reviewed(findings, &QAbstractItemModel::modelReset);
+    QVERIFY(reviewed.wait() && place.isValid());
+}
+
 void TestDxfToolsDialog::saysWhyAPlanIsNotRead()
 {
     const Bench bench;
@@ -273,6 +302,7 @@ void TestDxfToolsDialog::staysAsItWasWhenCancelled()
              true);
     cancelBy([](auto &bench) { bench.press("btnCancel"); }, true);
     cancelBy([](auto &bench) { bench.dialog->close(); }, false);
+    cancelBy([](auto &bench) { bench.dialog->done(0); }, false);
 
     Bench ended(kLargePlan);
     ended.whileReading([&ended] { delete ended.dialog; });
@@ -286,10 +316,12 @@ void TestDxfToolsDialog::takesOneDroppedFile()
     QMimeData data;
     const auto isTaken = [&](const QList<QUrl> &urls) {
         data.setUrls(urls);
-        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        // Proposed is to move it; whoever is told that this was done may delete the plan.
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                              Qt::ShiftModifier);
         enter.ignore();
         QApplication::sendEvent(bench.dialog, &enter);
-        return enter.isAccepted();
+        return enter.isAccepted() && enter.dropAction() == Qt::CopyAction;
     };
     QVERIFY(!isTaken({}));
     QVERIFY(!isTaken({QUrl(u"https://example.org/plan.dxf"_s)}));
@@ -343,6 +375,7 @@ void TestDxfToolsDialog::remembersInTheUsersFiles()
         QVERIFY(dialog.ReadFile(bench.file("plan.dxf")));
         dialog.resize(1000, 650);
         dialog.findChild<QTableView *>()->sortByColumn(0, Qt::DescendingOrder);
+        dialog.findChild<QTableView *>()->setColumnWidth(2, 333);
         UserDataManager().SaveUserConfigFiles(); // the dialog is asked for its state
         QVERIFY(bytesOf(config + u"layout.ini"_s).contains("Dialog_Geometry"));
         QVERIFY(bytesOf(config + u"settings.ini"_s).contains("LastUsedFile"));
@@ -351,6 +384,7 @@ void TestDxfToolsDialog::remembersInTheUsersFiles()
     }
     DxfToolsDialog again;
     QCOMPARE(again.size(), QSize(1000, 650));
+    QCOMPARE(again.findChild<QTableView *>()->columnWidth(2), 333);
     UserDataManagerI::Destroy();
     QVERIFY(again.ReadFile(bench.file("plan.dxf"))); // there is nothing to remember it in
     QCOMPARE(again.findChild<QTableView *>()->model()->index(0, 0).data().toString(), u"10"_s);
@@ -372,6 +406,9 @@ void TestDxfToolsDialog::tellsWhatWasNotWritten()
     check(u"/dev/full"_s, true);
     check(bench.file("plan.dxf"), false);
     QCOMPARE(bench.bytes("plan.dxf"), plan);
+    const QByteArray longest = QByteArray(251, 'x') + ".txt"; // as long as names can be
+    check(bench.file(longest.constData()), true);
+    QVERIFY(bench.bytes(longest.constData()).startsWith("GK2"));
 }
 
 void TestDxfToolsDialog::keepsAnOlderFileWhole()
