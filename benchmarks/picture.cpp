@@ -35,8 +35,9 @@ private:
         const int columns = static_cast<int>(std::sqrt(count));
         for (int i = 0; i < count; ++i) {
             const std::string name = std::to_string(i);
+            const int row = i / columns;
             const double x = i % columns * 3.2;
-            const double y = i / columns * 2.2;
+            const double y = row * 2.2;
             plan.BeginBlock(name, 0);
             plan.BeginPolyline(true);
             for (const auto &[dx, dy] : {DxfVertex{0, 0}, {3, 0}, {3, 2}, {0, 2}})

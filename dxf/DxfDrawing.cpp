@@ -44,7 +44,7 @@ VtxPosition DxfDrawing::Corner(const DxfPolyline &polyline, quint32 vertex) cons
 
 void DxfDrawing::SetCorner(const DxfPolyline &polyline, quint32 vertex, VtxPosition position)
 {
-    m_corners.resize(m_vertices.size());
+    m_corners.resize(static_cast<std::size_t>(m_vertices.size()));
     m_corners[polyline.firstVertex + vertex] = static_cast<quint8>(position);
 }
 

@@ -59,7 +59,7 @@ SheetDesk::SheetDesk(DxfToolsForm &form) : m_form(form), m_completion(form)
     connectSelection();
     connectSheets();
     m_form.sheetHint->showText(DxfDialogTexts::NoPlan());
-    m_form.picture->clear({});
+    m_form.picture->clear(DxfDialogTexts::NoPlan());
 }
 
 SheetDesk::~SheetDesk()

@@ -28,6 +28,7 @@ constexpr double kCloseness = 0.5; ///< of a usual sheet's side fills the window
 double detailOf(const std::vector<SheetFigure> &figures)
 {
     std::vector<double> sides;
+    sides.reserve(figures.size());
     for (const SheetFigure &figure : figures)
         sides.push_back(std::max(figure.bounds.width(), figure.bounds.height()));
     if (sides.empty())

@@ -31,8 +31,9 @@ struct Bench
     {
         DxfDrawingBuilder plan;
         for (int i = 0; i < 10; ++i) {
+            const int row = i / 4;
             const double x = i % 4 * 4;
-            const double y = i / 4 * 8.3;
+            const double y = row * 8.3;
             const std::string block = std::to_string(std::min(i, 7));
             addBlock(plan, block, {{{x, y}, {x + 3, y}, {x + 3, y + 2}, {x, y + 2}}});
             addInsert(plan, block, {{"BL_NR", std::to_string(i)}});
@@ -133,9 +134,10 @@ void TestPictureView::staysInTouchWhateverComes()
 void TestPictureView::findsFigures()
 {
     const std::vector figures{figureOf(QRectF(0, 0, 10, 10)),
-                              figureOf({{{20, 0}, {30, 10}, {20, 20}, {10, 10}, {20, 0}}}),
-                              figureOf(QRectF(5, 5, 10, 2)), figureOf({{{40, 0}, {50, 10}}}),
-                              figureOf({{{60, 5}}})};
+                              figureOf(QPolygonF({{20, 0}, {30, 10}, {20, 20}, {10, 10}, {20, 0}})),
+                              figureOf(QRectF(5, 5, 10, 2)),
+                              figureOf(QPolygonF({{40, 0}, {50, 10}})),
+                              figureOf(QPolygonF({{60, 5}}))};
     const auto at = [&](double x, double y) {
         return static_cast<int>(FigureAt(figures, {x, y}, 1).value_or(99));
     };
