@@ -133,11 +133,11 @@ void TestPictureView::staysInTouchWhateverComes()
 
 void TestPictureView::findsFigures()
 {
-    const std::vector figures{figureOf(QRectF(0, 0, 10, 10)),
-                              figureOf(QPolygonF({{20, 0}, {30, 10}, {20, 20}, {10, 10}, {20, 0}})),
-                              figureOf(QRectF(5, 5, 10, 2)),
-                              figureOf(QPolygonF({{40, 0}, {50, 10}})),
-                              figureOf(QPolygonF({{60, 5}}))};
+    const std::vector figures{
+        figureOf(QRectF(0, 0, 10, 10)),
+        figureOf(QPolygonF(QList<QPointF>{{20, 0}, {30, 10}, {20, 20}, {10, 10}, {20, 0}})),
+        figureOf(QRectF(5, 5, 10, 2)), figureOf(QPolygonF(QList<QPointF>{{40, 0}, {50, 10}})),
+        figureOf(QPolygonF(QList<QPointF>{{60, 5}}))};
     const auto at = [&](double x, double y) {
         return static_cast<int>(FigureAt(figures, {x, y}, 1).value_or(99));
     };
