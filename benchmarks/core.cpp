@@ -106,10 +106,13 @@ BENCHMARK(randomIdPeer);
 
 // ---- Natural order ---------------------------------------------------------------------------
 
-/// As in a plan: some districts, each with numbered sheets, some of them with a suffix.
+/// As in a plan: some districts, each with numbered sheets, some of them with a suffix. Made once:
+/// each time anew they would lie elsewhere in memory, and sorting waits for memory most of all.
 const QStringList &sheetNames(qsizetype count)
 {
     static QStringList names;
+    if (names.size() == count)
+        return names;
     QRandomGenerator random(2);
     const QString districts[] = {u"Altstadt"_s, u"Nordring"_s, u"Hafen West"_s, u"Süd"_s,
                                  u"DGK5"_s};
