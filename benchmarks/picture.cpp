@@ -64,6 +64,19 @@ void show(SheetPictureView &view)
         std::abort();
 }
 
+/// A picture of so many sheets, zoomed in by so many steps.
+struct Shown
+{
+    explicit Shown(std::int64_t sheets, std::int64_t steps = 0)
+    {
+        show(view);
+        Plan(static_cast<int>(sheets)).ShowIn(view);
+        for (std::int64_t i = 0; i < steps; ++i)
+            view.zoomIn();
+    }
+    SheetPictureView view;
+};
+
 /// From the drawing to the first picture.
 void openPicture(benchmark::State &state)
 {
@@ -80,12 +93,8 @@ BENCHMARK(openPicture)->Arg(1'000)->Arg(10'000)->Arg(100'000)->Unit(benchmark::k
 /// Another sheet is chosen, with so many sheets and zoomed in by so many steps.
 void choose(benchmark::State &state)
 {
-    const Plan plan(static_cast<int>(state.range(0)));
-    SheetPictureView view;
-    show(view);
-    plan.ShowIn(view);
-    for (int i = 0; i < state.range(1); ++i)
-        view.zoomIn();
+    Shown shown(state.range(0), state.range(1));
+    SheetPictureView &view = shown.view;
     const auto half = static_cast<quint32>(std::min<std::int64_t>(state.range(0), 20'000) / 2);
     for (quint32 next = 0; auto _ : state) {
         view.setSelectedSheets({half + next++ % 50});
@@ -100,12 +109,8 @@ BENCHMARK(choose)
 /// The pointer drags the picture by some pixels.
 void drag(benchmark::State &state)
 {
-    const Plan plan(static_cast<int>(state.range(0)));
-    SheetPictureView view;
-    show(view);
-    plan.ShowIn(view);
-    for (int i = 0; i < state.range(1); ++i)
-        view.zoomIn();
+    Shown shown(state.range(0), state.range(1));
+    SheetPictureView &view = shown.view;
     const auto send = [&view](QEvent::Type type, QPointF pos) {
         QMouseEvent event(type, pos, view.mapToGlobal(pos), Qt::LeftButton, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&view, &event);
@@ -122,10 +127,8 @@ BENCHMARK(drag)->ArgsProduct({{20'000}, {2, 6}})->Unit(benchmark::kMillisecond);
 /// The pointer moves over a picture of many sheets.
 void point(benchmark::State &state)
 {
-    const Plan plan(20'000);
-    SheetPictureView view;
-    show(view);
-    plan.ShowIn(view);
+    Shown shown(20'000);
+    SheetPictureView &view = shown.view;
     for (int x = 0; auto _ : state) {
         const QPointF pos(100.0 + x, 300);
         QMouseEvent event(QEvent::MouseMove, pos, view.mapToGlobal(pos), Qt::NoButton, {}, {});

@@ -12,7 +12,6 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 #include <QUrl>

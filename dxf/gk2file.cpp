@@ -7,6 +7,7 @@
 #include <QRandomGenerator>
 #include <filesystem>
 #include <functional>
+#include <kelo_base/core/FileName.h>
 #include <kelo_base/dxf/Gk2Writer.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -19,15 +20,6 @@ constexpr auto kMode =
 std::filesystem::path systemPath(const QString &path)
 {
     return QFile::encodeName(path).toStdString();
-}
-
-/// Where a chain of links ends, whether or not there is a file.
-QString linkedTarget(const QString &path)
-{
-    QFileInfo info(path);
-    for (int most = 40; info.isSymLink() && most > 0; --most)
-        info.setFile(info.symLinkTarget());
-    return info.filePath();
 }
 
 /// The file beside the target that takes its place in the end; gone when it did not.
@@ -113,7 +105,7 @@ Gk2FileResult ReplaceGk2File(const QString &path, const DxfDrawing &drawing,
     else if (info.exists() && !info.isFile()) // a device or pipe cannot be replaced
         result.error = writeDirectly(path, fill);
     else
-        result.error = replace(linkedTarget(path), fill);
+        result.error = replace(FollowLinks(path), fill);
     if (!result) {
         result.written = CountGk2Records(drawing, sheets);
         result.keptOlderFile = info.isFile();

@@ -35,7 +35,6 @@ public:
     /// @param total  -1 when it is not known
     /// @return false when the work shall end: it was cancelled, or this object is gone
     bool advance(qint64 done, qint64 total);
-    [[nodiscard]] bool isCancelled() const { return m_isCancelled; }
 
 public slots:
     void cancel() { m_isCancelled = true; }

@@ -66,7 +66,7 @@ SheetDesk::~SheetDesk()
 {
     // The views live a little longer than the plan.
     m_form.sheetModel->setDrawing(nullptr);
-    m_form.picture->clear({});
+    m_form.picture->clear();
 }
 
 void SheetDesk::connectFilter()

@@ -154,14 +154,16 @@ void SheetPictureView::changeView(Change change)
 
 void SheetPictureView::layOut()
 {
-    const auto layOutLegend = [this] {
-        return LayOutLegend(m_legend, QFontMetricsF(font()), width(),
-                            m_picture.pixelsPerUnit * m_viewport.Scale(), layoutDirection());
-    };
     m_legendHeight = std::ceil(layOutLegend());
     if (!hasRoomForLegend(m_legendHeight, height()))
         m_legendHeight = 0;
     changeView([this] { m_viewport.SetWindow(canvas().size()); });
+}
+
+double SheetPictureView::layOutLegend()
+{
+    return LayOutLegend(m_legend, QFontMetricsF(font()), width(),
+                        m_picture.pixelsPerUnit * m_viewport.Scale(), layoutDirection());
 }
 
 void SheetPictureView::repaintAll()
@@ -396,8 +398,7 @@ void SheetPictureView::paintPicture(QPainter &painter)
     painter.fillRect(strip, palette().color(QPalette::Window));
     painter.translate(strip.topLeft());
     painter.setFont(font());
-    LayOutLegend(m_legend, QFontMetricsF(font()), width(),
-                 m_picture.pixelsPerUnit * m_viewport.Scale(), layoutDirection());
+    layOutLegend(); // the scale bar follows the zoom
     PaintLegend(painter, m_legend, look, layoutDirection());
 }
 

@@ -72,6 +72,8 @@ private:
     template <typename Change>
     void changeView(Change change);
     void layOut();
+    /// Gives the height that it takes.
+    double layOutLegend();
     void repaintAll();
     [[nodiscard]] QRect canvas() const;
     [[nodiscard]] std::optional<std::size_t> figureAt(QPointF pos) const;

@@ -9,6 +9,7 @@
 #include <QTemporaryFile>
 #include <cstdio>
 #include <filesystem>
+#include <kelo_base/core/FileName.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -26,18 +27,9 @@ std::filesystem::path streamPath(const QString &path, const char *standardStream
     return path == kStandardStream ? std::filesystem::path(standardStream) : systemPath(path);
 }
 
-/// Where a chain of links ends, whether or not there is a file.
-QString linkedTarget(const QString &path)
-{
-    QFileInfo info(path);
-    for (int most = 40; info.isSymLink() && most > 0; --most)
-        info.setFile(info.symLinkTarget());
-    return info.filePath();
-}
-
 } // namespace
 
-OutputFile::OutputFile(const QString &path) : m_path(path), m_target(linkedTarget(path)) {}
+OutputFile::OutputFile(const QString &path) : m_path(path), m_target(FollowLinks(path)) {}
 
 OutputFile::~OutputFile() = default;
 
