@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <pthread.h>
+#include <sstream>
 #include <string_view>
 
 namespace platform {
@@ -50,6 +51,23 @@ std::vector<std::string> processNames()
             names.push_back(std::move(command));
     }
     return names;
+}
+
+std::optional<std::uint64_t> processStartTime(std::int64_t pid)
+{
+    const std::filesystem::path file = "/proc/" + std::to_string(pid) + "/stat";
+    const std::string text = readUntil(file, '\n');
+    // "pid (command) state ...": the command may hold anything, blanks and brackets too.
+    std::istringstream fields(text.substr(text.rfind(')') + 1));
+    std::string field;
+    fields >> field;
+    if (!fields || field == "Z" || field == "X") // dead, and only not collected yet
+        return std::nullopt;
+    constexpr int kStartTime = 22; // fields are counted from 1, the state is the third
+    for (int number = 4; number < kStartTime; ++number)
+        fields >> field;
+    std::uint64_t ticks = 0;
+    return fields >> ticks ? std::optional(ticks) : std::nullopt;
 }
 
 void setThreadName(const char *name)

@@ -26,6 +26,15 @@ std::vector<std::string> processNames()
     return names;
 }
 
+std::optional<std::uint64_t> processStartTime(std::int64_t pid)
+{
+    proc_bsdinfo info{};
+    constexpr int kSize = sizeof info;
+    if (proc_pidinfo(static_cast<int>(pid), PROC_PIDTBSDINFO, 0, &info, kSize) != kSize)
+        return std::nullopt;
+    return info.pbi_start_tvsec * 1'000'000 + info.pbi_start_tvusec;
+}
+
 void setThreadName(const char *name)
 {
     pthread_setname_np(name);

@@ -46,6 +46,20 @@ std::vector<std::string> processNames()
     return names;
 }
 
+std::optional<std::uint64_t> processStartTime(std::int64_t pid)
+{
+    const DWORD rights = PROCESS_QUERY_LIMITED_INFORMATION | SYNCHRONIZE;
+    const std::unique_ptr<void, decltype(&CloseHandle)> process(
+        OpenProcess(rights, FALSE, static_cast<DWORD>(pid)), &CloseHandle);
+    // One that has ended stays known for as long as anybody holds it.
+    if (!process || WaitForSingleObject(process.get(), 0) != WAIT_TIMEOUT)
+        return std::nullopt;
+    FILETIME created{}, ended{}, inKernel{}, inProgram{};
+    if (!GetProcessTimes(process.get(), &created, &ended, &inKernel, &inProgram))
+        return std::nullopt;
+    return (std::uint64_t{created.dwHighDateTime} << 32) | created.dwLowDateTime;
+}
+
 void setThreadName(const char *name)
 {
     // A debugger sees the exception first. The handler sends it back when there is none: vectored,
