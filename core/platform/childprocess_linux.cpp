@@ -3,6 +3,7 @@
 #include "core/platform/childprocess.h"
 
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
