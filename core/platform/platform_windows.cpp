@@ -23,6 +23,8 @@ std::string utf8(const wchar_t *text)
     return result;
 }
 
+using Handle = std::unique_ptr<void, decltype(&CloseHandle)>;
+
 LONG CALLBACK swallowThreadName(EXCEPTION_POINTERS *exception)
 {
     const bool isThreadName = exception->ExceptionRecord->ExceptionCode == kThreadNameException;
@@ -31,12 +33,35 @@ LONG CALLBACK swallowThreadName(EXCEPTION_POINTERS *exception)
 
 } // namespace
 
+std::uint32_t currentProcess()
+{
+    return GetCurrentProcessId();
+}
+
+std::uint64_t processStartTime(std::uint32_t process)
+{
+    constexpr DWORD kWanted = PROCESS_QUERY_LIMITED_INFORMATION | SYNCHRONIZE;
+    const Handle handle(OpenProcess(kWanted, FALSE, process), &CloseHandle);
+    if (!handle)
+        return GetLastError() == ERROR_ACCESS_DENIED ? kUnknownStart : 0;
+    // One that has ended stays known while somebody holds a handle of it.
+    if (WaitForSingleObject(handle.get(), 0) != WAIT_TIMEOUT)
+        return 0;
+    FILETIME created{};
+    FILETIME exited{};
+    FILETIME inKernel{};
+    FILETIME inUser{};
+    if (!GetProcessTimes(handle.get(), &created, &exited, &inKernel, &inUser))
+        return kUnknownStart;
+    return std::uint64_t{created.dwHighDateTime} << 32 | created.dwLowDateTime;
+}
+
 std::vector<std::string> processNames()
 {
     const HANDLE handle = CreateToolhelp32Snapshot(TH32CS_SNAPALL, 0);
     if (handle == INVALID_HANDLE_VALUE)
         return {};
-    const std::unique_ptr<void, decltype(&CloseHandle)> snapshot(handle, &CloseHandle);
+    const Handle snapshot(handle, &CloseHandle);
     std::vector<std::string> names;
     PROCESSENTRY32W entry{};
     entry.dwSize = sizeof entry; // the system refuses any other size
@@ -44,20 +69,6 @@ std::vector<std::string> processNames()
          found = Process32NextW(handle, &entry))
         names.push_back(utf8(entry.szExeFile));
     return names;
-}
-
-std::optional<std::uint64_t> processStartTime(std::int64_t pid)
-{
-    const DWORD rights = PROCESS_QUERY_LIMITED_INFORMATION | SYNCHRONIZE;
-    const std::unique_ptr<void, decltype(&CloseHandle)> process(
-        OpenProcess(rights, FALSE, static_cast<DWORD>(pid)), &CloseHandle);
-    // One that has ended stays known for as long as anybody holds it.
-    if (!process || WaitForSingleObject(process.get(), 0) != WAIT_TIMEOUT)
-        return std::nullopt;
-    FILETIME created{}, ended{}, inKernel{}, inProgram{};
-    if (!GetProcessTimes(process.get(), &created, &ended, &inKernel, &inProgram))
-        return std::nullopt;
-    return (std::uint64_t{created.dwHighDateTime} << 32) | created.dwLowDateTime;
 }
 
 void setThreadName(const char *name)
