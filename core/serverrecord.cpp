@@ -23,11 +23,12 @@ constexpr QLatin1StringView kMarker{"marker"};
 
 std::optional<ServerRecord> recordOf(qint64 pid, const QString &marker)
 {
-    const auto started = platform::processStartTime(pid);
-    const QString program = QString::fromStdString(platform::processProgram(pid));
-    if (!started || program.isEmpty())
+    const auto process = static_cast<quint32>(pid);
+    const quint64 start = platform::processStartTime(process);
+    const QString program = QString::fromStdString(platform::processProgram(process));
+    if (start <= platform::kUnknownStart || program.isEmpty())
         return std::nullopt;
-    return ServerRecord{pid, *started, program, marker};
+    return ServerRecord{pid, start, program, marker};
 }
 
 bool isRunning(const ServerRecord &record)

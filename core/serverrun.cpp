@@ -82,7 +82,7 @@ void ServerProcess::Run::endLeftOver()
     const auto record = readServerRecord(pathOf(kRecordFile));
     if (!record || record->marker.isEmpty())
         return;
-    const qint64 head = isRunning(*record) ? record->pid : 0;
+    const quint32 head = isRunning(*record) ? static_cast<quint32>(record->pid) : 0;
     platform::ProcessTree(head, record->marker.toStdString()).kill();
     QFile::remove(pathOf(kRecordFile));
 }
@@ -127,7 +127,8 @@ void ServerProcess::Run::startAttached()
     m_process->start(QIODevice::ReadOnly);
     m_pid = m_process->processId();
     m_startedAt = now();
-    m_tree = std::make_unique<platform::ProcessTree>(m_pid, m_marker.toStdString());
+    m_tree = std::make_unique<platform::ProcessTree>(static_cast<quint32>(m_pid),
+                                                     m_marker.toStdString());
     m_timer.stop();
     enter(ServerState::Starting);
 }

@@ -10,7 +10,7 @@ namespace platform {
 
 /// The executable file of the process, in UTF-8, as the system tells it; empty when there is no
 /// such process or it is another user's. A script's is that of its interpreter.
-std::string processProgram(std::int64_t pid);
+std::string processProgram(std::uint32_t process);
 
 /// The environment variable by which ProcessTree recognises its members.
 inline constexpr char kTreeVariable[] = "KELO_SERVER_RUN";
@@ -31,7 +31,7 @@ public:
     /// @param head    a running process that called becomeTreeHead(); 0 when it has died, which
     ///                leaves the marker to find the others by
     /// @param marker  value of kTreeVariable in its environment, not empty and never used before
-    ProcessTree(std::int64_t head, std::string marker);
+    ProcessTree(std::uint32_t head, std::string marker);
     ~ProcessTree(); ///< ends nobody
     ProcessTree(const ProcessTree &) = delete;
     ProcessTree &operator=(const ProcessTree &) = delete;

@@ -69,11 +69,11 @@ void signalAll(const std::vector<pid_t> &pids, int signal)
 
 } // namespace
 
-std::string processProgram(std::int64_t pid)
+std::string processProgram(std::uint32_t process)
 {
     std::error_code error;
     const auto path =
-        std::filesystem::read_symlink(directoryOf(static_cast<pid_t>(pid)) / "exe", error);
+        std::filesystem::read_symlink(directoryOf(static_cast<pid_t>(process)) / "exe", error);
     const std::string program = error ? std::string() : path.string();
     constexpr std::string_view kReplaced = " (deleted)"; // by a newer one, while it runs
     return program.ends_with(kReplaced) ? program.substr(0, program.size() - kReplaced.size())
@@ -91,7 +91,7 @@ struct ProcessTree::System
     std::string variable;
 };
 
-ProcessTree::ProcessTree(std::int64_t, std::string marker)
+ProcessTree::ProcessTree(std::uint32_t, std::string marker)
     : m_system(new System{std::string(kTreeVariable) + '=' + std::move(marker)})
 {
 }

@@ -9,10 +9,10 @@
 
 namespace platform {
 
-std::string processProgram(std::int64_t pid)
+std::string processProgram(std::uint32_t process)
 {
     char path[PROC_PIDPATHINFO_MAXSIZE] = "";
-    const int length = proc_pidpath(static_cast<int>(pid), path, sizeof path);
+    const int length = proc_pidpath(static_cast<int>(process), path, sizeof path);
     return length > 0 ? std::string(path, static_cast<std::size_t>(length)) : std::string();
 }
 
@@ -26,7 +26,7 @@ struct ProcessTree::System
     pid_t group;
 };
 
-ProcessTree::ProcessTree(std::int64_t head, std::string)
+ProcessTree::ProcessTree(std::uint32_t head, std::string)
     : m_system(new System{static_cast<pid_t>(head)})
 {
 }

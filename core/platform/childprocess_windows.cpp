@@ -17,9 +17,9 @@ struct CloseHandleOf
 };
 using Handle = std::unique_ptr<void, CloseHandleOf>;
 
-Handle opened(std::int64_t pid, DWORD rights)
+Handle opened(std::uint32_t process, DWORD rights)
 {
-    return Handle(OpenProcess(rights, FALSE, static_cast<DWORD>(pid)));
+    return Handle(OpenProcess(rights, FALSE, process));
 }
 
 /// The processes that are in the job now.
@@ -51,12 +51,12 @@ BOOL CALLBACK closeWindowOf(HWND window, LPARAM process)
 
 } // namespace
 
-std::string processProgram(std::int64_t pid)
+std::string processProgram(std::uint32_t process)
 {
-    const Handle process = opened(pid, PROCESS_QUERY_LIMITED_INFORMATION);
+    const Handle handle = opened(process, PROCESS_QUERY_LIMITED_INFORMATION);
     wchar_t path[32768];
     DWORD length = static_cast<DWORD>(std::size(path));
-    if (!process || !QueryFullProcessImageNameW(process.get(), 0, path, &length))
+    if (!handle || !QueryFullProcessImageNameW(handle.get(), 0, path, &length))
         return {};
     const int wideLength = static_cast<int>(length);
     const int size =
@@ -73,7 +73,7 @@ struct ProcessTree::System
     Handle job;
 };
 
-ProcessTree::ProcessTree(std::int64_t head, std::string)
+ProcessTree::ProcessTree(std::uint32_t head, std::string)
     : m_system(new System{Handle(CreateJobObjectW(nullptr, nullptr))})
 {
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};

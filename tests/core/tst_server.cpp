@@ -20,7 +20,7 @@ namespace {
 
 bool isAlive(qint64 pid)
 {
-    return platform::processStartTime(pid).has_value();
+    return platform::processStartTime(static_cast<quint32>(pid)) != 0;
 }
 
 qint64 memoryBytes()

@@ -46,6 +46,35 @@ LONG CALLBACK hearException(EXCEPTION_POINTERS *)
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
+/// A program of the system that runs until it is told to end.
+PROCESS_INFORMATION startProgram()
+{
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION program{};
+    wchar_t command[] = L"ping -n 60 127.0.0.1";
+    CreateProcessW(nullptr, command, nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr, nullptr,
+                   &startup, &program);
+    return program;
+}
+
+void tellsProcessesApart()
+{
+    using namespace platform;
+    const std::uint64_t own = processStartTime(currentProcess());
+    check(own > kUnknownStart && own == processStartTime(currentProcess()), "knows its own start");
+    const PROCESS_INFORMATION program = startProgram();
+    const std::uint64_t start = processStartTime(program.dwProcessId);
+    check(start >= own && isStillRunning(program.dwProcessId, start), "knows another's start");
+    check(!isStillRunning(program.dwProcessId, start - 1), "the number alone is not enough");
+    TerminateProcess(program.hProcess, 0);
+    WaitForSingleObject(program.hProcess, 5000);
+    check(processStartTime(program.dwProcessId) == 0, "one that has ended has no start");
+    CloseHandle(program.hProcess);
+    CloseHandle(program.hThread);
+    check(processStartTime(0x7FFFFFF0) == 0, "nor has one that never was");
+}
+
 /// The system itself takes the line apart that we put together.
 void checkQuoting()
 {
@@ -65,39 +94,19 @@ void checkQuoting()
     LocalFree(parts);
 }
 
-std::int64_t started(const char *commandLine)
+void checkProcessTree()
 {
-    std::string line = commandLine; // the system may write into it
-    STARTUPINFOA startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_NEW_PROCESS_GROUP,
-                        nullptr, nullptr, &startup, &process))
-        return 0;
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return process.dwProcessId;
-}
-
-void checkProcesses()
-{
-    const std::int64_t own = GetCurrentProcessId();
-    check(platform::processStartTime(own).has_value(), "tells when this program was started");
-    check(platform::processStartTime(own) == platform::processStartTime(own), "and again the same");
-    check(!platform::processStartTime(0x7ffffff0), "tells nothing of a process that is not there");
-    check(platform::processProgram(own).find("windows_check\xC3\xBC") != std::string::npos,
+    check(platform::processProgram(platform::currentProcess()).find("windows_check\xC3\xBC") !=
+              std::string::npos,
           "tells the file of this program");
-
-    const std::int64_t child = started("cmd.exe /c pause");
-    check(child != 0, "starts a child");
-    const platform::ProcessTree tree(child, "marker");
+    const PROCESS_INFORMATION child = startProgram();
+    const platform::ProcessTree tree(child.dwProcessId, "marker");
     check(tree.isRunning(), "the tree holds the child");
-    check(platform::processStartTime(child) != platform::processStartTime(own),
-          "two processes differ in their start");
     tree.kill();
-    for (int i = 0; i < 100 && tree.isRunning(); ++i)
-        Sleep(50);
-    check(!tree.isRunning() && !platform::processStartTime(child), "the tree ends the child");
+    check(WaitForSingleObject(child.hProcess, 5000) == WAIT_OBJECT_0 && !tree.isRunning(),
+          "the tree ends the child");
+    CloseHandle(child.hThread);
+    CloseHandle(child.hProcess);
 }
 
 void checkFileLock()
@@ -114,8 +123,9 @@ void checkFileLock()
 
 int main()
 {
+    tellsProcessesApart();
+    checkProcessTree();
     checkQuoting();
-    checkProcesses();
     checkFileLock();
     check(isRunning("windows_check"), "finds this program");
     check(isRunning("dows_check\xC3\xBC"), "finds it by a part that is not ASCII");
