@@ -110,7 +110,7 @@ void TableWriter::Work::openSheet(const QString &name)
     m_row = 0;
     m_links = 0;
     m_isSheetOpen = true;
-    m_widths.assign(static_cast<std::size_t>(m_columns), kNarrowest);
+    m_widths.fill(kNarrowest, m_columns);
     m_sink->beginSheet(m_sheet);
     if (m_sheet.hasHeader)
         putHeader();
