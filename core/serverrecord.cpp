@@ -8,7 +8,7 @@
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
+#include <kelo_base/core/ReplacedFile.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -51,13 +51,13 @@ std::optional<ServerRecord> readServerRecord(const QString &file)
 
 bool writeServerRecord(const QString &file, const ServerRecord &record)
 {
-    QSaveFile target(file);
-    if (!target.open(QIODevice::WriteOnly))
+    ReplacedFile target(file);
+    if (!target.Open())
         return false;
     const QJsonObject values{{kPid, record.pid},
                              {kStartTime, QString::number(record.startTime)},
                              {kProgram, record.program},
                              {kMarker, record.marker}};
-    target.write(QJsonDocument(values).toJson());
-    return target.commit();
+    const QByteArray text = QJsonDocument(values).toJson();
+    return target.Device().write(text) == text.size() && target.Commit();
 }
