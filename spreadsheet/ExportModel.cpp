@@ -101,7 +101,8 @@ Result ExportModel(const QAbstractItemModel &model, const ModelChoice &choice, T
     std::vector<Cell> cells(static_cast<std::size_t>(columns.size()));
     for (int row = 0; row < model.rowCount(); ++row) {
         for (std::size_t i = 0; i < cells.size(); ++i)
-            cells[i] = cellOf(model.index(row, columns[static_cast<qsizetype>(i)]).data(choice.role));
+            cells[i] =
+                cellOf(model.index(row, columns[static_cast<qsizetype>(i)]).data(choice.role));
         if (!writer.AddRow(cells))
             break;
     }

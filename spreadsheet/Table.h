@@ -16,12 +16,12 @@ enum class ColumnType { Text, Integer, Number, Date, Time, DateTime, Boolean, Li
 /// A column and how its cells look. A cell is always written as what it is; see TableWriter.
 struct Column
 {
-    QString title;
+    QString title = {};
     ColumnType type = ColumnType::Text;
     int decimals = 2; ///< of a Number, 0 ... 30
     double width = 0; ///< in characters of the default font; 0: from the content
     /// A number format in the notation of spreadsheet files ("0.0%"); empty: that of the type.
-    QString format;
+    QString format = {};
 
     friend bool operator==(const Column &, const Column &) = default;
 };
@@ -62,7 +62,8 @@ struct Link
 
 /// Empty, or a value. Dates with time are written as their own clock shows them: spreadsheets know
 /// no zones.
-using Cell = std::variant<std::monostate, QString, qint64, double, bool, QDate, QTime, QDateTime, Link>;
+using Cell =
+    std::variant<std::monostate, QString, qint64, double, bool, QDate, QTime, QDateTime, Link>;
 
 /// What could not be written as it was given. Nothing of the kind happens without being counted.
 enum class FindingKind {

@@ -19,7 +19,7 @@ namespace spreadsheet {
 namespace {
 
 constexpr int kKinds = static_cast<int>(FindingKind::ColumnsLeftOut) + 1;
-constexpr qint64 kAskAfter = 50; ///< milliseconds between two questions whether to go on
+constexpr qint64 kAskAfter = 50;       ///< milliseconds between two questions whether to go on
 constexpr int kRowsBetweenLooks = 256; ///< at the clock
 constexpr double kNarrowest = 4;
 constexpr double kWidest = 60; ///< characters of a column that is as wide as its content
@@ -59,10 +59,11 @@ private:
     QString m_error; ///< why there is no sink
     std::unique_ptr<Sink> m_sink;
     Limits m_limits;
+    bool m_isGuarded;
     Sheet m_sheet;
     bool m_isSheetOpen = false;
-    QString m_sheetName; ///< of the first of those that go on
-    int m_part = 1;      ///< of the sheet, when it goes on
+    QString m_sheetName;   ///< of the first of those that go on
+    int m_part = 1;        ///< of the sheet, when it goes on
     QSet<QString> m_names; ///< taken, in lower case
     int m_columns = 0;
     qint64 m_row = 0;   ///< in the sheet, the header included
@@ -75,7 +76,9 @@ private:
     QElapsedTimer m_asked;
 };
 
-TableWriter::Work::Work(Target target) : m_target(std::move(target))
+TableWriter::Work::Work(Target target)
+    : m_target(std::move(target)),
+      m_isGuarded(m_target.format == Format::Csv && m_target.csv.isGuarded)
 {
     m_sink = makeSink(m_target, m_error);
     if (m_sink)
@@ -164,11 +167,16 @@ void TableWriter::Work::putCell(int column, const Cell &cell)
 
 void TableWriter::Work::put(int column, const QString &text)
 {
-    const QString written = fitted(text);
+    QString written = fitted(text);
     if (written.isEmpty())
         return;
-    if (written.size() != text.size())
+    if (written.size() < text.size())
         noteCell(FindingKind::TextCut, column);
+    if (m_isGuarded && m_sheet.columns[column].type == ColumnType::Text &&
+        looksLikeFormula(written)) {
+        noteCell(FindingKind::TextGuarded, column);
+        written.prepend(u'\'');
+    }
     widen(column, written.size());
     m_sink->putText(column, written);
 }
@@ -257,8 +265,8 @@ QString TableWriter::Work::fitted(const QString &text)
 
 void TableWriter::Work::widen(int column, qsizetype characters)
 {
-    m_widths[column] = std::max(m_widths[column],
-                                std::min(static_cast<double>(characters) + 1, kWidest));
+    m_widths[column] =
+        std::max(m_widths[column], std::min(static_cast<double>(characters) + 1, kWidest));
 }
 
 void TableWriter::Work::note(FindingKind kind, const QString &where)

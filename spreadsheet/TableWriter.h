@@ -15,7 +15,8 @@ namespace spreadsheet {
 
 enum class Format { Xlsx, Ods, Pdf, Csv };
 
-/// By the suffix of the file's name (.xlsx, .ods, .pdf, .csv), in whatever case; nothing for others.
+/// By the suffix of the file's name (.xlsx, .ods, .pdf, .csv), in whatever case; nothing for
+/// others.
 [[nodiscard]] KELO_BASE_EXPORT std::optional<Format> FormatOf(const QString &file);
 
 /// The ways to a file. They differ in the formats they can write and in what they need.
@@ -91,7 +92,8 @@ public:
     TableWriter(const TableWriter &) = delete;
     TableWriter &operator=(const TableWriter &) = delete;
 
-    /// Begins the first or the next sheet. False once something went wrong; Finish() then says what.
+    /// Begins the first or the next sheet. False once something went wrong; Finish() then says
+    /// what.
     bool BeginSheet(const Sheet &sheet);
     /// The next row of the sheet; cells beyond its columns are ignored, missing ones empty. False
     /// once something went wrong, or the user cancelled.
@@ -108,9 +110,9 @@ private:
 struct ModelChoice
 {
     QString sheetName;
-    int role = Qt::DisplayRole;     ///< of the cells; titles are the header's texts
-    QList<int> hiddenColumns;       ///< left out
-    QList<ColumnType> columnTypes;  ///< of the columns that remain; missing: from the first rows
+    int role = Qt::DisplayRole;    ///< of the cells; titles are the header's texts
+    QList<int> hiddenColumns;      ///< left out
+    QList<ColumnType> columnTypes; ///< of the columns that remain; missing: from the first rows
 };
 
 /// Writes a table model (its top level) in one call.

@@ -6,7 +6,9 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QIODevice>
 #include <algorithm>
 #include <optional>
 
@@ -14,6 +16,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace spreadsheet {
 namespace {
+
+constexpr qint64 kBlock = 1024 * 1024; ///< bytes copied at once
 
 struct Texts
 {
@@ -61,7 +65,8 @@ std::optional<Format> FormatOf(const QString &file)
 
 QList<BackEndState> BackEnds()
 {
-    return {libraryState(), automationState(),
+    return {libraryState(),
+            automationState(),
             {BackEnd::Plain, {Format::Csv}, Texts::tr("Plain text with separators.")}};
 }
 
@@ -82,6 +87,27 @@ QString notWritten(const QString &file, const FileFault &fault)
         break;
     }
     return notWritten(file, fault.reason);
+}
+
+QString putInPlace(const QString &finished, const QString &target,
+                   const std::function<bool()> &goesOn)
+{
+    QFile source(finished);
+    ReplacedFile file(target);
+    if (!source.open(QIODevice::ReadOnly))
+        return notWritten(target, source.errorString());
+    if (!file.Open())
+        return notWritten(target, file.Fault());
+    while (!source.atEnd()) {
+        const QByteArray block = source.read(kBlock);
+        if (source.error() != QFileDevice::NoError)
+            return notWritten(target, source.errorString());
+        if (file.Device().write(block) != block.size())
+            return notWritten(target, file.Fault());
+        if (!goesOn())
+            return {};
+    }
+    return file.Commit() ? QString() : notWritten(target, file.Fault());
 }
 
 std::unique_ptr<Sink> makeSink(const Target &target, QString &error)

@@ -5,6 +5,8 @@
 #include <kelo_base/core/ReplacedFile.h>
 #include <kelo_base/spreadsheet/TableWriter.h>
 
+#include "spreadsheet/tablerules_p.h"
+
 namespace spreadsheet {
 
 /// What a format holds at most.
@@ -48,9 +50,15 @@ public:
 [[nodiscard]] BackEndState libraryState();
 [[nodiscard]] BackEndState automationState();
 
-[[nodiscard]] std::unique_ptr<Sink> makeXlsxSink(const Target &target);
+[[nodiscard]] std::unique_ptr<Sink> makeXlsxSink(const Target &target,
+                                                 DayCount dayCount = DayCount::OfFiles);
 [[nodiscard]] std::unique_ptr<Sink> makeCsvSink(const Target &target);
 [[nodiscard]] std::unique_ptr<Sink> makeAutomationSink(const Target &target);
+
+/// Copies a finished file over @p target. @return what went wrong; empty when nothing did, and
+/// when @p goesOn said no, which leaves the target as it was
+[[nodiscard]] QString putInPlace(const QString &finished, const QString &target,
+                                 const std::function<bool()> &goesOn);
 
 /// "'FILE' cannot be written: WHY." for people.
 [[nodiscard]] QString notWritten(const QString &file, const QString &why);

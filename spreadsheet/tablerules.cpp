@@ -68,7 +68,7 @@ QString cellName(qint64 row, int column)
     return letters + QString::number(row + 1);
 }
 
-std::optional<double> serialOf(QDate date)
+std::optional<double> serialOf(QDate date, DayCount count)
 {
     static const QDate first(1900, 1, 1);
     static const QDate last(9999, 12, 31);
@@ -76,7 +76,8 @@ std::optional<double> serialOf(QDate date)
     if (!date.isValid() || date < first || date > last)
         return std::nullopt;
     const qint64 days = first.daysTo(date) + 1;
-    return static_cast<double>(date < afterTheGap ? days : days + 1);
+    const bool skipsTheGap = date >= afterTheGap || count == DayCount::True;
+    return static_cast<double>(skipsTheGap ? days + 1 : days);
 }
 
 double serialOf(QTime time)
@@ -136,16 +137,19 @@ QString Sentence(const Finding &finding)
     QString sentence;
     switch (finding.kind) {
     case FindingKind::TextCut:
-        sentence = n == 1 ? Texts::tr("A text of more than 32,767 characters was cut")
-                          : Texts::tr("%n texts of more than 32,767 characters were cut", nullptr, n);
+        sentence = n == 1
+                       ? Texts::tr("A text of more than 32,767 characters was cut")
+                       : Texts::tr("%n texts of more than 32,767 characters were cut", nullptr, n);
         break;
     case FindingKind::TextMended:
-        sentence = n == 1 ? Texts::tr("A text held characters that a file cannot hold")
-                          : Texts::tr("%n texts held characters that a file cannot hold", nullptr, n);
+        sentence = n == 1
+                       ? Texts::tr("A text held characters that a file cannot hold")
+                       : Texts::tr("%n texts held characters that a file cannot hold", nullptr, n);
         break;
     case FindingKind::TextGuarded:
-        sentence = n == 1 ? Texts::tr("A text that looks like a formula got an apostrophe")
-                          : Texts::tr("%n texts that look like formulas got an apostrophe", nullptr, n);
+        sentence =
+            n == 1 ? Texts::tr("A text that looks like a formula got an apostrophe")
+                   : Texts::tr("%n texts that look like formulas got an apostrophe", nullptr, n);
         break;
     case FindingKind::LinkAsText:
         sentence = n == 1 ? Texts::tr("A link that the sheet has no room for is plain text")
@@ -158,9 +162,9 @@ QString Sentence(const Finding &finding)
                                       nullptr, n);
         break;
     case FindingKind::NumberLeftOut:
-        sentence = n == 1 ? Texts::tr("A value that is no finite number was left empty")
-                          : Texts::tr("%n values that are no finite numbers were left empty",
-                                      nullptr, n);
+        sentence =
+            n == 1 ? Texts::tr("A value that is no finite number was left empty")
+                   : Texts::tr("%n values that are no finite numbers were left empty", nullptr, n);
         break;
     case FindingKind::DateAsText:
         sentence = n == 1 ? Texts::tr("A date before 1900 or after 9999 was written as text")

@@ -25,9 +25,13 @@ namespace spreadsheet {
     return number > kMost || number < -kMost;
 }
 
-/// Days as spreadsheet files count them: 1 is 1900-01-01, and 60 a day that never was. Nothing
-/// before that day, and after the year 9999.
-[[nodiscard]] std::optional<double> serialOf(QDate date);
+enum class DayCount {
+    OfFiles, ///< 1 is 1900-01-01, and 60 a day that never was, as in files of the first program
+    True,    ///< the same from 1900-03-01 on, and one more before: how other programs read them
+};
+
+/// Days as spreadsheets count them; nothing before 1900-01-01 and after 9999-12-31.
+[[nodiscard]] std::optional<double> serialOf(QDate date, DayCount count = DayCount::OfFiles);
 /// Part of a day.
 [[nodiscard]] double serialOf(QTime time);
 

@@ -17,8 +17,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace spreadsheet {
 namespace {
 
-constexpr qint64 kBlock = 1024 * 1024; ///< bytes copied at once
-
 struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(Spreadsheet)
@@ -51,7 +49,7 @@ enum BuiltInFormat : std::uint8_t { ShortDate = 14, TimeWithSeconds = 21, ShortD
 class XlsxSink : public Sink
 {
 public:
-    explicit XlsxSink(const Target &target);
+    XlsxSink(const Target &target, DayCount dayCount);
     ~XlsxSink() override;
     Q_DISABLE_COPY_MOVE(XlsxSink)
 
@@ -84,9 +82,9 @@ private:
     [[nodiscard]] lxw_col_t at(int column) const { return static_cast<lxw_col_t>(column); }
     void check(lxw_error error);
     [[nodiscard]] QString assemble();
-    [[nodiscard]] QString putInPlace(const std::function<bool()> &goesOn);
 
     QString m_target;
+    DayCount m_dayCount;
     QTemporaryDir m_folder; ///< of the rows and the finished file, until it is copied
     QByteArray m_folderName;
     QByteArray m_fileName;
@@ -106,7 +104,8 @@ private:
     QStringEncoder m_encoder{QStringEncoder::Utf8, QStringEncoder::Flag::Stateless};
 };
 
-XlsxSink::XlsxSink(const Target &target) : m_target(target.file)
+XlsxSink::XlsxSink(const Target &target, DayCount dayCount)
+    : m_target(target.file), m_dayCount(dayCount)
 {
     if (!m_folder.isValid()) {
         m_error = notWritten(m_target, m_folder.errorString());
@@ -136,8 +135,8 @@ XlsxSink::~XlsxSink()
 
 void XlsxSink::setProperties(const Properties &properties)
 {
-    QByteArray texts[] = {properties.title.toUtf8(),   properties.subject.toUtf8(),
-                          properties.author.toUtf8(),  properties.company.toUtf8(),
+    QByteArray texts[] = {properties.title.toUtf8(),    properties.subject.toUtf8(),
+                          properties.author.toUtf8(),   properties.company.toUtf8(),
                           properties.keywords.toUtf8(), properties.comments.toUtf8()};
     lxw_doc_properties document{};
     document.title = texts[0].data();
@@ -197,7 +196,7 @@ void XlsxSink::putBoolean(int column, bool value)
 
 void XlsxSink::putDate(int column, QDate date)
 {
-    check(worksheet_write_number(m_sheet, m_row, at(column), serialOf(date).value_or(0),
+    check(worksheet_write_number(m_sheet, m_row, at(column), serialOf(date, m_dayCount).value_or(0),
                                  timeFormat(column, ShortDate)));
 }
 
@@ -209,7 +208,7 @@ void XlsxSink::putTime(int column, QTime time)
 
 void XlsxSink::putDateTime(int column, const QDateTime &time)
 {
-    const double serial = serialOf(time.date()).value_or(0) + serialOf(time.time());
+    const double serial = serialOf(time.date(), m_dayCount).value_or(0) + serialOf(time.time());
     check(worksheet_write_number(m_sheet, m_row, at(column), serial,
                                  timeFormat(column, ShortDateWithTime)));
 }
@@ -241,7 +240,7 @@ QString XlsxSink::finish(const std::function<bool()> &goesOn)
     if (m_error.isEmpty())
         m_error = assemble();
     if (m_error.isEmpty() && goesOn())
-        m_error = putInPlace(goesOn);
+        m_error = putInPlace(QFile::decodeName(m_fileName), m_target, goesOn);
     return m_error;
 }
 
@@ -263,26 +262,6 @@ QString XlsxSink::assemble()
     m_workbook = nullptr; // freed, whatever came of it
     return error == LXW_NO_ERROR ? QString()
                                  : notWritten(m_target, QString::fromUtf8(lxw_strerror(error)));
-}
-
-QString XlsxSink::putInPlace(const std::function<bool()> &goesOn)
-{
-    QFile finished(QFile::decodeName(m_fileName));
-    ReplacedFile target(m_target);
-    if (!finished.open(QIODevice::ReadOnly))
-        return notWritten(m_target, finished.errorString());
-    if (!target.Open())
-        return notWritten(m_target, target.Fault());
-    while (!finished.atEnd()) {
-        const QByteArray block = finished.read(kBlock);
-        if (finished.error() != QFileDevice::NoError)
-            return notWritten(m_target, finished.errorString());
-        if (target.Device().write(block) != block.size())
-            return notWritten(m_target, target.Fault());
-        if (!goesOn())
-            return {};
-    }
-    return target.Commit() ? QString() : notWritten(m_target, target.Fault());
 }
 
 /// Valid until the next call.
@@ -336,9 +315,9 @@ BackEndState libraryState()
             Texts::tr("libxlsxwriter %1.").arg(QString::fromLatin1(lxw_version()))};
 }
 
-std::unique_ptr<Sink> makeXlsxSink(const Target &target)
+std::unique_ptr<Sink> makeXlsxSink(const Target &target, DayCount dayCount)
 {
-    return std::make_unique<XlsxSink>(target);
+    return std::make_unique<XlsxSink>(target, dayCount);
 }
 
 } // namespace spreadsheet
