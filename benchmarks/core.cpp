@@ -220,7 +220,8 @@ void saveOneKey(benchmark::State &state, QSettings &settings, Save save)
 {
     const int keys = static_cast<int>(state.range());
     for (int key = 0; key < keys; ++key)
-        settings.setValue(u"Group%1/key%2"_s.arg(key / 20).arg(key), u"some text, and %1"_s.arg(key));
+        settings.setValue(u"Group%1/key%2"_s.arg(key / 20).arg(key),
+                          u"some text, and %1"_s.arg(key));
     save();
     int round = 0;
     for (auto _ : state) {

@@ -29,10 +29,10 @@ enum DataScopeId : int {
 /// Paths have "/" as separator, and the functions that compose them do not touch the disk unless
 /// they say "prepare". Errors of directories and files are not reported, but a save is whole or not
 /// at all: what cannot be written stays in memory and the old file as it was; a file that cannot be
-/// parsed is copied beside itself before it is replaced, and one that cannot be read is not replaced.
-/// Changes that other processes saved in the meantime are kept. A save waits for others at most two
-/// seconds a file; what it could not save then, the event loop saves later, and one debug line says
-/// so.
+/// parsed is copied beside itself before it is replaced, and one that cannot be read is not
+/// replaced. Changes that other processes saved in the meantime are kept. A save waits for others
+/// at most two seconds a file; what it could not save then, the event loop saves later, and one
+/// debug line says so.
 ///
 /// For the GUI thread only.
 class KELO_BASE_EXPORT UserDataManagerI : public QObject
@@ -59,8 +59,9 @@ public:
     /// project's directory.
     void OpenProjectConfigFiles(const Tz::ObjectId &id);
     /// Announces the save, then writes both files. A listener may save again (which writes, but
-    /// announces nothing), close the files or destroy the manager. What it throws goes to the caller,
-    /// and the files stay unsaved and open; in the destructor it is logged, and all is saved.
+    /// announces nothing), close the files or destroy the manager. What it throws goes to the
+    /// caller, and the files stay unsaved and open; in the destructor it is logged, and all is
+    /// saved.
     void SaveUserConfigFiles();
     void SaveProjectConfigFiles();
     /// Saves as above and closes; closed files are left alone.

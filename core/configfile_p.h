@@ -17,7 +17,8 @@
 ///   its size and its time in milliseconds alone, and two saves may fall within one.
 /// - Where the name is a link, file and lock are those at its end: all who come by other links
 ///   then meet at one lock.
-/// - A save waits at most two seconds for the lock. QSettings alone waits as long as another process
+/// - A save waits at most two seconds for the lock. QSettings alone waits as long as another
+/// process
 ///   stands still while it holds it, and half a minute for one that died while it took it.
 ///
 /// Whatever makes QSettings write goes this way, the event loop and the destructor too; but sync()

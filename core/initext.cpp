@@ -33,7 +33,7 @@ constexpr auto kDateTimeVersion = QDataStream::Qt_5_6;
 
 /// Characters that follow a backslash, and what they stand for.
 constexpr std::pair<char, char16_t> kEscapes[] = {
-    {'a', u'\a'}, {'b', u'\b'}, {'f', u'\f'}, {'n', u'\n'},   {'r', u'\r'}, {'t', u'\t'},
+    {'a', u'\a'}, {'b', u'\b'}, {'f', u'\f'}, {'n', u'\n'},  {'r', u'\r'}, {'t', u'\t'},
     {'v', u'\v'}, {'"', u'"'},  {'?', u'?'},  {'\'', u'\''}, {'\\', u'\\'}};
 
 bool isBlank(char c)
@@ -379,8 +379,8 @@ QString prefixOf(QByteArrayView name)
 {
     if (name.compare(kGeneral, Qt::CaseInsensitive) == 0)
         return {};
-    const bool isMarked = name.startsWith('%') &&
-                          name.sliced(1).compare(kGeneral, Qt::CaseInsensitive) == 0;
+    const bool isMarked =
+        name.startsWith('%') && name.sliced(1).compare(kGeneral, Qt::CaseInsensitive) == 0;
     return (isMarked ? QString::fromLatin1(name.sliced(1)) : unescapedKey(name)) + u'/';
 }
 
@@ -420,8 +420,8 @@ char escapeLetter(char16_t c)
 bool needsNumber(QStringView element, qsizetype at)
 {
     const QChar c = element[at];
-    const bool isFirst = c.isHighSurrogate() && at + 1 < element.size() &&
-                         element[at + 1].isLowSurrogate();
+    const bool isFirst =
+        c.isHighSurrogate() && at + 1 < element.size() && element[at + 1].isLowSurrogate();
     const bool isSecond = c.isLowSurrogate() && at > 0 && element[at - 1].isHighSurrogate();
     return c < u' ' || c == QChar::ByteOrderMark || (c.isSurrogate() && !isFirst && !isSecond);
 }
@@ -445,7 +445,7 @@ void appendElement(QByteArray &text, QStringView element)
         const char16_t c = element[i].unicode();
         const char letter = escapeLetter(c);
         const bool isNumber = letter == '\0' && ((followsNumber && isHexDigit(element[i])) ||
-                                                needsNumber(element, i));
+                                                 needsNumber(element, i));
         followsNumber = isNumber;
         if (letter == '\0' && !isNumber)
             continue;
@@ -461,8 +461,8 @@ void appendValue(QByteArray &text, const QVariant &value)
 {
     const bool isTextList = value.typeId() == QMetaType::QStringList;
     // A list of one looks like its element; as a value of its own it stays a list.
-    const bool isList = isTextList || (value.typeId() == QMetaType::QVariantList &&
-                                       value.toList().size() != 1);
+    const bool isList =
+        isTextList || (value.typeId() == QMetaType::QVariantList && value.toList().size() != 1);
     if (!isList)
         return appendElement(text, textOfValue(value));
     const QVariantList elements = value.toList();

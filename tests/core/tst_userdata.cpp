@@ -104,11 +104,42 @@ private slots:
     /// Texts of all that has a meaning, mixed at random, and the same as values.
     void readsAndWritesAsTheToolkitDoes()
     {
-        static const QByteArrayView parts[] = {
-            "=",     "\n",   "\r\n", "\"",     "\\",    ",",    ";",      " ",        "[",   "]\n",
-            "%",     "U",    "00E4", "41",     "x1",    "@",    "@@",     "@Size(",   "1 ",  ")",
-            "\\x8",  "\\0",  "\\n",  "@Point(", "a",     "B",    "k=",     "\t",       "\\t", "\xC3\xA4",
-            "[%gEneral]\n", "[General]\n", "@String(", "\xF0\x9F\x98\x80", "general", "\n[G"};
+        static const QByteArrayView parts[] = {"=",
+                                               "\n",
+                                               "\r\n",
+                                               "\"",
+                                               "\\",
+                                               ",",
+                                               ";",
+                                               " ",
+                                               "[",
+                                               "]\n",
+                                               "%",
+                                               "U",
+                                               "00E4",
+                                               "41",
+                                               "x1",
+                                               "@",
+                                               "@@",
+                                               "@Size(",
+                                               "1 ",
+                                               ")",
+                                               "\\x8",
+                                               "\\0",
+                                               "\\n",
+                                               "@Point(",
+                                               "a",
+                                               "B",
+                                               "k=",
+                                               "\t",
+                                               "\\t",
+                                               "\xC3\xA4",
+                                               "[%gEneral]\n",
+                                               "[General]\n",
+                                               "@String(",
+                                               "\xF0\x9F\x98\x80",
+                                               "general",
+                                               "\n[G"};
         QRandomGenerator random(13);
         const QString name = m_home->filePath(u"toolkit.ini"_s);
         for (int round = 0; round < 3000; ++round) {
@@ -131,7 +162,9 @@ private slots:
             {u"G/size"_s, QSize(3, -4)},
             {u"G/bytes"_s, QByteArray("\0\xFF(,\")", 6)},
             {u"G/list"_s, QStringList({u" a"_s, u"@b"_s, u"c;d"_s})},
-            {u"G/lists"_s, QVariantList({QRect(1, -2, 3, 4), QVariant(), u"\x01" u"f\0"_s})},
+            {u"G/lists"_s, QVariantList({QRect(1, -2, 3, 4), QVariant(),
+                                         u"\x01"
+                                         u"f\0"_s})},
             {u"G/none"_s, QVariantList()},
             {u"G/one"_s, QVariantList({1.5})},
             {u"G/time"_s, QDateTime(QDate(2026, 1, 2), QTime(3, 4), Qt::UTC)},
@@ -381,8 +414,8 @@ private slots:
         const MessageLog log;
         UserDataManagerI::Destroy();
         const QRegularExpression named(
-            u"^ConfigFile::save .* locked by process %1 \\(tst_userdata\\) : .*/settings.ini$"_s.arg(
-                QCoreApplication::applicationPid()));
+            u"^ConfigFile::save .* locked by process %1 \\(tst_userdata\\) : .*/settings.ini$"_s
+                .arg(QCoreApplication::applicationPid()));
         QCOMPARE(log.lines().filter(named).size(), 1);
         QCOMPARE(bytesOf(m_file), "[General]\nk=1\n"_ba);
         lock.unlock();
