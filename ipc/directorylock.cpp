@@ -79,7 +79,7 @@ bool DirectoryLock::isHeld(const QByteArray &content) const
 /// Removes a lock that holds nobody off, but not one that has just come in its place.
 void DirectoryLock::putAway(const QByteArray &content) const
 {
-    const QString aside = m_file + u'.' + QString::number(platform::currentProcess());
+    const QString aside = m_file + kTemporaryEnding;
     if (!renameFile(m_file, aside))
         return;
     if (lookInto(aside, kContentLimit).bytes == content || fileExists(m_file))

@@ -351,6 +351,12 @@ private slots:
         QTRY_COMPARE(m_outcomes.size(), 1);
         QTest::qWait(50);
         QCOMPARE(m_outcomes.size(), 1);
+
+        connect(&facade(), &KeloIPCFacadeI::CommandAnswered, this, &KeloIPCFacadeI::Destroy);
+        for (int i = 0; i < 3; ++i)
+            facade().Send(MoveToObjectCommand());
+        QTRY_COMPARE(m_outcomes.size(), 2);
+        QVERIFY(!facade().IsActive());
     }
 
     void goesByLooksWhereClocksJump_data()
@@ -452,7 +458,11 @@ private slots:
     {
         QList<bool> changes;
         connect(&facade(), &KeloIPCFacadeI::PartnerRunningChanged, this,
-                [&changes](bool isRunning) { changes << isRunning; });
+                [&changes](bool isRunning) {
+                    changes << isRunning;
+                    if (!isRunning) // deleted in its own signal
+                        KeloIPCFacadeI::Destroy();
+                });
         activate();
         QVERIFY(!facade().StartPartner(u"/none/dapex.exe"_s) && !facade().StartPartner({}));
         // The directory's own program of that name: a shell that lives until its file is gone.
