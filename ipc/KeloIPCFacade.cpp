@@ -87,7 +87,10 @@ KeloIPCFacadeI::KeloIPCFacadeI()
     connect(&m_partnerTimer, &QTimer::timeout, this, &KeloIPCFacadeI::lookAround);
 }
 
-KeloIPCFacadeI::~KeloIPCFacadeI() = default;
+KeloIPCFacadeI::~KeloIPCFacadeI()
+{
+    Deactivate();
+}
 
 bool KeloIPCFacadeI::Activate(const QString &directory, KeloIPCCommandHandler &handler)
 {
@@ -186,9 +189,12 @@ void KeloIPCFacadeI::poll()
     const QPointer<KeloIPCFacadeI> alive(this);
     const std::shared_ptr<Channel> running = m_channel;
     const int senders = running->senders;
-    for (const auto &[number, delivery] : running->outbox.poll(channel::steadyNow())) {
+    const auto outcomes = running->outbox.poll(channel::steadyNow());
+    for (const auto &[number, delivery] : outcomes) { // before any listener continues behind them
         if (delivery != KeloDelivery::Silence)
             m_answered[running->sender] = std::max(m_answered[running->sender], number);
+    }
+    for (const auto &[number, delivery] : outcomes) {
         emit CommandAnswered(number, delivery);
         if (!alive || m_channel != running)
             return;

@@ -98,7 +98,11 @@ int main(int argc, char **argv)
         {u"clumsy"_s, Text::tr("Write like a careless partner: plain, bytes or half."),
          u"manner"_s},
     });
-    parser.process(app);
+    const bool isUnderstood = parser.parse(QCoreApplication::arguments());
+    if (parser.isSet(u"help"_s) || parser.isSet(u"help-all"_s))
+        parser.showHelp();
+    if (!isUnderstood) // process() would end with the status of a refusal
+        return refuse(parser.errorText());
 
     QStringList lines = parser.positionalArguments();
     if (lines.isEmpty() || !QDir(lines[0]).exists())

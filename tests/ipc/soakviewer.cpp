@@ -9,6 +9,7 @@
 #include <kelo_base/ipc/KeloIPCCommand.h>
 #include <kelo_base/ipc/KeloIPCCommandHandler.h>
 #include <kelo_base/ipc/KeloIPCFacade.h>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
@@ -58,12 +59,18 @@ private:
     Journal m_journal;
 };
 
-/// Sends the commands of a list of its own, whose places have nothing to do with numbers: before it
-/// sends one it notes place and number, and the note tells later whether it was that one.
+/// Sends the commands of a list of its own, whose places have nothing to do with numbers. It
+/// believes what it is told. Before it sends one it notes place and number, by which a later life
+/// sees whether it was accepted.
 class Sender
 {
 public:
     Sender(const QString &journal, int count) : m_journal(journal), m_count(count) {}
+    void hear(KeloDelivery delivery)
+    {
+        m_isAccepted = delivery == KeloDelivery::Accepted;
+        sendNext();
+    }
     void sendNext()
     {
         KeloIPCFacadeI &facade = KeloIPCFacadeI::Instance();
@@ -76,7 +83,8 @@ public:
         const auto done = facade.ContinueAs(u"viewer"_s, number == 0 ? 0 : number - 1);
         if (!done) // the directory is away
             return QTimer::singleShot(5ms, &facade, [this] { sendNext(); });
-        const bool isAnswered = number != 0 && *done >= number;
+        const bool isAnswered =
+            std::exchange(m_isAccepted, false) || (number != 0 && *done >= number);
         place += isAnswered ? 1 : 0;
         if (place > m_count)
             return;
@@ -90,6 +98,7 @@ public:
 private:
     Journal m_journal;
     int m_count;
+    bool m_isAccepted = false; ///< the last one, as this life was told
 };
 
 } // namespace
@@ -105,8 +114,8 @@ int main(int argc, char **argv)
     if (!facade.Activate(words.at(1), receiver))
         return 1;
     QObject::connect(
-        &facade, &KeloIPCFacadeI::CommandAnswered, &facade, [&sender] { sender.sendNext(); },
-        Qt::QueuedConnection);
+        &facade, &KeloIPCFacadeI::CommandAnswered, &facade,
+        [&sender](quint64, KeloDelivery delivery) { sender.hear(delivery); }, Qt::QueuedConnection);
     sender.sendNext();
     return QCoreApplication::exec();
 }

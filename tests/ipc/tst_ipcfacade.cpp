@@ -284,7 +284,7 @@ private slots:
         m_handler.then = [] { KeloIPCFacadeI::Destroy(); };
         receive(numbered(6));
         QTRY_VERIFY(answers().endsWith("6=accepted\n"));
-        QVERIFY(!facade().IsActive());
+        QVERIFY(!facade().IsActive() && !has(u"kelo-viewer.lock"_s));
         QCOMPARE(m_handler.received, QList<int>({1, 2, 3, 4, 6}));
     }
 
@@ -506,7 +506,8 @@ private slots:
         add(u"--silence|1|--clumsy|plain|test"_s, 1); // before the viewer looks twice
         for (const QString &wrong :
              {u"--poll|0"_s, u"--silence|1s"_s, u"--sender|a b"_s, u"--journal|/none/x"_s,
-              u"goto 1 nan"_s, u"integer 1.5"_s, u"find a:b"_s, u"--clumsy|very"_s})
+              u"goto 1 nan"_s, u"integer 1.5"_s, u"find a:b"_s, u"--clumsy|very"_s, u"--poll"_s,
+              u"--unknown"_s})
             add(wrong, 2);
     }
 

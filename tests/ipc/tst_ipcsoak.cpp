@@ -47,7 +47,7 @@ class TestIPCSoak : public QObject
 private slots:
     void deliversExactlyOnce()
     {
-        const int count = std::max(150, qEnvironmentVariableIntValue("KELO_SOAK"));
+        const int count = std::max(400, qEnvironmentVariableIntValue("KELO_SOAK"));
         const QTemporaryDir dir;
         const QString exchange = dir.filePath(u"exchange"_s);
         QVERIFY(QDir().mkpath(exchange));
