@@ -102,7 +102,7 @@ int main(int argc, char **argv)
     if (parser.isSet(u"help"_s) || parser.isSet(u"help-all"_s))
         parser.showHelp();
     if (!isUnderstood) // process() would end with the status of a refusal
-        return refuse(parser.errorText());
+        return refuse(parser.errorText().chopped(1)); // without its full stop
 
     QStringList lines = parser.positionalArguments();
     if (lines.isEmpty() || !QDir(lines[0]).exists())
