@@ -223,7 +223,7 @@ private slots:
         check("", "9=9 of 1", "0 of 1"); // nothing was ever stored
         check("other=1", "of 0", "of 0");
         check("A/size=-4\nA/1/I=5", "of 0", "of 0");
-        check("A/size=2000000000\nA/2/I=5\nA/2/S=F5", "5=F5 of 1", "-1 5 -1 of 100000");
+        check("A/size=2000000000\nA/2/I=5\nA/2/S=F5", "5=F5 of 1", "-1 5 of 2");
         check("A/size=4\nA/2/I=8x\nA/3/I=4,4\nA/4/I=99999999999", "of 0", "-1 -1 -1 of 4");
         check("A/size=2\nA/1/I=5\nA/1/S=F5\nA/2/I=5\nA/2/S=F6", "5=F6 of 1", "5 5 of 2");
         check("A/size=2\nA/1/I=1\nA/2/I=2\nA/2/S=\"Ctrl+K, Foo\"", "of 2", "1 2 of 2");
