@@ -103,12 +103,17 @@ private slots:
         QCOMPARE(ids.size(), 2 * variants.size()); // the first variant alone comes twice
         UDocItemList zeros;
         zeros << UDocItem{{}, {}, {}, 1, -1, 0, 1, UCoord({-0.0, 0}, UCoord::ctGeo)};
-        QCOMPARE(zeros.BuildHashID(), (UDocItemList() << UDocItem{{}, {}, {}, 1}).BuildHashID());
+        QCOMPARE(zeros.BuildHashID(),
+                 (UDocItemList() << UDocItem{{}, {}, {}, 1, -1, 0, 1, {}}).BuildHashID());
     }
 
     void keepsTheCurrentItem()
     {
-        const auto item = [](const char *name) { return UDocItem{QString::fromLatin1(name)}; };
+        const auto item = [](const char *name) {
+            UDocItem named;
+            named.fileName = QString::fromLatin1(name);
+            return named;
+        };
         UDocItemList list;
         QVERIFY(!list.Insert(1, item("x")) && !list.Replace(0, item("x")) && !list.Remove(0));
         QVERIFY(list.Insert(0, item("c")) && list.currentIndex == -1);
