@@ -65,11 +65,6 @@ void trigger(ActionManager &manager, int id)
         action->trigger();
 }
 
-bool isOffered(const ActionData *record, const FunctionFilter &filter)
-{
-    return record && record->action && record->valid && filter.accept(*record);
-}
-
 } // namespace
 
 ActionSectorMenu::ActionSectorMenu(ActionManager &manager, int innerRadius, int outerRadius,
@@ -85,7 +80,9 @@ void ActionSectorMenu::fillByLayout(const ContextMenuLayout &layout, const Funct
         const int id = layout.GetAssignedActionId(slot); // -1 in an empty one
         const ActionData *record =
             m_manager && id != kNoAction ? m_manager->FindActionDataById(id) : nullptr;
-        entries.push_back(isOffered(record, filter) ? newItem(id, *record) : newEmptyPlace());
+        // A filter may do what it likes, even destroy the registry.
+        const bool isOffered = record && IsOffered(*record, filter) && m_manager;
+        entries.push_back(isOffered ? newItem(id, *record) : newEmptyPlace());
     }
     clear();
     insertEntries(*this, std::move(entries));
@@ -97,10 +94,13 @@ void ActionSectorMenu::fillByCategory(const FunctionFilter &filter)
     if (!m_manager)
         return;
     std::map<int, Entries> categories;
-    for (const auto &[id, record] : m_manager->GetActions()) {
-        if (isOffered(record, filter) && record->action->isVisible())
-            categories[record->category].push_back(newItem(static_cast<int>(id), *record));
+    for (const ActionData *record : m_manager->FindActionDataByFilter(filter)) {
+        const int id = m_manager->FindIdOfActionData(record);
+        if (record->action && record->action->isVisible())
+            categories[record->category].push_back(newItem(id, *record));
     }
+    if (!m_manager)
+        return;
     Entries entries;
     for (auto &[category, items] : categories) {
         QString text = m_manager->GetCategoryDescription(category);

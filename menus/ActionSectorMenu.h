@@ -33,9 +33,8 @@ public:
     ActionSectorMenu(ActionManager &manager, int innerRadius, int outerRadius,
                      QWidget *parent = nullptr, const QString &name = QString());
 
-    // Both replace all items. An action is offered when it is alive, valid, and accepted by the
-    // filter, which stands for the current context. Sub-menus get this menu's radii and behaviour
-    // as they are then.
+    // Both replace all items. The filter stands for the current context, see IsOffered(). Sub-menus
+    // get this menu's radii and behaviour as they are then.
 
     /// Slot i becomes sector i. A slot that is empty, or whose action is not offered, stays an
     /// empty place, so that every action keeps its direction.
