@@ -78,7 +78,7 @@ bool QtPieMenu::isTopLevelMenu() const
 
 int QtPieMenu::count() const
 {
-    return static_cast<int>(d->items.size());
+    return d->items.count();
 }
 
 void QtPieMenu::insertItem(QtPieItem *item, int index)
@@ -90,18 +90,15 @@ void QtPieMenu::insertItem(QtPieItem *item, int index)
     if (item->parent() == this)
         item->setParent(nullptr, item->windowFlags()); // takes it out of the list, if it is there
     item->setParent(this, item->windowFlags());        // hides it as well
-    const bool isPlace = index >= 0 && index < count();
-    d->items.insert(isPlace ? d->items.begin() + index : d->items.end(), item);
+    const int place = d->items.insert(item, index);
     connect(item, &QtPieItem::changed, this, &QtPieMenu::itemChanged);
     if (const auto *menu = qobject_cast<QtPieMenu *>(item)) {
         connect(menu, &QtPieItem::activated, this, &QtPieMenu::subMenuSelected);
         connect(menu, &QtPieMenu::canceled, this, &QtPieMenu::subMenuCanceled);
         connect(menu, &QtPieMenu::canceledAll, this, &QtPieMenu::allCanceled);
     }
-    for (int *kept : {&d->highlighted, &d->pointerOver, &d->shownSubMenu}) {
-        if (isPlace && *kept >= index)
-            ++*kept;
-    }
+    for (int *kept : {&d->highlighted, &d->pointerOver, &d->shownSubMenu})
+        *kept = pie::afterInsertion(*kept, place);
     itemChanged();
 }
 
@@ -134,26 +131,20 @@ void QtPieMenu::clear()
 void QtPieMenu::childEvent(QChildEvent *event)
 {
     QtPieItem::childEvent(event);
-    const auto gone = std::find(d->items.begin(), d->items.end(), event->child());
-    if (!event->removed() || gone == d->items.end())
+    const int place = event->removed() ? d->items.remove(event->child()) : Data::kNone;
+    if (place == Data::kNone)
         return;
-    const int index = static_cast<int>(gone - d->items.begin());
-    d->items.erase(gone);
     disconnect(event->child(), nullptr, this, nullptr);
-    if (index == d->shownSubMenu)
+    if (place == d->shownSubMenu)
         subMenuCanceled();
-    for (int *kept : {&d->highlighted, &d->pointerOver, &d->shownSubMenu}) {
-        if (*kept == index)
-            *kept = Data::kNone;
-        else if (*kept > index)
-            --*kept;
-    }
+    for (int *kept : {&d->highlighted, &d->pointerOver, &d->shownSubMenu})
+        *kept = pie::afterRemoval(*kept, place);
     itemChanged();
 }
 
 QtPieItem *QtPieMenu::itemAt(int index) const
 {
-    return index >= 0 && index < count() ? d->items[static_cast<std::size_t>(index)] : nullptr;
+    return d->items.at(index);
 }
 
 QtPieMenu *QtPieMenu::subMenuAt(int index) const
@@ -164,8 +155,7 @@ QtPieMenu *QtPieMenu::subMenuAt(int index) const
 
 int QtPieMenu::indexOf(const QtPieItem *item) const
 {
-    const auto found = std::find(d->items.begin(), d->items.end(), item);
-    return found == d->items.end() ? -1 : static_cast<int>(found - d->items.begin());
+    return d->items.indexOf(item);
 }
 
 // The warnings are worded the way logs have always had them, "of of" included.
@@ -300,7 +290,7 @@ int QtPieMenu::indexAt(const QPoint &pos) const
 
 double QtPieMenu::indexToAngle(int index, int count, bool middle) const
 {
-    return pie::borderAngle(d->weights(), index, count, middle);
+    return pie::borderAngle(d->items.weights(), index, count, middle);
 }
 
 int QtPieMenu::angleToIndex(double angle, int count) const

@@ -20,52 +20,6 @@
 #include <cmath>
 #include <utility>
 
-const pie::Layout &QtPieMenu::Data::layoutOf(const QtPieMenu &menu)
-{
-    const QPoint middle = menu.rect().center();
-    if (!layout || layout->middle != middle) {
-        outdate();
-        layout = pie::Layout{middle, static_cast<double>(std::min(innerRadius, outerRadius)),
-                             static_cast<double>(outerRadius), pie::centredBorders(weights())};
-    }
-    return *layout;
-}
-
-const std::vector<pie::Cell> &QtPieMenu::Data::fittedCells(const QtPieMenu &menu)
-{
-    const pie::Layout &ring = layoutOf(menu); // may outdate the cells
-    if (cells.size() == items.size())
-        return cells;
-    const QFontMetricsF metrics(menu.font(), &menu);
-    const int iconEdge = menu.style()->pixelMetric(QStyle::PM_LargeIconSize, nullptr, &menu);
-    cells.clear();
-    for (const QtPieItem *item : items) {
-        cells.push_back({.text = item->text(),
-                         .icon = item->icon(),
-                         .isEnabled = item->isEnabled(),
-                         .isSubMenu = item->type() == SubMenu,
-                         .isCheckable = item->isCheckable(),
-                         .isChecked = item->isChecked()});
-    }
-    pie::fitCells(cells, ring, metrics, iconEdge);
-    return cells;
-}
-
-std::vector<int> QtPieMenu::Data::weights() const
-{
-    std::vector<int> weights;
-    weights.reserve(items.size());
-    for (const QtPieItem *item : items)
-        weights.push_back(item->weight());
-    return weights;
-}
-
-void QtPieMenu::Data::outdate()
-{
-    layout.reset();
-    cells.clear();
-}
-
 // Showing
 
 void QtPieMenu::showEvent(QShowEvent *event)

@@ -2,6 +2,7 @@
 // The state of a pie menu, shared by the sources of its class.
 #pragma once
 
+#include "menus/pieitems_p.h"
 #include "menus/pielayout_p.h"
 #include "menus/piepainter_p.h"
 #include "menus/piestroke_p.h"
@@ -19,7 +20,7 @@ struct QtPieMenu::Data
     static constexpr int kNone = -1;
     static constexpr int kJustOpened = -2; ///< nothing highlighted yet
 
-    std::vector<QtPieItem *> items; ///< children of the menu, which owns them
+    pie::Items items; ///< children of the menu, which owns them
     QTimer hover;
     bool autoActivates = false;
     int innerRadius = 0;
@@ -48,6 +49,5 @@ struct QtPieMenu::Data
 
     [[nodiscard]] const pie::Layout &layoutOf(const QtPieMenu &menu);
     [[nodiscard]] const std::vector<pie::Cell> &fittedCells(const QtPieMenu &menu);
-    [[nodiscard]] std::vector<int> weights() const;
     void outdate();
 };
