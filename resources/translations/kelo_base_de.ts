@@ -734,10 +734,6 @@ Ohne Befehle empfängt es nur. Beispiel:
         <translation>Kreismenüs</translation>
     </message>
     <message>
-        <source>Sub-menus at the same place</source>
-        <translation>Untermenüs an derselben Stelle</translation>
-    </message>
-    <message>
         <source>Sub-menus at once</source>
         <translation>Untermenüs sofort öffnen</translation>
     </message>
@@ -767,6 +763,14 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>Save a picture instead of opening a window.</source>
         <translation>Ein Bild speichern, statt ein Fenster zu öffnen.</translation>
+    </message>
+    <message>
+        <source>Sub-menus around the pointer</source>
+        <translation>Untermenüs um den Mauszeiger</translation>
+    </message>
+    <message>
+        <source>Digits</source>
+        <translation>Ziffern</translation>
     </message>
 </context>
 <context>
