@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The plan dialog over a plan of 100,000 sheets: from the last key of a filter to the new list.
 #include "benchmarks/ratio.h"
-#include "dxf/attributecompletion_p.h"
-#include "dxf/drawingbuilder_p.h"
-#include "dxf/filterplan_p.h"
-#include "dxf/sheettablemodel_p.h"
+#include "dxf/read/drawingbuilder_p.h"
+#include "dxf/sheets/filterplan_p.h"
+#include "dxf/workbench/attributecompletion_p.h"
+#include "dxf/workbench/sheettablemodel_p.h"
 #include <QRandomGenerator>
 #include <algorithm>
 #include <kelo_base/dxf/SheetAnalysis.h>

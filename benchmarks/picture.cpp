@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The picture of the sheets: opened, painted anew after a choice, moved and pointed into.
 #include "benchmarks/ratio.h"
-#include "dxf/drawingbuilder_p.h"
-#include "dxf/sheetpictureview_p.h"
+#include "dxf/read/drawingbuilder_p.h"
+#include "dxf/workbench/sheetpictureview_p.h"
 #include <QApplication>
 #include <QMouseEvent>
 #include <cmath>

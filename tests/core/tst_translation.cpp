@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Texts follow the language installed, the toolkit's too.
-#include "dxf/dxftooltexts_p.h"
+#include "dxf/sheets/dxftooltexts_p.h"
 #include <QDialogButtonBox>
 #include <QPushButton>
 #include <QtTest>

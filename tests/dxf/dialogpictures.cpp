@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Saves a picture of the workbench dialog in a state that is worth looking at.
-#include "dxf/readingprogress_p.h"
+#include "dxf/workbench/readingprogress_p.h"
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QProgressBar>

@@ -2,7 +2,7 @@
 // Makes drawings for tests in few words.
 #pragma once
 
-#include "dxf/drawingbuilder_p.h"
+#include "dxf/read/drawingbuilder_p.h"
 #include <initializer_list>
 #include <numeric>
 #include <utility>

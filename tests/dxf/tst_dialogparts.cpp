@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What the plan dialog shows and says, without the dialog: the table of sheets in every order, the
 // findings, what the filter offers and why it leaves nothing, recent plans, time left, icons.
-#include "dxf/attributecompletion_p.h"
-#include "dxf/diagnosticmodel_p.h"
-#include "dxf/filterplan_p.h"
-#include "dxf/inkicon_p.h"
-#include "dxf/recentplans_p.h"
-#include "dxf/remainingtime_p.h"
-#include "dxf/sheettablemodel_p.h"
+#include "dxf/sheets/filterplan_p.h"
+#include "dxf/workbench/attributecompletion_p.h"
+#include "dxf/workbench/diagnosticmodel_p.h"
+#include "dxf/workbench/inkicon_p.h"
+#include "dxf/workbench/recentplans_p.h"
+#include "dxf/workbench/remainingtime_p.h"
+#include "dxf/workbench/sheettablemodel_p.h"
 #include "tests/dxf/plan.h"
 #include <QAbstractItemModelTester>
 #include <QRandomGenerator>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The fast way of reading against the bare parser, over random plans, whole and mutated; and the
 // fuzzer's promises over its seeds, which hold whatever it has once found.
-#include "dxf/dxfconvertcreationadapter_p.h"
+#include "dxf/read/dxfconvertcreationadapter_p.h"
 #include "fuzz/checkplan.h"
 #include "tests/support/PlanPairs.h"
 #include <QBuffer>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What a technician sees and gets in the workbench dialog, from the plan to the file exported.
-#include "dxf/dxfdialogtexts_p.h"
-#include "dxf/messageline_p.h"
-#include "dxf/readingprogress_p.h"
-#include "dxf/sheetpictureview_p.h"
-#include "dxf/sheettablemodel_p.h"
+#include "dxf/workbench/dxfdialogtexts_p.h"
+#include "dxf/workbench/messageline_p.h"
+#include "dxf/workbench/readingprogress_p.h"
+#include "dxf/workbench/sheetpictureview_p.h"
+#include "dxf/workbench/sheettablemodel_p.h"
 #include "tests/support/PlanPairs.h"
 #include "tests/support/TemporaryHome.h"
 #include <QtTest>

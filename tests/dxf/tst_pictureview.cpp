@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The picture stays within its limits, and a sheet is picked where it is seen.
-#include "dxf/pictureviewport_p.h"
-#include "dxf/sheetpictureview_p.h"
+#include "dxf/workbench/pictureviewport_p.h"
+#include "dxf/workbench/sheetpictureview_p.h"
 #include "tests/dxf/plan.h"
 #include <QRandomGenerator>
 #include <QWheelEvent>

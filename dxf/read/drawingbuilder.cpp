@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Fills a DxfDrawing in file order.
+#include "dxf/read/drawingbuilder_p.h"
+#include "dxf/read/sheetnumber_p.h"
+#include <algorithm>
+
+bool DxfDrawingBuilder::BeginBlock(std::string_view name, quint32 line)
+{
+    EndBlock();
+    m_inBlock = true;
+    const quint32 number = textNumber(name);
+    m_dropsBlock = blockNamed(number) != DxfInsert::kNoBlock;
+    if (m_dropsBlock)
+        return false;
+    m_blockOfName.resize(static_cast<std::size_t>(m_drawing.m_texts.size()), DxfInsert::kNoBlock);
+    m_blockOfName[number] = static_cast<quint32>(m_drawing.m_blocks.size());
+    m_drawing.m_blocks.push_back(
+        {.name = number,
+         .firstPolyline = static_cast<quint32>(m_drawing.m_polylines.size()),
+         .polylineCount = 0,
+         .line = line});
+    return true;
+}
+
+void DxfDrawingBuilder::EndBlock()
+{
+    EndInsert();
+    EndPolyline();
+    m_inBlock = false;
+    m_dropsBlock = false;
+}
+
+void DxfDrawingBuilder::BeginPolyline(bool closed)
+{
+    m_inPolyline = m_inBlock && !m_dropsBlock;
+    if (!m_inPolyline)
+        return;
+    m_drawing.m_polylines.push_back(
+        {.firstVertex = static_cast<quint32>(m_drawing.m_vertices.size()),
+         .vertexCount = 0,
+         .closed = closed});
+    ++m_drawing.m_blocks.back().polylineCount;
+}
+
+void DxfDrawingBuilder::AddVertex(DxfVertex vertex)
+{
+    if (!m_inPolyline)
+        return;
+    m_drawing.m_vertices.push_back(vertex);
+    ++m_drawing.m_polylines.back().vertexCount;
+}
+
+void DxfDrawingBuilder::ClosePolyline()
+{
+    if (m_inPolyline)
+        m_drawing.m_polylines.back().closed = true;
+}
+
+void DxfDrawingBuilder::BeginInsert(std::string_view blockName, quint32 line)
+{
+    EndInsert();
+    m_inInsert = true;
+    auto &inserts = m_inBlock ? m_drawing.m_nestedInserts : m_drawing.m_inserts;
+    inserts.push_back({.blockName = textNumber(blockName),
+                       .block = DxfInsert::kNoBlock,
+                       .firstAttribute = static_cast<quint32>(m_drawing.m_attributes.size()),
+                       .attributeCount = 0,
+                       .line = line,
+                       .exportMark = true});
+}
+
+bool DxfDrawingBuilder::AddAttribute(std::string_view tag, std::string_view value)
+{
+    if (!m_inInsert)
+        return false;
+    DxfInsert &insert = (m_inBlock ? m_drawing.m_nestedInserts : m_drawing.m_inserts).back();
+    const DxfAttribute attribute{.tag = textNumber(tag),
+                                 .valueOffset = appendBytes(value),
+                                 .valueSize = static_cast<quint32>(value.size())};
+    const auto begin = m_drawing.m_attributes.begin() + insert.firstAttribute;
+    const auto earlier = std::find_if(begin, m_drawing.m_attributes.end(), [&](const auto &other) {
+        return other.tag == attribute.tag;
+    });
+    if (earlier != m_drawing.m_attributes.end()) {
+        *earlier = attribute;
+        return true;
+    }
+    m_drawing.m_attributes.push_back(attribute);
+    ++insert.attributeCount;
+    return true;
+}
+
+void DxfDrawingBuilder::EndInsert()
+{
+    if (!m_inInsert)
+        return;
+    m_inInsert = false;
+    if (!m_inBlock)
+        return;
+    // Of inserts inside blocks only those are kept that someone may have meant as sheets.
+    const DxfInsert nested = m_drawing.m_nestedInserts.back();
+    if (!m_dropsBlock && SheetNumberAttribute(m_drawing, nested))
+        return;
+    m_drawing.m_nestedInserts.pop_back();
+    m_drawing.m_attributes.resize(nested.firstAttribute);
+}
+
+bool DxfDrawingBuilder::IsFull() const
+{
+    // Room for the longest single entity that the reader lets through.
+    constexpr qsizetype kLimit = 0xFFFFFFFF - 0x01000000;
+    return m_drawing.m_bytes.size() > kLimit || m_drawing.m_vertices.size() > kLimit;
+}
+
+DxfDrawing DxfDrawingBuilder::Take()
+{
+    EndBlock();
+    m_blockOfName.resize(static_cast<std::size_t>(m_drawing.m_texts.size()), DxfInsert::kNoBlock);
+    for (auto *inserts : {&m_drawing.m_inserts, &m_drawing.m_nestedInserts})
+        for (DxfInsert &insert : *inserts)
+            insert.block = m_blockOfName[insert.blockName];
+    m_numbers = {};
+    m_blockOfName.clear();
+    return std::exchange(m_drawing, DxfDrawing());
+}
+
+quint32 DxfDrawingBuilder::textNumber(std::string_view text)
+{
+    const quint32 known =
+        m_numbers.find(text, [this](quint32 number) { return m_drawing.text(number); });
+    if (known != TextIndex::kUnknown)
+        return known;
+    const auto number = static_cast<quint32>(m_drawing.m_texts.size());
+    const quint32 offset = appendBytes(text);
+    m_drawing.m_texts.push_back({offset, static_cast<quint32>(text.size())});
+    m_numbers.add(text, number);
+    return number;
+}
+
+quint32 DxfDrawingBuilder::appendBytes(std::string_view text)
+{
+    const auto offset = static_cast<quint32>(m_drawing.m_bytes.size());
+    m_drawing.m_bytes.append(text.data(), static_cast<qsizetype>(text.size()));
+    return offset;
+}
+
+quint32 DxfDrawingBuilder::blockNamed(quint32 name) const
+{
+    return name < m_blockOfName.size() ? m_blockOfName[name] : DxfInsert::kNoBlock;
+}

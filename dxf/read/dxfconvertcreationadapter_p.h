@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Receives the DXF parser's callbacks and fills the drawing.
+#pragma once
+
+#include "dxf/read/drawingbuilder_p.h"
+#include <QString>
+#include <dl_creationadapter.h>
+#include <kelo_base/dxf/Diagnostic.h>
+#include <vector>
+
+class DxfConvertCreationAdapter : public DL_CreationAdapter
+{
+public:
+    /// Where the next callbacks come from: line of the file, or byte offset in a binary one.
+    void setPosition(qint64 position) { m_position = position; }
+    /// A LWPOLYLINE may tell that it is closed behind its vertices.
+    void closePolyline() { m_builder.ClosePolyline(); }
+    /// A reference without a name is none: its attributes belong to nobody.
+    void endInsert() { m_builder.EndInsert(); }
+    /// Whether the drawing can take no more.
+    [[nodiscard]] bool isFull() const { return m_builder.IsFull(); }
+
+    [[nodiscard]] DxfDrawing takeDrawing() { return m_builder.Take(); }
+    /// What did not hinder reading; without file names.
+    [[nodiscard]] std::vector<Diagnostic> takeDiagnostics() { return std::move(m_diagnostics); }
+    /// Adds to the diagnostics, at the position set last.
+    void note(const QString &text) { report(Severity::Note, {}, text); }
+
+    void addBlock(const DL_BlockData &block) override;
+    void endBlock() override { m_builder.EndBlock(); }
+    void addPolyline(const DL_PolylineData &polyline) override;
+    void addVertex(const DL_VertexData &vertex) override;
+    void endEntity() override { m_builder.EndPolyline(); }
+    void addInsert(const DL_InsertData &insert) override;
+    void addAttribute(const DL_AttributeData &attribute) override;
+    void endSequence() override { m_builder.EndInsert(); }
+    void setVariableString(const std::string &key, const std::string &value, int code) override;
+    using DL_CreationAdapter::setVariableString;
+
+private:
+    void report(Severity severity, std::string_view subject, const QString &text);
+    [[nodiscard]] quint32 storedPosition() const;
+
+    DxfDrawingBuilder m_builder;
+    std::vector<Diagnostic> m_diagnostics;
+    qint64 m_position = 0;
+};

@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Analyses a drawing: labels the sheet corners, chooses the sheets, notes what a user should know.
+#include <kelo_base/dxf/SheetAnalysis.h>
+
+#include "dxf/read/sheetnumber_p.h"
+#include "dxf/sheets/dxftooltexts_p.h"
+#include "dxf/sheets/filterplan_p.h"
+#include "dxf/sheets/insertfilter_p.h"
+#include "dxf/sheets/progresssteps_p.h"
+#include <unordered_map>
+#include <utility>
+
+namespace {
+
+/// The warnings of one kind. A damaged plan may have a million: nobody reads, nor should anybody
+/// store them all.
+class WarningKind
+{
+public:
+    WarningKind(SheetAnalysis &analysis, const QString &file) : m_analysis(analysis), m_file(file)
+    {
+    }
+    ~WarningKind()
+    {
+        if (m_count > kMost)
+            append(0, {}, DxfToolTexts::MoreOfThisKind(m_count - kMost));
+    }
+    Q_DISABLE_COPY_MOVE(WarningKind)
+
+    /// @param text  makes the sentence; called only when it is kept
+    template <typename Text>
+    void Add(quint32 line, const QString &subject, Text text)
+    {
+        ++m_analysis.warnings;
+        if (++m_count <= kMost)
+            append(line, subject, text());
+    }
+
+private:
+    void append(qint64 line, const QString &subject, const QString &text)
+    {
+        m_analysis.diagnostics.push_back({.severity = Severity::Warning,
+                                          .file = m_file,
+                                          .line = line,
+                                          .offset = 0,
+                                          .subject = subject,
+                                          .text = text});
+    }
+
+    static constexpr qint64 kMost = 1000;
+    SheetAnalysis &m_analysis;
+    const QString &m_file;
+    qint64 m_count = 0;
+};
+
+/// Goes through a drawing in the order in which its user would: frames, numbers, what is left out.
+class Review
+{
+public:
+    Review(const DxfDrawing &drawing, const QString &file, SheetAnalysis &analysis)
+        : m_drawing(drawing), m_file(file), m_analysis(analysis)
+    {
+    }
+
+    bool Frames(ProgressSteps &steps);
+    bool MissingNumbers(ProgressSteps &steps);
+    bool RepeatedNumbers(ProgressSteps &steps);
+    bool MissingPolylines(const SheetFilter &filter, ProgressSteps &steps);
+    void NestedSheets();
+    void NoSheets(const SheetFilter &filter);
+
+private:
+    [[nodiscard]] const DxfInsert &insertOf(quint32 sheet) const
+    {
+        return m_drawing.Inserts()[sheet];
+    }
+    [[nodiscard]] QString shown(std::string_view text) const { return m_drawing.DisplayText(text); }
+
+    const DxfDrawing &m_drawing;
+    const QString &m_file;
+    SheetAnalysis &m_analysis;
+};
+
+bool Review::Frames(ProgressSteps &steps)
+{
+    WarningKind warnings(m_analysis, m_file);
+    std::vector<bool> isKnown(m_drawing.Blocks().size());
+    for (const quint32 sheet : m_analysis.sheets) {
+        const quint32 index = insertOf(sheet).block;
+        const DxfBlock &block = m_drawing.Blocks()[index];
+        if (!isKnown[index] && !HasLabelledFrame(m_drawing, block)) {
+            const QString name = shown(m_drawing.Name(block));
+            warnings.Add(block.line, name, [&] {
+                return DxfToolTexts::NotOneRectangle(name, CountRectangles(m_drawing, block));
+            });
+        }
+        isKnown[index] = true;
+        if (!steps.Step())
+            return false;
+    }
+    return true;
+}
+
+bool Review::MissingNumbers(ProgressSteps &steps)
+{
+    struct Use
+    {
+        quint32 firstLine;
+        qint64 inserts;
+    };
+    std::vector<quint32> blocks; // in the order of their first such insert
+    std::unordered_map<quint32, Use> uses;
+    for (const quint32 sheet : m_analysis.sheets) {
+        const DxfInsert &insert = insertOf(sheet);
+        if (!SheetNumberAttribute(m_drawing, insert)) {
+            ++m_analysis.skipped;
+            const auto [use, isNew] = uses.try_emplace(insert.block, Use{insert.line, 0});
+            ++use->second.inserts;
+            if (isNew)
+                blocks.push_back(insert.block);
+        }
+        if (!steps.Step())
+            return false;
+    }
+    WarningKind warnings(m_analysis, m_file);
+    for (const quint32 block : blocks) {
+        const QString name = shown(m_drawing.Name(m_drawing.Blocks()[block]));
+        const Use &use = uses.at(block);
+        warnings.Add(use.firstLine, name,
+                     [&] { return DxfToolTexts::NoSheetNumber(name, use.inserts); });
+    }
+    return true;
+}
+
+bool Review::RepeatedNumbers(ProgressSteps &steps)
+{
+    WarningKind warnings(m_analysis, m_file);
+    std::unordered_map<std::string_view, int> uses; // of sheets that sort alike: "A1" and "B1" do
+    qint64 sorted = -2;
+    for (const quint32 sheet : m_analysis.sheets) {
+        if (!steps.Step())
+            return false;
+        const DxfInsert &insert = insertOf(sheet);
+        const auto text = SheetNumberAttribute(m_drawing, insert);
+        if (!text)
+            continue;
+        const qint64 number = SheetNumber(*text);
+        if (number != std::exchange(sorted, number))
+            uses.clear();
+        if (++uses[*text] == 2) {
+            const QString name = shown(*text);
+            warnings.Add(insert.line, name, [&] { return DxfToolTexts::RepeatedNumber(name); });
+        }
+    }
+    return true;
+}
+
+bool Review::MissingPolylines(const SheetFilter &filter, ProgressSteps &steps)
+{
+    const InsertFilter wanted(filter, m_drawing);
+    WarningKind warnings(m_analysis, m_file);
+    for (const DxfInsert &insert : m_drawing.Inserts()) {
+        if (!steps.Step())
+            return false;
+        if (HasPolylines(m_drawing, insert) || !wanted.Passes(insert))
+            continue;
+        const auto number = SheetNumberAttribute(m_drawing, insert);
+        if (!number)
+            continue;
+        ++m_analysis.skipped;
+        const QString name = shown(*number);
+        warnings.Add(insert.line, name, [&] {
+            return DxfToolTexts::NoPolyline(name, shown(m_drawing.BlockName(insert)),
+                                            m_drawing.BlockOf(insert) != nullptr);
+        });
+    }
+    return true;
+}
+
+void Review::NestedSheets()
+{
+    WarningKind warnings(m_analysis, m_file);
+    for (const DxfInsert &insert : m_drawing.NestedSheetInserts()) {
+        const QString name = shown(*SheetNumberAttribute(m_drawing, insert));
+        warnings.Add(insert.line, name, [&] { return DxfToolTexts::NestedSheet(name); });
+    }
+}
+
+void Review::NoSheets(const SheetFilter &filter)
+{
+    if (m_analysis.sheets.empty())
+        WarningKind(m_analysis, m_file).Add(0, {}, [&] { return WhyNoSheets(m_drawing, filter); });
+}
+
+/// A binary plan has no lines: what was taken for one is an offset, which goes into the text too.
+void tellOffsets(std::vector<Diagnostic> &diagnostics)
+{
+    for (Diagnostic &diagnostic : diagnostics) {
+        diagnostic.offset = std::exchange(diagnostic.line, 0);
+        if (diagnostic.offset > 0)
+            diagnostic.text = DxfToolTexts::AtByte(diagnostic.text, diagnostic.offset);
+    }
+}
+
+/// The part of a work that begins after @p before of its items.
+SheetProgress partOf(const SheetProgress &progress, std::size_t before, std::size_t total)
+{
+    if (!progress)
+        return {};
+    return [&progress, before, total](qint64 done, qint64) {
+        return progress(static_cast<qint64>(before) + done, static_cast<qint64>(total));
+    };
+}
+
+} // namespace
+
+bool LabelSheets(DxfDrawing &drawing, CornerOrder order, const SheetProgress &progress)
+{
+    const std::size_t blocks = drawing.Blocks().size();
+    GK::CRoutingTilesRevisor revisor(drawing, order);
+    ProgressSteps steps(progress, blocks);
+    for (std::size_t block = 0; block < blocks; ++block) {
+        revisor.ReviseBlock(block);
+        if (!steps.Step())
+            return false;
+    }
+    return true;
+}
+
+std::optional<SheetAnalysis> ReviewSheets(const DxfDrawing &drawing, const SheetFilter &filter,
+                                          const QString &file, const SheetProgress &progress)
+{
+    const std::size_t inserts = drawing.Inserts().size();
+    const std::size_t most = 5 * inserts; // when all inserts are sheets
+    auto sheets = SelectSheets(drawing, filter, partOf(progress, 0, most));
+    if (!sheets)
+        return std::nullopt;
+    SheetAnalysis analysis;
+    analysis.sheets = *std::move(sheets);
+    Review review(drawing, file, analysis);
+    const SheetProgress rest = partOf(progress, inserts, most);
+    ProgressSteps steps(rest, most - inserts);
+    const bool isDone = review.Frames(steps) && review.MissingNumbers(steps) &&
+                        review.RepeatedNumbers(steps) && review.MissingPolylines(filter, steps);
+    if (!isDone)
+        return std::nullopt;
+    review.NestedSheets();
+    review.NoSheets(filter);
+    if (drawing.IsBinary())
+        tellOffsets(analysis.diagnostics);
+    return analysis;
+}
+
+std::optional<SheetAnalysis> AnalyzeSheets(DxfDrawing &drawing, const SheetFilter &filter,
+                                           CornerOrder order, const QString &file,
+                                           const SheetProgress &progress)
+{
+    const std::size_t blocks = drawing.Blocks().size();
+    const std::size_t total = blocks + 5 * drawing.Inserts().size();
+    if (!LabelSheets(drawing, order, partOf(progress, 0, total)))
+        return std::nullopt;
+    return ReviewSheets(drawing, filter, file, partOf(progress, blocks, total));
+}

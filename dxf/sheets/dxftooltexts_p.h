@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// What the plan tools say to their users, in one place for every face of them.
+#pragma once
+
+#include "dxf/read/readertext_p.h"
+#include <QCoreApplication>
+#include <QString>
+
+/// Titles, options, reports and findings. The file reader has its own messages.
+///
+/// Where something is counted, "one" has a sentence of its own: so English is right without a
+/// catalogue, which nobody then has to find and load; "%n" gives other languages all their forms.
+class DxfToolTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(DxfTools)
+
+public:
+    static QString ReadFileTitle() { return tr("Read File"); }
+    static QString AnalyzeFileTitle() { return tr("Analyze File"); }
+    static QString AnalyzeFailed() { return tr("Analyze file failed!"); }
+
+    static QString CorrectVertexPositions() { return tr("Correct &Vertex Positions"); }
+    static QString IncludeTitle() { return tr("Only &include blocks WITH"); }
+    static QString ExcludeTitle() { return tr("&Do not include blocks WITH"); }
+
+    static QString ExportFileTitle() { return tr("Export DXF as Kelo-GK2"); }
+    /// The first word is spelled so on purpose: users know the box by it.
+    static QString ExportReportTitle() { return tr("DFX GK2 Export"); }
+    static QString ExportReport(qint64 inserts)
+    {
+        return tr("Export completed - Inserts written: %1").arg(inserts);
+    }
+
+    static QString NotOneRectangle(const QString &block, std::size_t rectangles)
+    {
+        const QString text =
+            rectangles == 0
+                ? tr("Rectangle detector detected less or more than one rectangle (Block:%1): "
+                     "none found")
+                : tr("Rectangle detector detected less or more than one rectangle (Block:%1): "
+                     "%n found",
+                     nullptr, textAmount(static_cast<qint64>(rectangles)));
+        return text.arg(shown(block));
+    }
+    static QString NoSheetNumber(const QString &block, qint64 inserts)
+    {
+        const QString text =
+            inserts == 1 ? tr("An insert of block '%1' has no sheet number and is not exported")
+                         : tr("%n inserts of block '%1' have no sheet number and are not exported",
+                              nullptr, textAmount(inserts));
+        return text.arg(shown(block));
+    }
+    static QString NoPolyline(const QString &sheet, const QString &block, bool blockExists)
+    {
+        return blockExists ? tr("Sheet '%1' is not exported: its block '%2' has no polyline")
+                                 .arg(shown(sheet), shown(block))
+                           : tr("Sheet '%1' is not exported: there is no block '%2'")
+                                 .arg(shown(sheet), shown(block));
+    }
+    static QString RepeatedNumber(const QString &sheet)
+    {
+        return tr("More than one sheet has the number '%1'").arg(shown(sheet));
+    }
+    static QString NestedSheet(const QString &sheet)
+    {
+        return tr("Sheet '%1' is not exported: its insert lies inside a block").arg(shown(sheet));
+    }
+    static QString SheetsDrawn(qint64 sheets, std::size_t drawn)
+    {
+        const int count = textAmount(sheets);
+        if (drawn < static_cast<std::size_t>(sheets))
+            return tr("the first %1 of %n sheets", nullptr, count).arg(drawn);
+        return count == 1 ? tr("1 sheet") : tr("%n sheets", nullptr, count);
+    }
+    static QString DrawnInPlace() { return tr("as they lie in the plan"); }
+    static QString DrawnInRows() { return tr("to scale, side by side"); }
+    static QString SheetInPreview() { return tr("sheet"); }
+    static QStringList CornersInPreview()
+    {
+        return {tr("top left"), tr("top right"), tr("bottom right"), tr("bottom left")};
+    }
+    static QString UnlabelledInPreview(qint64 sheets)
+    {
+        return tr("without labels: %1").arg(sheets);
+    }
+    static QString UnnumberedInPreview(qint64 sheets)
+    {
+        return tr("without number: %1").arg(sheets);
+    }
+    static QString NoNumberInPreview() { return tr("Without sheet number"); }
+    static QString PictureName() { return tr("Picture of the sheets"); }
+    static QString PictureHelp()
+    {
+        return tr("Arrow keys move the picture, plus and minus zoom, Home shows all of it.");
+    }
+    static QString UnitsInPreview(const QString &length)
+    {
+        return length == QLatin1StringView("1") ? tr("1 unit") : tr("%1 units").arg(length);
+    }
+    static QString AtByte(const QString &text, qint64 offset)
+    {
+        return tr("%1, at byte %2").arg(text, QString::number(offset));
+    }
+    static QString MoreOfThisKind(qint64 count)
+    {
+        return count == 1 ? tr("1 more warning of this kind")
+                          : tr("%n more warnings of this kind", nullptr, textAmount(count));
+    }
+
+private:
+    /// Texts of damaged plans may be millions of bytes long.
+    static QString shown(const QString &text)
+    {
+        constexpr qsizetype kLongest = 300;
+        return text.size() <= kLongest ? text : text.left(kLongest - 1) + QChar(0x2026);
+    }
+};

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The workbench for the sheets of DXF plans: read, analyse, filter, export as GK2.
+#include <kelo_base/dxf/DxfToolsDialog.h>
+
+#include "dxf/workbench/dxfdialogtexts_p.h"
+#include "dxf/workbench/dxftoolsform_p.h"
+#include "dxf/workbench/dxftoolsstore_p.h"
+#include "dxf/workbench/layoutmemory_p.h"
+#include "dxf/workbench/planopener_p.h"
+#include "dxf/workbench/sheetdesk_p.h"
+#include "dxf/workbench/sheetexport_p.h"
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTimer>
+#include <QUrl>
+
+namespace {
+
+/// The plan that is dropped; empty when it is none, or more than one: only one can be shown.
+QString droppedFile(const QMimeData *data)
+{
+    const QList<QUrl> urls = data->urls();
+    return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+}
+
+/// The plan is only read. Told that it was moved, some programs delete it where it was.
+void acceptCopy(QDropEvent &event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
+} // namespace
+
+struct DxfToolsDialog::Parts
+{
+    Parts(DxfToolsDialog *dialog, QSettings *given)
+        : store(given),
+          form(dialog),
+          desk(form),
+          opener(form, desk, store),
+          layout(dialog, form, store)
+    {
+    }
+
+    DxfToolsStore store;
+    DxfToolsForm form;
+    SheetDesk desk;
+    PlanOpener opener;
+    LayoutMemory layout;
+};
+
+DxfToolsDialog::DxfToolsDialog(QWidget *parent, QSettings *store)
+    : QDialog(parent),
+      m_parts(std::make_unique<Parts>(this, store)),
+      btnExportAsGK2(m_parts->form.btnExportAsGK2)
+{
+    // A window of its own: it can be enlarged, and stays usable beside others.
+    setWindowFlags(windowFlags() | Qt::WindowMinMaxButtonsHint);
+    setWindowTitle(DxfDialogTexts::Title());
+    setAcceptDrops(true);
+    const DxfToolsForm &form = m_parts->form;
+    connect(form.btnOpen, &QPushButton::clicked, this, &DxfToolsDialog::OnOpenFileClicked);
+    connect(btnExportAsGK2, &QPushButton::clicked, this, &DxfToolsDialog::OnExportAsGK2Clicked);
+    connect(form.btnClose, &QPushButton::clicked, this, &DxfToolsDialog::close);
+    connect(&m_parts->opener, &PlanOpener::planShown, this, [this] {
+        setWindowTitle(DxfDialogTexts::TitleWithPlan(m_parts->desk.plan()->Name()));
+    });
+    connect(&m_parts->opener, &PlanOpener::closeWanted, this, &DxfToolsDialog::close);
+}
+
+DxfToolsDialog::~DxfToolsDialog()
+{
+    if (isVisible())
+        m_parts->layout.save();
+}
+
+bool DxfToolsDialog::ReadFile(const QString &path)
+{
+    return m_parts->opener.read(path);
+}
+
+bool DxfToolsDialog::IsReading() const
+{
+    return m_parts->opener.isReading();
+}
+
+void DxfToolsDialog::CancelReading()
+{
+    m_parts->opener.cancel();
+}
+
+QString DxfToolsDialog::FileName() const
+{
+    const PlanSession *plan = m_parts->desk.plan();
+    return plan ? plan->Path() : QString();
+}
+
+void DxfToolsDialog::OnOpenFileClicked()
+{
+    m_parts->opener.askAndRead();
+}
+
+void DxfToolsDialog::OnExportAsGK2Clicked()
+{
+    if (!IsReading())
+        ExportSheets(m_parts->form, m_parts->desk);
+}
+
+void DxfToolsDialog::done(int result)
+{
+    CancelReading(); // nobody would see it
+    m_parts->layout.save();
+    QDialog::done(result);
+}
+
+void DxfToolsDialog::closeEvent(QCloseEvent *event)
+{
+    if (IsReading()) {
+        m_parts->opener.cancelAndClose();
+        event->ignore();
+    } else {
+        QDialog::closeEvent(event);
+    }
+}
+
+void DxfToolsDialog::keyPressEvent(QKeyEvent *event)
+{
+    // Escape closes nothing: pressed a moment after the reading, it would throw the marks away.
+    if (event->matches(QKeySequence::Cancel))
+        CancelReading();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+void DxfToolsDialog::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!IsReading() && !droppedFile(event->mimeData()).isEmpty())
+        acceptCopy(*event);
+}
+
+void DxfToolsDialog::dropEvent(QDropEvent *event)
+{
+    acceptCopy(*event);
+    // Afterwards: the program from which it was dragged waits for an answer.
+    QTimer::singleShot(0, this, [this, path = droppedFile(event->mimeData())] { ReadFile(path); });
+}

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// What a user should know about a plan, as a list, and the way from there to the sheets.
+#include "dxf/workbench/diagnosticmodel_p.h"
+#include <algorithm>
+
+void DiagnosticModel::setDiagnostics(std::vector<Diagnostic> diagnostics)
+{
+    beginResetModel();
+    m_diagnostics = std::move(diagnostics);
+    endResetModel();
+}
+
+const Diagnostic &DiagnosticModel::diagnosticAt(int row) const
+{
+    return m_diagnostics[static_cast<std::size_t>(row)];
+}
+
+int DiagnosticModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_diagnostics.size());
+}
+
+QVariant DiagnosticModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const Diagnostic &diagnostic = diagnosticAt(index.row());
+    switch (role) {
+    case Qt::DisplayRole:
+        return diagnostic.line > 0
+                   ? tr("Line %1: %2").arg(QString::number(diagnostic.line), diagnostic.text)
+                   : diagnostic.text;
+    case kSeverityRole:
+        return static_cast<int>(diagnostic.severity);
+    default:
+        return {};
+    }
+}
+
+std::optional<quint32> SheetOf(const Diagnostic &diagnostic, const DxfDrawing &drawing,
+                               std::span<const quint32> sheets)
+{
+    const qint64 place = drawing.IsBinary() ? diagnostic.offset : diagnostic.line;
+    if (place <= 0)
+        return std::nullopt;
+    const auto insertOf = [&](quint32 sheet) -> const DxfInsert & {
+        return drawing.Inserts()[sheet];
+    };
+    const auto isMeant = [&](quint32 sheet) { return insertOf(sheet).line == place; };
+    const auto usesBlockMeant = [&](quint32 sheet) {
+        const DxfBlock *block = drawing.BlockOf(insertOf(sheet));
+        return block && block->line == place;
+    };
+    auto found = std::ranges::find_if(sheets, isMeant);
+    if (found == sheets.end())
+        found = std::ranges::find_if(sheets, usesBlockMeant);
+    return found == sheets.end() ? std::nullopt : std::optional(*found);
+}

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// What the workbench dialog says beside the texts that all plan tools share.
+#pragma once
+
+#include "dxf/read/readertext_p.h"
+#include <QCoreApplication>
+#include <QLocale>
+#include <QString>
+
+/// Captions, sentences and names for screen readers. Names of plans come without their folder.
+/// Where something is counted, one has a sentence of its own: English is right without a catalogue.
+class DxfDialogTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(DxfToolsDialog)
+
+public:
+    static QString Title() { return tr("DXF Workbench"); }
+    static QString TitleWithPlan(const QString &plan) { return tr("%1 - DXF Workbench").arg(plan); }
+
+    static QString Open() { return tr("&Open..."); }
+    static QString Recent() { return tr("&Recent"); }
+    static QString PlanFiles() { return tr("DXF plans (*.dxf *.DXF);;All files (*)"); }
+    static QString NoRecentPlans() { return tr("No plan has been read yet"); }
+    static QString RemoveFromList() { return tr("Re&move from List"); }
+    static QString NoPlan() { return tr("Open a DXF plan, or drop one here"); }
+    static QString PlanRead(const QString &plan, qint64 inserts)
+    {
+        return (inserts == 1 ? tr("%1: 1 insert read")
+                             : tr("%1: %Ln inserts read", nullptr, textAmount(inserts)))
+            .arg(plan);
+    }
+
+    static QString Reading(const QString &plan) { return tr("Reading %1").arg(plan); }
+    static QString Analyzing(const QString &plan) { return tr("Analyzing %1").arg(plan); }
+    /// @param done, total  "1.5 MiB"
+    static QString BytesOf(const QString &done, const QString &total)
+    {
+        return tr("%1 of %2").arg(done, total);
+    }
+    static QString Cancel() { return tr("Cancel"); }
+    static QString ReadingCancelled(const QString &plan)
+    {
+        return tr("Reading %1 was cancelled").arg(plan);
+    }
+    static QString ReadFailed(const QString &plan, const QString &why)
+    {
+        return tr("%1: %2").arg(plan, why);
+    }
+    static QString ReadFailedAtLine(const QString &plan, qint64 line, const QString &why)
+    {
+        return tr("%1, line %2: %3").arg(plan, QString::number(line), why);
+    }
+    /// @param sentence  why another plan was not read
+    static QString StillShown(const QString &sentence, const QString &plan)
+    {
+        return tr("%1 - %2 is still shown").arg(sentence, plan);
+    }
+
+    static QString Tag() { return tr("&Tag:"); }
+    static QString Value() { return tr("Va&lue:"); }
+    static QString ExcludeTag() { return tr("Ta&g:"); }
+    static QString IncludeTagName() { return tr("Tag that blocks must have"); }
+    static QString IncludeValueName() { return tr("Value that blocks must have under the tag"); }
+    static QString ExcludeTagName() { return tr("Tag that blocks must not have"); }
+
+    static QString SheetList() { return tr("&Selected sheets:"); }
+    static QString SheetListName() { return tr("Selected sheets"); }
+    static QString CounterName() { return tr("Number of selected sheets"); }
+    static QString ToBeExported(qint64 sheets)
+    {
+        return tr("To be exported: %1").arg(QLocale().toString(sheets));
+    }
+    static QString MarkAll() { return tr("Mark &All"); }
+    static QString MarkNone() { return tr("Mark &None"); }
+    static QString Picture() { return tr("&Picture:"); }
+    static QString ZoomIn() { return tr("Zoom In"); }
+    static QString ZoomOut() { return tr("Zoom Out"); }
+    static QString ZoomToFit() { return tr("Show All"); }
+    static QString Findings() { return tr("&Findings:"); }
+    static QString FindingsName() { return tr("Findings"); }
+    static QString NoFindings() { return tr("No findings"); }
+
+    static QString Export() { return tr("&Export as GK2..."); }
+    static QString Close() { return tr("&Close"); }
+    static QString Exported(qint64 sheets, const QString &file)
+    {
+        return (sheets == 1 ? tr("1 sheet written to %1")
+                            : tr("%Ln sheets written to %1", nullptr, textAmount(sheets)))
+            .arg(file);
+    }
+    static QString NotExported(const QString &file, const QString &why)
+    {
+        return tr("%1 was not written: %2").arg(file, why);
+    }
+    static QString OlderFileKept(const QString &sentence)
+    {
+        return tr("%1 - the older file is unchanged").arg(sentence);
+    }
+    static QString IsThePlan(const QString &file)
+    {
+        return tr("%1 is the plan itself and is not overwritten").arg(file);
+    }
+    static QString IsAFolder() { return tr("it is a folder"); }
+    static QString IsWriteProtected() { return tr("it is write-protected"); }
+
+    static QString Warning() { return tr("Warning"); }
+    static QString Information() { return tr("Information"); }
+};

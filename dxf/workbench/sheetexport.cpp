@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The export step of the dialog: where to, writing, and the report.
+#include "dxf/sheets/dxftooltexts_p.h"
+#include "dxf/workbench/dxfdialogtexts_p.h"
+#include "dxf/workbench/dxftoolsform_p.h"
+#include "dxf/workbench/messageline_p.h"
+#include "dxf/workbench/sheetdesk_p.h"
+#include "dxf/workbench/sheetexport_p.h"
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <kelo_base/core/ScopedOverrideCursor.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Beside the plan, under its name. Empty when the user cancels.
+QString askForTarget(QWidget *parent, const QString &plan)
+{
+    const QFileInfo info(plan);
+    // Not on the stack: it is its parent's, which may be deleted while it is open.
+    const QPointer<QFileDialog> dialog =
+        new QFileDialog(parent, DxfToolTexts::ExportFileTitle(), info.path(), u"*.txt"_s);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(u"txt"_s);
+    dialog->selectFile(info.completeBaseName() + ".txt"_L1);
+    const bool isChosen = dialog->exec() == QDialog::Accepted && dialog;
+    const QString target = isChosen ? dialog->selectedFiles().value(0) : QString();
+    delete dialog.data();
+    return target;
+}
+
+QString sentenceFor(const FileFault &fault)
+{
+    switch (fault.kind) {
+    case FileFault::Kind::IsFolder:
+        return DxfDialogTexts::IsAFolder();
+    case FileFault::Kind::IsWriteProtected:
+        return DxfDialogTexts::IsWriteProtected();
+    case FileFault::Kind::None:
+    case FileFault::Kind::System:
+        break;
+    }
+    return fault.reason;
+}
+
+void tellResult(MessageLine &line, const QString &target, const Gk2Export &result)
+{
+    const QString file = QDir::toNativeSeparators(target);
+    if (result)
+        return line.inform(DxfDialogTexts::Exported(result.written, file));
+    if (result.outcome == Gk2Export::Outcome::IsThePlan)
+        return line.warn(DxfDialogTexts::IsThePlan(file));
+    const QString sentence = DxfDialogTexts::NotExported(file, sentenceFor(result.fault));
+    line.warn(result.keptOlder ? DxfDialogTexts::OlderFileKept(sentence) : sentence);
+}
+
+/// Counts what was formatted, stored or not; whether it was stored stands in the line.
+void report(QWidget *parent, qint64 written)
+{
+    const QPointer<QMessageBox> box =
+        new QMessageBox(QMessageBox::Information, DxfToolTexts::ExportReportTitle(),
+                        DxfToolTexts::ExportReport(written), QMessageBox::Ok, parent);
+    box->exec();
+    delete box.data();
+}
+
+} // namespace
+
+void ExportSheets(DxfToolsForm &form, const SheetDesk &desk)
+{
+    if (!desk.plan())
+        return;
+    const QPointer<MessageLine> line = form.exportMessage;
+    QWidget *const window = line->window();
+    const QString target = askForTarget(window, desk.plan()->Path());
+    if (!line || target.isEmpty())
+        return;
+    Gk2Export result;
+    {
+        const qor::QtScopedOverrideCursor wait(Qt::WaitCursor);
+        result = desk.plan()->Export(target);
+    }
+    tellResult(*line, target, result);
+    if (result.outcome != Gk2Export::Outcome::IsThePlan)
+        report(window, result.written);
+}

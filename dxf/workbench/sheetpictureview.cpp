@@ -1,0 +1,432 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Turns mouse, wheel and keys into views and choices, and paints by way of a pixmap.
+#include "dxf/workbench/sheetpictureview_p.h"
+
+#include "dxf/sheets/dxftooltexts_p.h"
+#include "dxf/workbench/sheetcanvas_p.h"
+#include <QApplication>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QNativeGestureEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr double kStep = 1.25;     ///< zoom of one click of the wheel or one key
+constexpr double kTolerance = 4;   ///< pixels beside a line that count as on it
+constexpr double kCloseness = 0.5; ///< of a usual sheet's side fills the window at the largest zoom
+
+/// What fills the window at the largest zoom: half of a sheet of the usual size.
+double detailOf(const std::vector<SheetFigure> &figures)
+{
+    std::vector<double> sides;
+    sides.reserve(figures.size());
+    for (const SheetFigure &figure : figures)
+        sides.push_back(std::max(figure.bounds.width(), figure.bounds.height()));
+    if (sides.empty())
+        return 1;
+    const auto middle = sides.begin() + static_cast<std::ptrdiff_t>(sides.size() / 2);
+    std::ranges::nth_element(sides, middle);
+    return *middle > 0 ? *middle * kCloseness : 1;
+}
+
+QRectF boundsOf(const std::vector<SheetFigure> &figures)
+{
+    if (figures.empty())
+        return {0, 0, 1, 1};
+    QPointF low = figures.front().bounds.topLeft();
+    QPointF high = low;
+    for (const SheetFigure &figure : figures) {
+        low = {std::min(low.x(), figure.bounds.left()), std::min(low.y(), figure.bounds.top())};
+        high = {std::max(high.x(), figure.bounds.right()),
+                std::max(high.y(), figure.bounds.bottom())};
+    }
+    return {low, high};
+}
+
+/// Sheets are what people look for; most of the room is theirs.
+bool hasRoomForLegend(double legend, double whole)
+{
+    return legend < 0.3 * whole;
+}
+
+} // namespace
+
+SheetPictureView::SheetPictureView(QWidget *parent) : QWidget(parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true); // for the cursor
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setAccessibleName(DxfToolTexts::PictureName());
+}
+
+void SheetPictureView::setSheets(const DxfDrawing &drawing, std::span<const quint32> sheets,
+                                 const QString &title)
+{
+    m_message.clear();
+    setAccessibleDescription(DxfToolTexts::PictureHelp());
+    m_picture = LayOutSheets(drawing, sheets, title);
+    m_legend = std::move(m_picture.legend);
+    m_figureOfSheet.clear();
+    for (std::size_t i = 0; i < m_picture.figures.size(); ++i)
+        for (const quint32 sheet : m_picture.figures[i].sheets)
+            m_figureOfSheet.emplace_back(sheet, i);
+    std::ranges::sort(m_figureOfSheet);
+    m_drag = Drag::None;
+    setSelectedSheets({});
+    changeView([this] {
+        m_viewport.SetPicture(boundsOf(m_picture.figures), detailOf(m_picture.figures));
+    });
+    layOut();
+}
+
+void SheetPictureView::clear(const QString &message)
+{
+    setSheets({}, {}, {});
+    m_legend.clear();
+    m_message = message;
+    if (!message.isEmpty())
+        setAccessibleDescription(message);
+    layOut();
+}
+
+void SheetPictureView::setSelectedSheets(std::vector<quint32> sheets)
+{
+    std::ranges::sort(sheets);
+    m_selected = std::move(sheets);
+    m_isSelected.assign(m_picture.figures.size(), false);
+    for (const quint32 sheet : m_selected)
+        if (const auto *entry = entryOf(sheet))
+            m_isSelected[entry->second] = true;
+    repaintAll();
+}
+
+void SheetPictureView::showSheet(quint32 sheet)
+{
+    if (const auto *entry = entryOf(sheet))
+        changeView([&] { m_viewport.BringInSight(m_picture.figures[entry->second].bounds); });
+}
+
+void SheetPictureView::zoomIn()
+{
+    changeView([this] { m_viewport.ZoomBy(kStep, QRectF(canvas()).center()); });
+}
+
+void SheetPictureView::zoomOut()
+{
+    changeView([this] { m_viewport.ZoomBy(1 / kStep, QRectF(canvas()).center()); });
+}
+
+void SheetPictureView::zoomToFit()
+{
+    changeView([this] { m_viewport.ShowAll(); });
+}
+
+QSize SheetPictureView::sizeHint() const
+{
+    return {480, 360};
+}
+
+QSize SheetPictureView::minimumSizeHint() const
+{
+    return {160, 120};
+}
+
+template <typename Change>
+void SheetPictureView::changeView(Change change)
+{
+    const double before = zoom();
+    change();
+    const bool isChanged = zoom() != before;
+    repaintAll();
+    if (isChanged)
+        emit zoomChanged(zoom());
+}
+
+void SheetPictureView::layOut()
+{
+    m_legendHeight = std::ceil(layOutLegend());
+    if (!hasRoomForLegend(m_legendHeight, height()))
+        m_legendHeight = 0;
+    changeView([this] { m_viewport.SetWindow(canvas().size()); });
+}
+
+double SheetPictureView::layOutLegend()
+{
+    return LayOutLegend(m_legend, QFontMetricsF(font()), width(),
+                        m_picture.pixelsPerUnit * m_viewport.Scale(), layoutDirection());
+}
+
+void SheetPictureView::repaintAll()
+{
+    m_cache = {};
+    update();
+}
+
+QRect SheetPictureView::canvas() const
+{
+    return {0, 0, width(), height() - static_cast<int>(m_legendHeight)};
+}
+
+std::optional<std::size_t> SheetPictureView::figureAt(QPointF pos) const
+{
+    if (!QRectF(canvas()).contains(pos))
+        return std::nullopt;
+    return FigureAt(m_picture.figures, m_viewport.ToPicture(pos), kTolerance / m_viewport.Scale());
+}
+
+const std::pair<quint32, std::size_t> *SheetPictureView::entryOf(quint32 sheet) const
+{
+    const auto entry = std::ranges::lower_bound(m_figureOfSheet, sheet, {},
+                                                &std::pair<quint32, std::size_t>::first);
+    return entry != m_figureOfSheet.end() && entry->first == sheet ? &*entry : nullptr;
+}
+
+/// What a click with Ctrl finds selected it takes away; everything else adds, or begins anew.
+void SheetPictureView::pick(const std::vector<std::size_t> &figures,
+                            Qt::KeyboardModifiers modifiers, bool isBand)
+{
+    std::vector<quint32> picked;
+    for (const std::size_t i : figures)
+        picked.insert(picked.end(), m_picture.figures[i].sheets.begin(),
+                      m_picture.figures[i].sheets.end());
+    std::ranges::sort(picked);
+    const bool hasControl = modifiers.testFlag(Qt::ControlModifier);
+    const bool keeps = hasControl || (!isBand && modifiers.testFlag(Qt::ShiftModifier));
+    if (keeps) {
+        const bool takesAway =
+            hasControl && !isBand && !figures.empty() && m_isSelected[figures.front()];
+        std::vector<quint32> all;
+        if (takesAway)
+            std::ranges::set_difference(m_selected, picked, std::back_inserter(all));
+        else
+            std::ranges::set_union(m_selected, picked, std::back_inserter(all));
+        picked = std::move(all);
+    }
+    setSelectedSheets(picked);
+    emit sheetsPicked(picked);
+}
+
+bool SheetPictureView::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto *help = static_cast<QHelpEvent *>(event);
+        return showToolTip(help->pos(), help->globalPos());
+    }
+    if (event->type() == QEvent::NativeGesture) {
+        const auto *gesture = static_cast<QNativeGestureEvent *>(event);
+        if (gesture->gestureType() != Qt::ZoomNativeGesture)
+            return false;
+        changeView([&] { m_viewport.ZoomBy(1 + gesture->value(), gesture->position()); });
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+bool SheetPictureView::showToolTip(const QPoint &pos, const QPoint &globalPos)
+{
+    const auto figure = figureAt(pos);
+    if (!figure) {
+        QToolTip::hideText();
+        return true;
+    }
+    const QString &number = m_picture.figures[*figure].number;
+    const QString text = number.isEmpty() ? DxfToolTexts::NoNumberInPreview() : number;
+    QToolTip::showText(globalPos, u"<qt>"_s + text.toHtmlEscaped(), this);
+    return true;
+}
+
+void SheetPictureView::resizeEvent(QResizeEvent *)
+{
+    layOut();
+}
+
+void SheetPictureView::changeEvent(QEvent *event)
+{
+    layOut(); // palette, font, direction: all of them show
+    QWidget::changeEvent(event);
+}
+
+void SheetPictureView::wheelEvent(QWheelEvent *event)
+{
+    // A click of a wheel is 120; touchpads send fractions of it, or only pixels.
+    constexpr double kClick = 120;
+    const int way =
+        event->angleDelta().isNull() ? event->pixelDelta().y() : event->angleDelta().y();
+    if (way == 0)
+        return event->ignore();
+    changeView([&] { m_viewport.ZoomBy(std::pow(kStep, way / kClick), event->position()); });
+    updateCursor(event->position());
+}
+
+void SheetPictureView::mousePressEvent(QMouseEvent *event)
+{
+    const bool isMiddle = event->button() == Qt::MiddleButton;
+    const bool drags = (isMiddle || event->button() == Qt::LeftButton) && m_drag == Drag::None &&
+                       canvas().contains(event->pos());
+    if (!drags)
+        return QWidget::mousePressEvent(event);
+    m_drag = isMiddle ? Drag::Pan : Drag::Pending;
+    m_pressed = m_last = event->pos();
+    updateCursor(m_last);
+}
+
+void SheetPictureView::mouseMoveEvent(QMouseEvent *event)
+{
+    const QPoint pos = event->pos();
+    const bool begins = m_drag == Drag::Pending &&
+                        (pos - m_pressed).manhattanLength() >= QApplication::startDragDistance();
+    if (begins)
+        m_drag = event->modifiers().testFlag(Qt::ShiftModifier) ? Drag::RubberBand : Drag::Pan;
+    if (m_drag == Drag::Pan)
+        changeView([&] { m_viewport.PanBy(pos - m_last); });
+    else if (m_drag == Drag::RubberBand)
+        update();
+    if (m_drag != Drag::Pending)
+        m_last = pos;
+    updateCursor(pos);
+}
+
+void SheetPictureView::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (m_drag == Drag::None || event->buttons().testAnyFlags(Qt::LeftButton | Qt::MiddleButton))
+        return QWidget::mouseReleaseEvent(event);
+    const Drag drag = std::exchange(m_drag, Drag::None);
+    updateCursor(event->position());
+    if (drag == Drag::RubberBand) {
+        update();
+        const QRectF band = QRectF(m_pressed, event->pos()).normalized();
+        pick(FiguresIn(m_picture.figures, m_viewport.ToPicture(band)), event->modifiers(), true);
+    } else if (drag == Drag::Pending) {
+        const auto figure = figureAt(m_pressed);
+        pick(figure ? std::vector{*figure} : std::vector<std::size_t>(), event->modifiers(), false);
+    }
+}
+
+void SheetPictureView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return mousePressEvent(event);
+    const auto figure = figureAt(event->position());
+    if (!figure)
+        return zoomToFit();
+    changeView([&] { m_viewport.ZoomTo(m_picture.figures[*figure].bounds); });
+    updateCursor(event->position());
+}
+
+void SheetPictureView::keyPressEvent(QKeyEvent *event)
+{
+    const double step = std::min(canvas().width(), canvas().height()) / 6.0;
+    const auto pan = [&](double x, double y) {
+        changeView([&] { m_viewport.PanBy(QPointF(x, y) * step); });
+    };
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return pan(1, 0);
+    case Qt::Key_Right:
+        return pan(-1, 0);
+    case Qt::Key_Up:
+        return pan(0, 1);
+    case Qt::Key_Down:
+        return pan(0, -1);
+    case Qt::Key_Plus:
+    case Qt::Key_Equal: // the same key without Shift on many keyboards
+        return zoomIn();
+    case Qt::Key_Minus:
+        return zoomOut();
+    case Qt::Key_Home:
+    case Qt::Key_0:
+        return zoomToFit();
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void SheetPictureView::updateCursor(QPointF pos)
+{
+    const bool isOnCanvas = QRectF(canvas()).contains(pos) && m_message.isEmpty();
+    if (m_drag == Drag::Pan)
+        setCursor(Qt::ClosedHandCursor);
+    else if (m_drag == Drag::RubberBand)
+        setCursor(Qt::CrossCursor);
+    else if (figureAt(pos))
+        setCursor(Qt::PointingHandCursor);
+    else
+        setCursor(isOnCanvas && !m_viewport.ShowsAll() ? Qt::OpenHandCursor : Qt::ArrowCursor);
+}
+
+void SheetPictureView::paintEvent(QPaintEvent *)
+{
+    const bool isOther = m_cache.devicePixelRatio() != devicePixelRatio(); // another screen's
+    if (m_cache.isNull() || isOther) {
+        m_cache = QPixmap(size() * devicePixelRatio());
+        m_cache.setDevicePixelRatio(devicePixelRatio());
+        QPainter painter(&m_cache);
+        paintPicture(painter);
+    }
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, m_cache);
+    if (m_drag == Drag::RubberBand)
+        paintBand(painter);
+    paintFrame(painter);
+}
+
+void SheetPictureView::paintPicture(QPainter &painter)
+{
+    const SheetLook look = ScreenLook(palette(), font());
+    const SheetScene scene{.figures = m_picture.figures,
+                           .viewport = m_viewport,
+                           .look = look,
+                           .highlight = palette().color(QPalette::Highlight),
+                           .isSelected = m_isSelected};
+    painter.setClipRect(canvas());
+    PaintScene(painter, scene, canvas());
+    painter.setClipping(false);
+    paintMessage(painter);
+    if (m_legendHeight <= 0)
+        return;
+    const QRect strip = rect().adjusted(0, canvas().height(), 0, 0);
+    painter.fillRect(strip, palette().color(QPalette::Window));
+    painter.translate(strip.topLeft());
+    painter.setFont(font());
+    layOutLegend(); // the scale bar follows the zoom
+    PaintLegend(painter, m_legend, look, layoutDirection());
+}
+
+void SheetPictureView::paintMessage(QPainter &painter) const
+{
+    constexpr int kMargin = 24;
+    painter.setFont(font());
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(canvas().adjusted(kMargin, kMargin, -kMargin, -kMargin),
+                     Qt::AlignCenter | Qt::TextWordWrap, m_message);
+}
+
+void SheetPictureView::paintBand(QPainter &painter) const
+{
+    QColor tint = palette().color(QPalette::Highlight);
+    painter.setPen(QPen(tint, 1, Qt::DashLine));
+    tint.setAlphaF(0.15F);
+    painter.setBrush(tint);
+    painter.drawRect(QRect(m_pressed, m_last).normalized());
+}
+
+/// A rim that tells whether keys go here.
+void SheetPictureView::paintFrame(QPainter &painter) const
+{
+    const int line = hasFocus() ? 2 : 1;
+    const QPalette::ColorRole role = hasFocus() ? QPalette::Highlight : QPalette::Mid;
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(palette().color(role), line, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    const double half = line / 2.0;
+    painter.drawRect(QRectF(rect()).adjusted(half, half, -half, -half));
+}

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The picture of the sheets as a widget.
+#pragma once
+
+#include "dxf/workbench/pictureviewport_p.h"
+#include <QPixmap>
+#include <QPoint>
+#include <QString>
+#include <QWidget>
+#include <kelo_base/dxf/DxfDrawing.h>
+#include <kelo_base/dxf/SheetPreview.h>
+#include <optional>
+#include <span>
+#include <utility>
+#include <vector>
+
+/// The picture of the sheets, to zoom, pan and choose in.
+///
+/// Mouse: the wheel zooms about the pointer, dragging moves the picture. A click picks what is
+/// there; with Ctrl it adds or takes away, with Shift it adds. Dragging with Shift picks all that
+/// the rectangle touches, with Ctrl too it adds them. A double click shows the sheet closely, or
+/// all where no sheet is. Keys: arrows, + and -, Home or 0 for all.
+class SheetPictureView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SheetPictureView(QWidget *parent = nullptr);
+
+    /// Lays out and shows these sheets, the whole picture in sight, none selected.
+    /// @param sheets  as SelectSheets() gives them; the drawing may go afterwards
+    void setSheets(const DxfDrawing &drawing, std::span<const quint32> sheets,
+                   const QString &title);
+    /// @param message  one sentence to show instead of a picture
+    void clear(const QString &message = {});
+
+    /// Highlights them, without a signal. Those that are not in the picture are kept in mind.
+    void setSelectedSheets(std::vector<quint32> sheets);
+    /// Moves and zooms as little as it takes to see the sheet well.
+    void showSheet(quint32 sheet);
+
+    void zoomIn();
+    void zoomOut();
+    void zoomToFit();
+    /// 1 while the whole picture is in sight, which is the smallest.
+    [[nodiscard]] double zoom() const { return m_viewport.Zoom(); }
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+signals:
+    /// What is selected now that someone picked with the mouse, ascending; nothing when empty.
+    void sheetsPicked(const std::vector<quint32> &sheets);
+    void zoomChanged(double zoom);
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    enum class Drag { None, Pending, Pan, RubberBand };
+
+    /// Changes the view, then tells and repaints.
+    template <typename Change>
+    void changeView(Change change);
+    void layOut();
+    /// Gives the height that it takes.
+    double layOutLegend();
+    void repaintAll();
+    [[nodiscard]] QRect canvas() const;
+    [[nodiscard]] std::optional<std::size_t> figureAt(QPointF pos) const;
+    [[nodiscard]] const std::pair<quint32, std::size_t> *entryOf(quint32 sheet) const;
+    void pick(const std::vector<std::size_t> &figures, Qt::KeyboardModifiers modifiers,
+              bool isBand);
+    void updateCursor(QPointF pos);
+    bool showToolTip(const QPoint &pos, const QPoint &globalPos);
+    void paintPicture(QPainter &painter);
+    void paintMessage(QPainter &painter) const;
+    void paintBand(QPainter &painter) const;
+    void paintFrame(QPainter &painter) const;
+
+    SheetPicture m_picture;
+    std::vector<LegendEntry> m_legend;
+    double m_legendHeight = 0;
+    PictureViewport m_viewport;
+    std::vector<std::pair<quint32, std::size_t>> m_figureOfSheet; ///< ascending
+    std::vector<quint32> m_selected;                              ///< ascending
+    std::vector<bool> m_isSelected;                               ///< of each figure
+    QString m_message;
+    QPixmap m_cache; ///< of what paintPicture() paints; null when that changed
+    Drag m_drag = Drag::None;
+    QPoint m_pressed;
+    QPoint m_last;
+};
