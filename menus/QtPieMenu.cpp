@@ -431,9 +431,21 @@ bool QtPieMenu::areDigitsShown() const
 
 void QtPieMenu::popup(const QPoint &globalPos)
 {
-    if (QtPieMenu &first = firstOpen(); first.isVisible())
-        first.hide(); // with all that is open in front of it
+    QtPieMenu *top = this;
+    while (top->holder())
+        top = top->holder();
+    top->hideTree();
     open(globalPos);
+}
+
+void QtPieMenu::hideTree()
+{
+    if (isVisible())
+        hide(); // with what it has opened itself
+    for (int i = 0; i < count(); ++i) {
+        if (QtPieMenu *menu = subMenuAt(i)) // a host may have opened it alone
+            menu->hideTree();
+    }
 }
 
 void QtPieMenu::open(QPoint globalPos)

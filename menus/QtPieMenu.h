@@ -227,6 +227,7 @@ private:
     void itemChanged();
     void setShownRadius(int pixels);
     void open(QPoint globalPos);
+    void hideTree();
     void openSubMenu(int index, QPoint place);
     void subMenuHidden(const QtPieMenu &menu);
     void resetAfterCancel();

@@ -134,8 +134,8 @@ struct Menu
                 top->setCancelDistance(200);
             else if (word == u"hide"_s)
                 sub->hide();
-            else if (word == u"popup"_s)
-                top->popup(kPlace);
+            else if (word == u"popup"_s || word == u"alone"_s)
+                (word == u"popup"_s ? top : sub)->popup(kPlace);
             else if (word != u"key"_s) {
                 const QKeyCombination key = QKeySequence(word)[0];
                 QTest::keyClick(front, key.key(), key.keyboardModifiers());
@@ -308,8 +308,8 @@ void TestPieMenu::picksCancelsAndSurvives()
     // Back by the right button, a click in the middle, backspace, which never goes further; the
     // stroke ends with its sub-menu
     check(u"S Re | rc S pc rc | S Backspace Backspace | ms hover Esc re"_s, kBack, u"top"_s);
-    // The host hides the sub-menu, or pops the menu up anew
-    check(u"S hide | S popup"_s, {}, u"top"_s);
+    // The host hides the sub-menu, or pops the menu up anew while it or a sub-menu alone is open
+    check(u"S hide | S popup | alone popup"_s, {}, u"top"_s);
     // A pointer that rests picks nothing from the sub-menu that opens under it
     check(u"ms hover rs"_s, {}, u"top* sub"_s);
     check(u"key long ms hover opener"_s, kBack, u"top"_s);
