@@ -860,10 +860,6 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <translation>Kreismenüs</translation>
     </message>
     <message>
-        <source>Sub-menus at the same place</source>
-        <translation>Untermenüs an derselben Stelle</translation>
-    </message>
-    <message>
         <source>Sub-menus at once</source>
         <translation>Untermenüs sofort öffnen</translation>
     </message>
@@ -893,6 +889,14 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>Save a picture instead of opening a window.</source>
         <translation>Ein Bild speichern, statt ein Fenster zu öffnen.</translation>
+    </message>
+    <message>
+        <source>Sub-menus around the pointer</source>
+        <translation>Untermenüs um den Mauszeiger</translation>
+    </message>
+    <message>
+        <source>Digits</source>
+        <translation>Ziffern</translation>
     </message>
 </context>
 <context>
