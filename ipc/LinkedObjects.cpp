@@ -2,6 +2,7 @@
 // Which of the partner's objects is shown in which document, kept in the application's database.
 #include <kelo_base/ipc/LinkedObjects.h>
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <cmath>
 #include <kelo_base/core/DatabaseTable.h>
@@ -9,6 +10,11 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+class Text
+{
+    Q_DECLARE_TR_FUNCTIONS(LinkedObjects)
+};
 
 struct Setting
 {
@@ -90,7 +96,7 @@ bool LinkedObjects::Store(std::span<const KeloLinkedObject> links)
 {
     if (!std::ranges::all_of(links, isStorable))
         return m_database.Refuse("LinkedObjects::Store",
-                                 u"a link without object or finite numbers"_s);
+                                 Text::tr("A link lacks its object or a finite number."));
     return prepare(m_database) && linkTable().Replace(m_database, links);
 }
 
