@@ -60,12 +60,19 @@ const std::vector<Road> &roads()
     return all;
 }
 
+DatabasePlace placeIn(const QTemporaryDir &dir)
+{
+    DatabasePlace place;
+    place.file = dir.filePath(u"a.sqlite"_s);
+    return place;
+}
+
 void saveOurs(benchmark::State &state)
 {
     for (auto _ : state) {
         state.PauseTiming();
         const QTemporaryDir dir;
-        Database database({.file = dir.filePath(u"a.sqlite"_s)});
+        Database database(placeIn(dir));
         const bool isReady = database.Open() && database.Run(createRoads());
         const auto &all = roads();
         state.ResumeTiming();
@@ -131,7 +138,7 @@ void savePeer(benchmark::State &state)
 void loadOurs(benchmark::State &state)
 {
     const QTemporaryDir dir;
-    Database database({.file = dir.filePath(u"a.sqlite"_s)});
+    Database database(placeIn(dir));
     if (!database.Open() || !database.Run(createRoads()) || !roadTable().Insert(database, roads()))
         state.SkipWithError("the records cannot be saved");
     for (auto _ : state) {
@@ -172,7 +179,7 @@ Tz::ObjectId objectName(int number)
 void documentsForObject(benchmark::State &state)
 {
     const QTemporaryDir dir;
-    Database database({.file = dir.filePath(u"a.sqlite"_s)});
+    Database database(placeIn(dir));
     LinkedObjects objects(database);
     std::vector<KeloLinkedObject> links(kRecords);
     for (int i = 0; i < kRecords; ++i)

@@ -14,6 +14,7 @@ using Fault = DatabaseSession::Fault;
 namespace {
 
 constexpr std::chrono::seconds kLongestPreparation{10};
+constexpr auto kPrepare = "Database::Prepare";
 constexpr qint64 kPreparationLock = 0x6B656C6F; // any number that all our programs agree on
 
 QString createRegister()
@@ -28,13 +29,14 @@ QString storeForm()
            "ON CONFLICT (NAME) DO UPDATE SET FORM = excluded.FORM"_s;
 }
 
-/// Keeps others from preparing while it lives. The embedded database needs none: a transaction locks
-/// it as a whole from its beginning.
+/// Keeps others from preparing while it lives. The embedded database needs none: a transaction
+/// locks it as a whole from its beginning.
 class PreparationLock
 {
 public:
     explicit PreparationLock(DatabaseSession &session)
-        : m_session(session), m_isNeeded(session.place().IsServer() && !session.isInTransaction()),
+        : m_session(session),
+          m_isNeeded(session.place().IsServer() && !session.isInTransaction()),
           m_isHeld(!m_isNeeded || run(u"SELECT pg_advisory_lock(?)"_s))
     {
     }
@@ -74,6 +76,26 @@ bool takeStep(Database &database, DatabaseSession &session, const DatabaseModule
         return isTaken && session.isOpen() && // the step may have deleted the database
                database.Run(storeForm(), {module.name, form + 1});
     });
+}
+
+bool refuseLaterForm(DatabaseSession &session, const DatabaseModule &module)
+{
+    const QString sentence =
+        DatabaseSession::tr("The tables of \"%1\" in the database %2 are those of a later "
+                            "version. They were left alone.")
+            .arg(module.name, session.place().Text());
+    return session.tell(kPrepare, Fault::Other, sentence,
+                        module.name + u": tables of later form"_s);
+}
+
+/// A step that gave up by itself leaves nothing else to tell.
+bool reportStep(DatabaseSession &session, const DatabaseModule &module)
+{
+    const QString sentence =
+        DatabaseSession::tr("The tables of \"%1\" in the database %2 cannot be brought to "
+                            "their present form.")
+            .arg(module.name, session.place().Text());
+    return session.tell(kPrepare, Fault::Other, sentence, module.name + u": a step failed"_s);
 }
 
 } // namespace
@@ -130,28 +152,26 @@ QString Database::LastError() const
 
 bool Database::Prepare(const DatabaseModule &module)
 {
-    constexpr auto function = "Database::Prepare";
     const auto session = m_session; // a step may delete the database
     if (session->isPrepared(module.name))
         return true;
     const auto present = static_cast<qint64>(module.steps.size());
+    DatabaseSession::Patience patience(*session);
     for (const QDeadlineTimer deadline(kLongestPreparation);;) {
+        session->forgetFault();
         const auto form = session->formOf(module.name);
-        if (form && *form > present) {
-            const QString sentence =
-                DatabaseSession::tr("The tables of \"%1\" in the database %2 are those of a later "
-                                    "version. They were left alone.")
-                    .arg(module.name, session->place().Text());
-            return session->fail(function, Fault::Other, sentence,
-                                 module.name + u": tables of a later form"_s);
-        }
+        if (form && *form > present)
+            return refuseLaterForm(*session, module);
         if (form && *form == present) {
             session->setPrepared(module.name);
-            return true;
+            return patience.endWell();
         }
         if (form && takeStep(*this, *session, module, *form))
             continue;
-        const bool isWorthWaiting = session->lastFault() == Fault::Locked &&
+        const Fault fault = session->lastFault();
+        if (fault == Fault::None)
+            return reportStep(*session, module);
+        const bool isWorthWaiting = (fault == Fault::Locked || fault == Fault::Conflict) &&
                                     !session->isInTransaction() && !deadline.hasExpired();
         if (!isWorthWaiting)
             return false;
@@ -177,6 +197,8 @@ bool Database::IsInTransaction() const
 
 bool Database::Run(const QString &statement, const QVariantList &values)
 {
+    if (values.isEmpty())
+        return Run(statement, std::function<QString(DatabaseBinder &)>());
     return Run(statement, [&values](DatabaseBinder &binder) {
         for (const QVariant &value : values)
             binder.Bind(value);
@@ -184,8 +206,7 @@ bool Database::Run(const QString &statement, const QVariantList &values)
     });
 }
 
-bool Database::Run(const QString &statement,
-                   const std::function<QString(DatabaseBinder &)> &bind)
+bool Database::Run(const QString &statement, const std::function<QString(DatabaseBinder &)> &bind)
 {
     const auto session = m_session;
     if (session->isInTransaction())
@@ -204,7 +225,7 @@ bool Database::Select(const QString &statement, const QVariantList &values,
 
 bool Database::Refuse(const char *function, const QString &reason)
 {
-    return m_session->tell(
-        function, Fault::Other,
-        DatabaseSession::tr("The database %1 refused: %2").arg(Text(), reason), reason);
+    return m_session->tell(function, Fault::Other,
+                           DatabaseSession::tr("The database %1 refused: %2").arg(Text(), reason),
+                           reason);
 }

@@ -63,7 +63,8 @@ private:
 /// a server that does not answer is left in peace for a while, so that it does not hold up the
 /// program at each call.
 ///
-/// For one thread. Callbacks may close or even delete the database; what runs then gives false.
+/// For one thread, and while there is a QCoreApplication, whose end closes it. Callbacks may close
+/// or even delete the database; what runs then gives false.
 class KELO_BASE_EXPORT Database
 {
 public:

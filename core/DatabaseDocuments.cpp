@@ -36,9 +36,8 @@ const Documents &documentTable()
 
 const Documents &valueTable()
 {
-    static const auto table = Documents("KELO_VALUES")
-                                  .Key("NAME", &Document::name)
-                                  .Column("CONTENT", &Document::content);
+    static const auto table =
+        Documents("KELO_VALUES").Key("NAME", &Document::name).Column("CONTENT", &Document::content);
     return table;
 }
 
@@ -115,8 +114,9 @@ bool DatabaseDocuments::SaveValue(const QString &name, const QVariant &value)
     QDataStream stream(&content, QIODevice::WriteOnly);
     stream.setVersion(kValueFormat);
     if (!isOurs || !value.metaType().hasRegisteredDataStreamOperators())
-        return m_database.Refuse("DatabaseDocuments::SaveValue",
-                                 Text::tr("The value \"%1\" is of a type that cannot be kept.").arg(name));
+        return m_database.Refuse(
+            "DatabaseDocuments::SaveValue",
+            Text::tr("The value \"%1\" is of a type that cannot be kept.").arg(name));
     stream << value;
     return save(m_database, valueTable(), {name, content});
 }

@@ -67,7 +67,6 @@ DatabasePlace ReadDatabasePlace(QSettings &settings, const QString &defaultFile)
 DatabasePlace UserDatabasePlace()
 {
     UserDataManagerI &manager = UserDataManager();
-    const QString file =
-        manager.GetPathForModuleSpecificFile(u"database"_s, u"database.sqlite"_s);
+    const QString file = manager.GetPathForModuleSpecificFile(u"database"_s, u"database.sqlite"_s);
     return ReadDatabasePlace(manager.GetSettingsConfigFile(DataScopeUser, true), file);
 }

@@ -96,7 +96,8 @@ struct DatabaseTerm
 };
 
 /// The values that the "?" of the conditions stand for.
-[[nodiscard]] KELO_BASE_EXPORT QVariantList DatabaseValuesOf(const std::vector<DatabaseTerm> &terms);
+[[nodiscard]] KELO_BASE_EXPORT QVariantList
+DatabaseValuesOf(const std::vector<DatabaseTerm> &terms);
 
 struct DatabaseOrder
 {

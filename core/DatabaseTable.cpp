@@ -35,12 +35,18 @@ bool isName(const QString &name)
 QLatin1StringView operatorOf(DatabaseCompare compare)
 {
     switch (compare) {
-    case DatabaseCompare::Equal: return " = "_L1;
-    case DatabaseCompare::NotEqual: return " <> "_L1;
-    case DatabaseCompare::Below: return " < "_L1;
-    case DatabaseCompare::AtMost: return " <= "_L1;
-    case DatabaseCompare::Above: return " > "_L1;
-    case DatabaseCompare::AtLeast: return " >= "_L1;
+    case DatabaseCompare::Equal:
+        return " = "_L1;
+    case DatabaseCompare::NotEqual:
+        return " <> "_L1;
+    case DatabaseCompare::Below:
+        return " < "_L1;
+    case DatabaseCompare::AtMost:
+        return " <= "_L1;
+    case DatabaseCompare::Above:
+        return " > "_L1;
+    case DatabaseCompare::AtLeast:
+        return " >= "_L1;
     }
     return {};
 }
@@ -105,8 +111,7 @@ QString DatabaseTableNames::InsertText(std::size_t rows, Conflict conflict) cons
     }
     const QString row = u'(' + QStringList(names.size(), u"?"_s).join(u", ") + u')';
     QString text = u"INSERT INTO "_s + quoted(m_table) + u" ("_s + names.join(u", ") +
-                   u") VALUES "_s +
-                   QStringList(static_cast<qsizetype>(rows), row).join(u", ");
+                   u") VALUES "_s + QStringList(static_cast<qsizetype>(rows), row).join(u", ");
     if (conflict == Conflict::Fails)
         return text;
     text += u" ON CONFLICT ("_s + keys.join(u", ") + u") DO "_s;

@@ -95,11 +95,11 @@ public:
     /// @param get  value of a const Record &
     /// @param set  takes Record & and the value
     template <class Get, class Set>
-        requires std::invocable<Get, const Record &>
+    requires std::invocable<Get, const Record &>
     [[nodiscard]] DatabaseTable Column(const char *name, Get get, Set set) &&
     {
-        return std::move(*this).add(name, false,
-                                    std::make_shared<Part<Get, Set>>(std::move(get), std::move(set)));
+        return std::move(*this).add(
+            name, false, std::make_shared<Part<Get, Set>>(std::move(get), std::move(set)));
     }
 
     /// Adds new records; fails when one has the key of a row that is there.
@@ -120,9 +120,8 @@ public:
         const QString statement = m_names.DeleteText();
         return database.RunRepeatable([&] {
             return std::ranges::all_of(records, [&](const Record &record) {
-                return database.Run(statement, [&](DatabaseBinder &binder) {
-                    return bind(record, binder, true);
-                });
+                return database.Run(
+                    statement, [&](DatabaseBinder &binder) { return bind(record, binder, true); });
             });
         });
     }
@@ -198,7 +197,10 @@ private:
         {
             if (!stored.isNull())
                 return DatabaseValue<T>::FromStored(stored);
-            if constexpr (requires { typename T::value_type; T(std::nullopt); })
+            if constexpr (requires {
+                              typename T::value_type;
+                              T(std::nullopt);
+                          })
                 return std::optional<T>(std::in_place, std::nullopt);
             else
                 return std::nullopt;
@@ -321,9 +323,8 @@ private:
                 const bool isMany = next.size() == most && !(isWary && hasDoubleKey(next));
                 const std::size_t step = isMany ? most : 1;
                 const auto rows = next.first(step);
-                if (!database.Run(isMany ? many : single, [&](DatabaseBinder &binder) {
-                        return bindRows(rows, binder);
-                    }))
+                if (!database.Run(isMany ? many : single,
+                                  [&](DatabaseBinder &binder) { return bindRows(rows, binder); }))
                     return false;
                 left = left.subspan(step);
             }
@@ -355,8 +356,8 @@ private:
     template <class Visit>
     bool read(Database &database, const Terms &query, Visit &visit) const
     {
-        const QString statement = m_names.SelectText(query.terms, query.orders, query.limit,
-                                                     database.IsServer());
+        const QString statement =
+            m_names.SelectText(query.terms, query.orders, query.limit, database.IsServer());
         std::optional<std::size_t> unreadable;
         const bool isRead = database.Select(statement, query.Values(), [&](const DatabaseRow &row) {
             Record record{};
@@ -368,8 +369,8 @@ private:
             }
             return static_cast<bool>(visit(std::move(record)));
         });
-        return isRead && (!unreadable || database.Refuse("DatabaseTable::Load",
-                                                         m_names.CannotRead(*unreadable)));
+        return isRead && (!unreadable ||
+                          database.Refuse("DatabaseTable::Load", m_names.CannotRead(*unreadable)));
     }
 
     DatabaseTableNames m_names;

@@ -14,10 +14,14 @@ constexpr QLatin1StringView kLocal{"local"};
 QString givenIn(const QDateTime &value)
 {
     switch (value.timeSpec()) {
-    case Qt::LocalTime: return kLocal;
-    case Qt::UTC: return {};
-    case Qt::OffsetFromUTC: return QString::number(value.offsetFromUtc());
-    case Qt::TimeZone: return QString::fromLatin1(value.timeZone().id());
+    case Qt::LocalTime:
+        return kLocal;
+    case Qt::UTC:
+        return {};
+    case Qt::OffsetFromUTC:
+        return QString::number(value.offsetFromUtc());
+    case Qt::TimeZone:
+        return QString::fromLatin1(value.timeZone().id());
     }
     return {};
 }

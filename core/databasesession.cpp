@@ -17,10 +17,10 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int kRepairWait = 2'000;        // milliseconds that others may take to set a file aside
-constexpr int kMostTries = 20;            // of what meets others' changes
-constexpr qint64 kRestPerTry = 10;        // times what a vain attempt to open took
-constexpr std::size_t kMostPrepared = 200;  // statements kept for the next time
+constexpr int kRepairWait = 2'000;         // milliseconds that others may take to set a file aside
+constexpr int kMostTries = 20;             // of what meets others' changes
+constexpr qint64 kRestPerTry = 10;         // times what a vain attempt to open took
+constexpr std::size_t kMostPrepared = 200; // statements kept for the next time
 
 /// Result codes of the embedded database; the low byte of the extended ones.
 namespace sqlite {
@@ -114,6 +114,28 @@ private:
     bool m_isDrained = false;
 };
 
+DatabaseSession::Patience::Patience(DatabaseSession &session)
+    : m_session(session), m_lastError(session.m_lastError)
+{
+    ++m_session.m_patience;
+}
+
+DatabaseSession::Patience::~Patience()
+{
+    if (--m_session.m_patience > 0 || m_session.m_untold.isEmpty())
+        return;
+    qDebug().noquote() << std::exchange(m_session.m_untold, {});
+}
+
+bool DatabaseSession::Patience::endWell()
+{
+    if (!m_session.m_untold.isEmpty()) {
+        m_session.m_untold.clear();
+        m_session.m_lastError = m_lastError;
+    }
+    return true;
+}
+
 DatabaseSession::DatabaseSession(DatabasePlace place)
     : m_place(std::move(place)), m_connection(newConnectionName())
 {
@@ -121,6 +143,7 @@ DatabaseSession::DatabaseSession(DatabasePlace place)
 
 DatabaseSession::~DatabaseSession()
 {
+    QObject::disconnect(m_atEndOfApplication);
     forgetConnection();
 }
 
@@ -180,6 +203,13 @@ bool DatabaseSession::connectToPlace()
 bool DatabaseSession::connect(QString &reason)
 {
     forgetConnection();
+    QCoreApplication *const application = QCoreApplication::instance();
+    if (!application) { // drivers come and go with it
+        reason = u"there is no application"_s;
+        return false;
+    }
+    QObject::disconnect(m_atEndOfApplication);
+    m_atEndOfApplication = QObject::connect(application, &QObject::destroyed, [this] { close(); });
     if (m_place.IsServer()) {
         m_database = QSqlDatabase::addDatabase(u"QPSQL"_s, m_connection);
         m_database.setHostName(m_place.host);
@@ -189,7 +219,8 @@ bool DatabaseSession::connect(QString &reason)
         m_database.setPassword(m_place.password);
         m_database.setConnectOptions(
             u"connect_timeout=5;tcp_user_timeout=10000;"
-            "options='-c client_min_messages=warning -c lock_timeout=%1'"_s.arg(m_place.lockWait));
+            "options='-c client_min_messages=warning -c lock_timeout=%1'"_s.arg(
+                std::max(m_place.lockWait, 1))); // 0 would be for ever
     } else {
         QDir().mkpath(QFileInfo(m_place.file).absolutePath());
         m_database = QSqlDatabase::addDatabase(u"QSQLITE"_s, m_connection);
@@ -240,7 +271,7 @@ bool DatabaseSession::setDamagedFileAside(QString &reason)
         return false;
     m_lastError = tr("The database %1 was damaged. It is kept as %2, and a new one was begun.")
                       .arg(m_place.Text(), QDir::toNativeSeparators(kept));
-    qDebug() << "Database::Open : damaged file kept as" << kept;
+    qDebug().noquote() << "Database::Open : damaged file kept as" << kept;
     return true;
 }
 
@@ -252,12 +283,11 @@ bool DatabaseSession::isUsable(const char *function)
                     u"closed"_s);
     if (!m_levels.empty())
         return !m_levels.back();
-    if (m_isOutdated) {
-        m_prepared.clear();
-        m_isOutdated = false;
-    }
-    if (!m_isLost && m_database.isOpen())
+    if (!m_isLost && m_database.isOpen()) {
+        if (std::exchange(m_isOutdated, false))
+            m_prepared.clear();
         return true;
+    }
     if (m_isLost && m_rest > 0 && m_sinceFailure.elapsed() < m_rest)
         return fail(function, Fault::Lost, m_lastError, u"cannot be opened at the moment"_s);
     return connectToPlace();
@@ -313,10 +343,9 @@ bool DatabaseSession::end(const char *function, bool isGood)
     }
     // Where this fails, too, the database may have undone it by itself, and all around it.
     const bool isUndone =
-        !m_isLost &&
-        (isOutermost ? command(u"ROLLBACK"_s, error)
-                     : command(u"ROLLBACK TO SAVEPOINT "_s + name, error) &&
-                           command(u"RELEASE SAVEPOINT "_s + name, error));
+        !m_isLost && (isOutermost ? command(u"ROLLBACK"_s, error)
+                                  : command(u"ROLLBACK TO SAVEPOINT "_s + name, error) &&
+                                        command(u"RELEASE SAVEPOINT "_s + name, error));
     m_levels.pop_back();
     if (isUndone)
         return false;
@@ -352,10 +381,13 @@ bool DatabaseSession::runTransaction(const std::function<bool()> &work)
 
 bool DatabaseSession::runRepeatable(const std::function<bool()> &work)
 {
-    for (int tries = m_levels.empty() ? kMostTries : 1; tries > 0; --tries) {
+    if (!m_levels.empty())
+        return runTransaction(work); // what is around it is repeated, or nothing
+    Patience patience(*this);
+    for (int tries = kMostTries; tries > 0; --tries) {
         m_lastFault = Fault::None;
         if (runTransaction(work))
-            return true;
+            return patience.endWell();
         if (m_lastFault != Fault::Conflict)
             return false;
     }
@@ -393,8 +425,10 @@ bool DatabaseSession::run(const QString &statement,
     constexpr auto function = "Database::Run";
     if (!isUsable(function))
         return false;
-    drainStreams();
     QSqlError error;
+    if (!bind) // the server prepares no statements that change tables
+        return command(statement, error) || fail(function, error);
+    drainStreams();
     auto query = prepared(statement, error);
     if (!query)
         return fail(function, error);
@@ -501,7 +535,11 @@ bool DatabaseSession::tell(const char *function, Fault fault, const QString &sen
 {
     m_lastFault = fault;
     m_lastError = sentence;
-    qDebug() << function << ": " << detail;
+    const QString line = QLatin1StringView(function) + u" : "_s + detail;
+    if (m_patience > 0 && (fault == Fault::Locked || fault == Fault::Conflict))
+        m_untold = line;
+    else
+        qDebug().noquote() << line;
     return false;
 }
 
@@ -530,12 +568,17 @@ DatabaseSession::Fault DatabaseSession::faultOf(const QSqlError &error) const
         const int number = code.toInt();
         switch (number & 0xFF) {
         case sqlite::kBusy:
-        case sqlite::kLocked: return Fault::Locked;
-        case sqlite::kReadOnly: return number == sqlite::kMoved ? Fault::Lost : Fault::ReadOnly;
+        case sqlite::kLocked:
+            return Fault::Locked;
+        case sqlite::kReadOnly:
+            return number == sqlite::kMoved ? Fault::Lost : Fault::ReadOnly;
         case sqlite::kCorrupt:
-        case sqlite::kNotADatabase: return Fault::Damaged;
-        case sqlite::kFull: return Fault::Full;
-        default: return m_database.isOpen() ? Fault::Other : Fault::Lost;
+        case sqlite::kNotADatabase:
+            return Fault::Damaged;
+        case sqlite::kFull:
+            return Fault::Full;
+        default:
+            return m_database.isOpen() ? Fault::Other : Fault::Lost;
         }
     }
     if (!m_database.isOpen() || code.startsWith(server::kConnection) ||
@@ -555,13 +598,19 @@ QString DatabaseSession::sentenceFor(Fault fault, const QString &detail) const
     const QString place = m_place.Text();
     switch (fault) {
     case Fault::Locked:
-    case Fault::Conflict: return tr("The database %1 is in use by others at the moment.").arg(place);
-    case Fault::Lost: return tr("The connection to the database %1 was lost.").arg(place);
-    case Fault::Damaged: return tr("The database %1 is damaged.").arg(place);
-    case Fault::Full: return tr("There is no room left for the database %1.").arg(place);
-    case Fault::ReadOnly: return tr("The database %1 cannot be written.").arg(place);
+    case Fault::Conflict:
+        return tr("The database %1 is in use by others at the moment.").arg(place);
+    case Fault::Lost:
+        return tr("The connection to the database %1 was lost.").arg(place);
+    case Fault::Damaged:
+        return tr("The database %1 is damaged.").arg(place);
+    case Fault::Full:
+        return tr("There is no room left for the database %1.").arg(place);
+    case Fault::ReadOnly:
+        return tr("The database %1 cannot be written.").arg(place);
     case Fault::None:
-    case Fault::Other: break;
+    case Fault::Other:
+        break;
     }
     return tr("The database %1 refused: %2").arg(place, detail);
 }

@@ -113,10 +113,9 @@ LinkedObjects::DocumentsForObject(const Tz::ObjectId &objectId)
     if (!prepare(m_database))
         return std::nullopt;
     return linkTable().Load(
-        m_database,
-        LinkQuery()
-            .Where(&KeloLinkedObject::objectId, DatabaseCompare::Equal, objectId)
-            .OrderBy(&KeloLinkedObject::documentId));
+        m_database, LinkQuery()
+                        .Where(&KeloLinkedObject::objectId, DatabaseCompare::Equal, objectId)
+                        .OrderBy(&KeloLinkedObject::documentId));
 }
 
 std::optional<std::vector<KeloLinkedObject>>
@@ -125,10 +124,9 @@ LinkedObjects::ObjectsInDocument(const QString &documentId)
     if (!prepare(m_database))
         return std::nullopt;
     return linkTable().Load(
-        m_database,
-        LinkQuery()
-            .Where(&KeloLinkedObject::documentId, DatabaseCompare::Equal, documentId)
-            .OrderBy(&KeloLinkedObject::objectId));
+        m_database, LinkQuery()
+                        .Where(&KeloLinkedObject::documentId, DatabaseCompare::Equal, documentId)
+                        .OrderBy(&KeloLinkedObject::objectId));
 }
 
 bool LinkedObjects::WriteSetting(const QString &name, const QString &value)

@@ -80,6 +80,10 @@
         <source>The database %1 cannot be written.</source>
         <translation>Die Datenbank %1 lässt sich nicht schreiben.</translation>
     </message>
+    <message>
+        <source>The tables of &quot;%1&quot; in the database %2 cannot be brought to their present form.</source>
+        <translation>Die Tabellen von „%1“ in der Datenbank %2 lassen sich nicht auf ihren heutigen Stand bringen.</translation>
+    </message>
 </context>
 <context>
     <name>DatabaseTable</name>

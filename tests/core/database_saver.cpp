@@ -65,7 +65,8 @@ DatabaseModule steppingModule()
 {
     DatabaseModule module{u"stepping"_s, {}};
     for (int step = 0; step < 6; ++step)
-        module.steps.emplace_back([step](Database &database) { return createStep(database, step); });
+        module.steps.emplace_back(
+            [step](Database &database) { return createStep(database, step); });
     return module;
 }
 
@@ -105,8 +106,7 @@ QString stateOf(Database &database)
     if (!rows || static_cast<qint64>(rows->size()) != (generation ? kRows : 0))
         return u"not the rows of %1"_s.arg(generation);
     for (const Row &row : *rows)
-        if (row.generation != generation ||
-            row.filling.size() != (generation % 2 ? 4000 : 40))
+        if (row.generation != generation || row.filling.size() != (generation % 2 ? 4000 : 40))
             return u"a row of %1 among those of %2"_s.arg(row.generation).arg(generation);
     return u"generation %1"_s.arg(generation);
 }
@@ -125,7 +125,8 @@ QString stepsOf(Database &database)
     if (!database.Select(u"SELECT FORM FROM KELO_MODULES WHERE NAME = ?"_s, {u"stepping"_s},
                          take(form)))
         return u"steps 0"_s; // killed before the first
-    if (form > 0 && !database.Select(u"SELECT COUNT(*) FROM STEP_%1"_s.arg(form - 1), {}, take(rows)))
+    if (form > 0 &&
+        !database.Select(u"SELECT COUNT(*) FROM STEP_%1"_s.arg(form - 1), {}, take(rows)))
         return u"no table of form %1"_s.arg(form);
     return form == 0 || rows == 40 ? u"steps %1"_s.arg(form) : u"%1 rows"_s.arg(rows);
 }
@@ -145,7 +146,8 @@ QString wholeState(Database &database)
 bool addTogether(Database &database, int name, int count)
 {
     DatabaseDocuments documents(database);
-    bool isGood = database.Prepare(savingModule()) && documents.LoadDocument(u"-"_s) == std::nullopt;
+    bool isGood =
+        database.Prepare(savingModule()) && documents.LoadDocument(u"-"_s) == std::nullopt;
     for (int i = 0; isGood && i < count; ++i) {
         const Row row{1000 + name * 100'000 + i, name, {}};
         isGood = database.RunRepeatable([&] {
@@ -204,7 +206,8 @@ int main(int argc, char **argv)
     else if (task == "state"_L1)
         tell(wholeState(*database));
     else if (task == "add"_L1)
-        return addTogether(*database, number, arguments.value(5).toInt()) ? 0 : 1;
+        tell(addTogether(*database, number, arguments.value(5).toInt()) ? u"done"_s
+                                                                        : database->LastError());
     else if (task == "sum"_L1)
         tell(sumOf(*database));
     else if (task == "ask"_L1) // makes a database in the server
