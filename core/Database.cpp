@@ -145,6 +145,11 @@ bool Database::IsServer() const
     return m_session->place().IsServer();
 }
 
+QString Database::File() const
+{
+    return IsServer() ? QString() : m_session->place().file;
+}
+
 QString Database::LastError() const
 {
     return m_session->lastError();

@@ -85,6 +85,8 @@ public:
     /// Where it lies, for people, with "***" for a password.
     [[nodiscard]] QString Text() const;
     [[nodiscard]] bool IsServer() const;
+    /// The SQLite file; empty for a server.
+    [[nodiscard]] QString File() const;
     /// What went wrong last, as a translated sentence; empty when nothing did since Open().
     [[nodiscard]] QString LastError() const;
 

@@ -8,7 +8,7 @@
 #include <QLocale>
 #include <algorithm>
 #include <cmath>
-#include <kelo_base/dxf/RoutingTilesRevisor.h>
+#include <kelo_base/dxf/SheetCorners.h>
 #include <numbers>
 #include <unordered_map>
 #include <unordered_set>
@@ -56,19 +56,16 @@ QPolygonF outline(const DxfDrawing &drawing, const DxfPolyline &polyline, std::s
 /// Takes the frame; without one, as much as shows what the block holds instead.
 void takeOutlines(Draft &draft, const DxfDrawing &drawing, const DxfBlock &block)
 {
-    constexpr std::array order{vpTopLeft, vpTopRight, vpBottomRight, vpBottomLeft};
     std::size_t room = kMostPoints;
     for (const DxfPolyline &polyline : drawing.Polylines(block)) {
         const bool isFrame = polyline.vertexCount >= 4 && drawing.Corner(polyline, 0) != vpUnknown;
         if (isFrame) {
             draft.figure.kind = Kind::Labelled;
             draft.figure.outlines = {outline(drawing, polyline, 5)};
-            for (quint32 i = 0; i < 4; ++i) {
-                const auto *label = std::ranges::find(order, drawing.Corner(polyline, i));
-                if (label != order.end())
-                    draft.figure.corners[static_cast<std::size_t>(label - order.begin())] =
-                        point(drawing.Vertices(polyline)[i]);
-            }
+            const SheetCorners corners = CornersOf(drawing, polyline);
+            for (std::size_t i = 0; i < corners.size(); ++i)
+                if (corners[i])
+                    draft.figure.corners[i] = point(*corners[i]);
             return;
         }
         if (polyline.vertexCount > 0 && room > 0) {

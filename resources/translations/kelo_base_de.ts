@@ -16,6 +16,25 @@
     </message>
 </context>
 <context>
+    <name>CoreFacadeI</name>
+    <message>
+        <source>&apos;%1&apos; could not be started: %2.</source>
+        <translation>„%1“ konnte nicht gestartet werden: %2.</translation>
+    </message>
+    <message>
+        <source>What needs it is left out: %1.</source>
+        <translation>Was darauf aufbaut, entfällt: %1.</translation>
+    </message>
+    <message>
+        <source>it needs &apos;%1&apos;, which does not run</source>
+        <translation>„%1“ wird dafür gebraucht und läuft nicht</translation>
+    </message>
+    <message>
+        <source>it did not say why</source>
+        <translation>ein Grund wurde nicht genannt</translation>
+    </message>
+</context>
+<context>
     <name>DatabaseDocuments</name>
     <message>
         <source>The value &quot;%1&quot; is of a type that cannot be kept.</source>
@@ -27,6 +46,10 @@
     <message>
         <source>The tables of &quot;%1&quot; in the database %2 are those of a later version. They were left alone.</source>
         <translation>Die Tabellen von „%1“ in der Datenbank %2 sind die einer späteren Version. Sie wurden nicht angerührt.</translation>
+    </message>
+    <message>
+        <source>The tables of &quot;%1&quot; in the database %2 cannot be brought to their present form.</source>
+        <translation>Die Tabellen von „%1“ in der Datenbank %2 lassen sich nicht auf ihren heutigen Stand bringen.</translation>
     </message>
     <message>
         <source>The database %1 refused: %2</source>
@@ -79,10 +102,6 @@
     <message>
         <source>The database %1 cannot be written.</source>
         <translation>Die Datenbank %1 lässt sich nicht schreiben.</translation>
-    </message>
-    <message>
-        <source>The tables of &quot;%1&quot; in the database %2 cannot be brought to their present form.</source>
-        <translation>Die Tabellen von „%1“ in der Datenbank %2 lassen sich nicht auf ihren heutigen Stand bringen.</translation>
     </message>
 </context>
 <context>
@@ -396,10 +415,6 @@
         <translation>%1 Einheiten</translation>
     </message>
     <message>
-        <source>No insert of the plan counts as a sheet</source>
-        <translation>Keine Blockeinfügung des Plans gilt als Blatt</translation>
-    </message>
-    <message>
         <source>%1, at byte %2</source>
         <translation>%1, bei Byte %2</translation>
     </message>
@@ -653,6 +668,101 @@
     <message>
         <source>Only one plan can be shown</source>
         <translation>Es kann nur ein Plan gezeigt werden</translation>
+    </message>
+</context>
+<context>
+    <name>Environment</name>
+    <message>
+        <source>User settings</source>
+        <translation>Benutzereinstellungen</translation>
+    </message>
+    <message>
+        <source>User layout</source>
+        <translation>Benutzerlayout</translation>
+    </message>
+    <message>
+        <source>Project settings</source>
+        <translation>Projekteinstellungen</translation>
+    </message>
+    <message>
+        <source>Project layout</source>
+        <translation>Projektlayout</translation>
+    </message>
+    <message>
+        <source>Menu defaults</source>
+        <translation>Menüvorgaben</translation>
+    </message>
+    <message>
+        <source>Database</source>
+        <translation>Datenbank</translation>
+    </message>
+    <message>
+        <source>Server settings</source>
+        <translation>Servereinstellungen</translation>
+    </message>
+    <message>
+        <source>%1: %2 × %3, scale factor %4, %5 DPI (the screen itself says %6)</source>
+        <translation>%1: %2 × %3, Skalierung %4, %5 DPI (der Bildschirm selbst meldet %6)</translation>
+    </message>
+    <message>
+        <source>can be read and written</source>
+        <translation>lesbar und beschreibbar</translation>
+    </message>
+    <message>
+        <source>can be read</source>
+        <translation>lesbar</translation>
+    </message>
+    <message>
+        <source>can be written</source>
+        <translation>beschreibbar</translation>
+    </message>
+    <message>
+        <source>cannot be read</source>
+        <translation>nicht lesbar</translation>
+    </message>
+    <message>
+        <source>does not exist yet</source>
+        <translation>noch nicht vorhanden</translation>
+    </message>
+    <message>
+        <source>does not exist and cannot be made</source>
+        <translation>nicht vorhanden, kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>Organisation</source>
+        <translation>Organisation</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Command line</source>
+        <translation>Befehlszeile</translation>
+    </message>
+    <message>
+        <source>Locale</source>
+        <translation>Gebietsschema</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Operating system</source>
+        <translation>Betriebssystem</translation>
+    </message>
+    <message>
+        <source>Screen</source>
+        <translation>Bildschirm</translation>
     </message>
 </context>
 <context>
@@ -934,6 +1044,29 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>about 1 hour left</source>
         <translation>noch etwa 1 Stunde</translation>
+    </message>
+</context>
+<context>
+    <name>ServerProcess::Run</name>
+    <message>
+        <source>The folder &apos;%1&apos; for the server cannot be made.</source>
+        <translation>Der Ordner „%1“ für den Server kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>The file &apos;%1&apos; for the server cannot be written.</source>
+        <translation>Die Datei „%1“ für den Server kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>it ended at once</source>
+        <translation>er endete sofort</translation>
+    </message>
+    <message>
+        <source>The server &apos;%1&apos; ended five times within ten minutes and is not started again. Its output is in &apos;%2&apos;.</source>
+        <translation>Der Server „%1“ endete fünfmal innerhalb von zehn Minuten und wird nicht mehr gestartet. Seine Ausgaben stehen in „%2“.</translation>
+    </message>
+    <message>
+        <source>The server &apos;%1&apos; cannot be started: %2.</source>
+        <translation>Der Server „%1“ kann nicht gestartet werden: %2.</translation>
     </message>
 </context>
 <context>
