@@ -218,9 +218,10 @@ private:
         bool read(Record &record, const QVariant &stored) const override
         {
             auto value = Typed<T>::valueOf(stored);
-            if (value)
-                record.*member = *std::move(value);
-            return value.has_value();
+            if (!value)
+                return false;
+            record.*member = *std::move(value);
+            return true;
         }
         [[nodiscard]] bool isEqual(const Record &a, const Record &b) const override
         {
@@ -244,9 +245,10 @@ private:
         bool read(Record &record, const QVariant &stored) const override
         {
             auto value = Typed<T>::valueOf(stored);
-            if (value)
-                set(record, *std::move(value));
-            return value.has_value();
+            if (!value)
+                return false;
+            set(record, *std::move(value));
+            return true;
         }
         [[nodiscard]] bool isEqual(const Record &a, const Record &b) const override
         {
