@@ -203,6 +203,10 @@ int main(int argc, char **argv)
         saveForever(*database, number);
     if (task == "steps"_L1)
         tell(database->Prepare(steppingModule()) ? u"done"_s : database->LastError());
+    else if (task == "open"_L1)
+        tell(database->Prepare(steppingModule()) && database->Prepare(savingModule())
+                 ? u"open"_s
+                 : database->LastError());
     else if (task == "state"_L1)
         tell(wholeState(*database));
     else if (task == "add"_L1)

@@ -71,6 +71,13 @@ def kill_steps(make_place):
     assert len(seen) > 1, f"only ever killed at {seen}"
 
 
+def open_together(place):
+    """A new database, and everyone wants to make the tables."""
+    programs = [place.start("open") for _ in range(min(4 * kills, 80))]
+    told = {program.communicate()[0].strip() for program in programs}
+    assert told == {"open"}, told
+
+
 def write_together(place, count):
     writers = [place.start("add", name, count) for name in (1, 2)]
     told = [writer.communicate()[0].strip() for writer in writers]
@@ -105,9 +112,11 @@ with tempfile.TemporaryDirectory() as directory:
     kill_savers(new_place())
     kill_savers(new_place(), "limited")
     kill_steps(new_place)
+    open_together(new_place())
     write_together(new_place(), kills)
 if server:
     kill_savers(Place(None))
     kill_steps(lambda: Place(None))
+    open_together(Place(None))
     write_together(Place(None), kills)
     restart_server(Place(None))

@@ -423,19 +423,17 @@ void TestDatabase::migratesOnce()
                                 }}};
     if (!m_place.IsServer())
         m_place.file = m_dir->filePath(u"together/b.sqlite"_s);
-    std::atomic<int> ready = 0;
+    std::atomic<int> prepared = 0;
     std::vector<std::thread> programs;
     for (int i = 0; i < kPrograms; ++i)
         programs.emplace_back([&] {
             Database database(m_place);
-            if (database.Open() && database.Prepare(module) &&
-                database.Run(u"UPDATE M SET A = A"_s))
-                ++ready;
+            if (database.Open() && database.Prepare(module))
+                ++prepared;
         });
     for (std::thread &program : programs)
         program.join();
-    // Who merely writes waits no longer than said; whoever makes the tables does.
-    QVERIFY(ready >= 1);
+    QCOMPARE(prepared.load(), kPrograms);
     Database database(m_place);
     QVERIFY(database.Open() && database.Prepare(module));
     qint64 rows = 0;
