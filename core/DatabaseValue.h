@@ -14,9 +14,10 @@
 
 /// How values of a type are kept, to the last bit. A type of your own gets a specialisation.
 ///
-///     bool BOOLEAN, int and qint64 BIGINT, double DOUBLE PRECISION (no NaN), QString TEXT (whole
-///     characters, no NUL; a null text is kept as an empty one), QByteArray BYTEA, QDateTime TEXT,
-///     Tz::ObjectId VARCHAR(25), std::optional of any of them NULL when there is none
+///     bool BOOLEAN, int and qint64 BIGINT, double DOUBLE PRECISION (no NaN; -0.0 becomes 0.0),
+///     QString TEXT (whole characters, no NUL; a null text is kept as an empty one), QByteArray
+///     BYTEA, QDateTime TEXT, Tz::ObjectId VARCHAR(25), std::optional of any of them NULL when
+///     there is none
 template <class T>
 struct DatabaseValue;
 
@@ -62,6 +63,8 @@ template <>
 struct DatabaseValue<double> : DatabasePlainValue<double>
 {
     static bool IsStorable(double value) { return value == value; }
+    /// The embedded database keeps no sign of zero, so that nobody does.
+    static QVariant ToStored(double value) { return value == 0 ? 0.0 : value; }
     static std::optional<double> FromStored(const QVariant &stored)
     {
         bool isNumber = false;

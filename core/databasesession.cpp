@@ -11,6 +11,7 @@
 #include <QSqlError>
 #include <QSqlRecord>
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -45,7 +46,7 @@ constexpr QLatin1StringView kReadOnly{"25006"};
 
 QString newConnectionName()
 {
-    static quint64 last = 0;
+    static std::atomic<quint64> last = 0; // each thread may have databases of its own
     return u"kelo-database-"_s + QString::number(++last);
 }
 
