@@ -35,6 +35,91 @@
     </message>
 </context>
 <context>
+    <name>DatabaseDocuments</name>
+    <message>
+        <source>The value &quot;%1&quot; is of a type that cannot be kept.</source>
+        <translation>Der Wert „%1“ ist von einer Art, die sich nicht aufbewahren lässt.</translation>
+    </message>
+</context>
+<context>
+    <name>DatabaseSession</name>
+    <message>
+        <source>The tables of &quot;%1&quot; in the database %2 are those of a later version. They were left alone.</source>
+        <translation>Die Tabellen von „%1“ in der Datenbank %2 sind die einer späteren Version. Sie wurden nicht angerührt.</translation>
+    </message>
+    <message>
+        <source>The tables of &quot;%1&quot; in the database %2 cannot be brought to their present form.</source>
+        <translation>Die Tabellen von „%1“ in der Datenbank %2 lassen sich nicht auf ihren heutigen Stand bringen.</translation>
+    </message>
+    <message>
+        <source>The database %1 refused: %2</source>
+        <translation>Die Datenbank %1 hat abgelehnt: %2</translation>
+    </message>
+    <message>
+        <source>The database %1 cannot be opened: %2</source>
+        <translation>Die Datenbank %1 lässt sich nicht öffnen: %2</translation>
+    </message>
+    <message>
+        <source>the file is damaged, and another program is setting it aside</source>
+        <translation>die Datei ist beschädigt, und ein anderes Programm legt sie gerade beiseite</translation>
+    </message>
+    <message>
+        <source>the file is damaged and cannot be renamed</source>
+        <translation>die Datei ist beschädigt und lässt sich nicht umbenennen</translation>
+    </message>
+    <message>
+        <source>The database %1 was damaged. It is kept as %2, and a new one was begun.</source>
+        <translation>Die Datenbank %1 war beschädigt. Sie ist als %2 aufbewahrt, und eine neue wurde begonnen.</translation>
+    </message>
+    <message>
+        <source>The database %1 is closed.</source>
+        <translation>Die Datenbank %1 ist geschlossen.</translation>
+    </message>
+    <message>
+        <source>The database %1 was closed while it was being changed; nothing was changed.</source>
+        <translation>Die Datenbank %1 wurde während einer Änderung geschlossen; nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>The database %1 was closed while it was being read.</source>
+        <translation>Die Datenbank %1 wurde während des Lesens geschlossen.</translation>
+    </message>
+    <message>
+        <source>The database %1 is in use by others at the moment.</source>
+        <translation>Die Datenbank %1 wird im Augenblick von anderen benutzt.</translation>
+    </message>
+    <message>
+        <source>The connection to the database %1 was lost.</source>
+        <translation>Die Verbindung zur Datenbank %1 ging verloren.</translation>
+    </message>
+    <message>
+        <source>The database %1 is damaged.</source>
+        <translation>Die Datenbank %1 ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>There is no room left for the database %1.</source>
+        <translation>Für die Datenbank %1 ist kein Platz mehr.</translation>
+    </message>
+    <message>
+        <source>The database %1 cannot be written.</source>
+        <translation>Die Datenbank %1 lässt sich nicht schreiben.</translation>
+    </message>
+</context>
+<context>
+    <name>DatabaseTable</name>
+    <message>
+        <source>%1 cannot hold the value.</source>
+        <translation>%1 kann den Wert nicht aufnehmen.</translation>
+    </message>
+    <message>
+        <source>%1 holds a value of another type.</source>
+        <translation>%1 enthält einen Wert anderer Art.</translation>
+    </message>
+    <message>
+        <source>The description of the table %1 is wrong.</source>
+        <translation>Die Beschreibung der Tabelle %1 ist falsch.</translation>
+    </message>
+</context>
+<context>
     <name>DiagnosticModel</name>
     <message>
         <source>Line %1: %2</source>
@@ -678,6 +763,13 @@
     <message>
         <source>Screen</source>
         <translation>Bildschirm</translation>
+    </message>
+</context>
+<context>
+    <name>LinkedObjects</name>
+    <message>
+        <source>A link lacks its object or a finite number.</source>
+        <translation>Einer Verknüpfung fehlt das Objekt oder eine endliche Zahl.</translation>
     </message>
 </context>
 <context>
