@@ -1099,10 +1099,6 @@ Ohne Befehle empfängt es nur. Beispiel:
         <translation>--%1 ist mehrfach angegeben</translation>
     </message>
     <message>
-        <source>--%1 wants a value</source>
-        <translation>--%1 braucht einen Wert</translation>
-    </message>
-    <message>
         <source>--include wants TAG=VALUE, not &apos;%1&apos;</source>
         <translation>--include braucht TAG=VALUE, nicht „%1“</translation>
     </message>
@@ -1148,10 +1144,6 @@ Ohne Befehle empfängt es nur. Beispiel:
             <numerusform>%n Blatt</numerusform>
             <numerusform>%n Blätter</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>standard output</source>
-        <translation>Standardausgabe</translation>
     </message>
     <message>
         <source>1 sheet written to %1</source>
@@ -1213,6 +1205,185 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>Example values</source>
         <translation>Beispielwerte</translation>
+    </message>
+    <message>
+        <source>it is write-protected</source>
+        <translation>sie ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>memory does not suffice to analyse it</source>
+        <translation>der Speicher reicht nicht, um ihn auszuwerten</translation>
+    </message>
+    <message>
+        <source>cannot read &apos;%1&apos;: %2</source>
+        <translation>„%1“ kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no GK2 file</source>
+        <translation>„%1“ ist keine GK2-Datei</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is damaged: line %2 should hold a corner</source>
+        <translation>„%1“ ist beschädigt: In Zeile %2 sollte eine Ecke stehen</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no GK2 file; it is replaced only with --force</source>
+        <translation>„%1“ ist keine GK2-Datei und wird nur mit --force ersetzt</translation>
+    </message>
+    <message>
+        <source>no sheet is left; &apos;%1&apos; would lose its sheets, and does only with --allow-empty</source>
+        <translation>es bleibt kein Blatt übrig; „%1“ verlöre seine Blätter, was nur mit --allow-empty geschieht</translation>
+    </message>
+    <message>
+        <source>Print what changed since the GK2 file OLD: sheets that are new, gone, moved or renamed. Writes sheets only with --output or --output-dir.</source>
+        <translation>Gibt aus, was sich seit der GK2-Datei OLD geändert hat: neue, weggefallene, verschobene und umbenannte Blätter. Schreibt Blätter nur mit --output oder --output-dir.</translation>
+    </message>
+    <message>
+        <source>How far a corner may lie from where it was (--compare). Default: 0.005.</source>
+        <translation>Wie weit eine Ecke von ihrem früheren Ort liegen darf (--compare). Vorgabe: 0.005.</translation>
+    </message>
+    <message>
+        <source>Replace files that are no GK2 files, too.</source>
+        <translation>Ersetzt auch Dateien, die keine GK2-Dateien sind.</translation>
+    </message>
+    <message>
+        <source>Replace a file that holds sheets even by one without any.</source>
+        <translation>Ersetzt eine Datei mit Blättern auch durch eine ohne.</translation>
+    </message>
+    <message>
+        <source>unknown option &apos;%1&apos;</source>
+        <translation>unbekannte Option &apos;%1&apos;</translation>
+    </message>
+    <message>
+        <source>%1 takes no value</source>
+        <translation>%1 nimmt keinen Wert</translation>
+    </message>
+    <message>
+        <source>%1 wants a value</source>
+        <translation>%1 verlangt einen Wert</translation>
+    </message>
+    <message>
+        <source>--compare looks at one plan only</source>
+        <translation>--compare betrachtet nur einen Plan</translation>
+    </message>
+    <message>
+        <source>--compare and a list make one output only with --json</source>
+        <translation>--compare und eine Liste ergeben nur mit --json eine gemeinsame Ausgabe</translation>
+    </message>
+    <message>
+        <source>the changes and the sheets cannot both go to standard output</source>
+        <translation>Änderungen und Blätter können nicht beide auf die Standardausgabe</translation>
+    </message>
+    <message>
+        <source>Exit status:</source>
+        <translation>Rückgabewerte:</translation>
+    </message>
+    <message>
+        <source>All done.</source>
+        <translation>Alles erledigt.</translation>
+    </message>
+    <message>
+        <source>A plan could not be read, or a result not be written.</source>
+        <translation>Ein Plan war nicht zu lesen oder ein Ergebnis nicht zu schreiben.</translation>
+    </message>
+    <message>
+        <source>Wrong usage; nothing was done.</source>
+        <translation>Falscher Aufruf; nichts wurde getan.</translation>
+    </message>
+    <message>
+        <source>Done, with warnings, and --strict was given.</source>
+        <translation>Erledigt, mit Warnungen, und --strict war angegeben.</translation>
+    </message>
+    <message>
+        <source>--compare found changes, and no sheets were to be written.</source>
+        <translation>--compare fand Änderungen, und Blätter waren nicht zu schreiben.</translation>
+    </message>
+    <message>
+        <source>Examples:</source>
+        <translation>Beispiele:</translation>
+    </message>
+    <message>
+        <source>Writes roads.txt.</source>
+        <translation>Schreibt roads.txt.</translation>
+    </message>
+    <message>
+        <source>Writes each into the folder out.</source>
+        <translation>Schreibt jeden in den Ordner out.</translation>
+    </message>
+    <message>
+        <source>What could be filtered by?</source>
+        <translation>Wonach ließe sich filtern?</translation>
+    </message>
+    <message>
+        <source>Only these sheets.</source>
+        <translation>Nur diese Blätter.</translation>
+    </message>
+    <message>
+        <source>Only looks.</source>
+        <translation>Sieht nur nach.</translation>
+    </message>
+    <message>
+        <source>What would change?</source>
+        <translation>Was würde sich ändern?</translation>
+    </message>
+    <message>
+        <source>--tolerance wants a length such as 0.5, not &apos;%1&apos;</source>
+        <translation>--tolerance verlangt eine Länge wie 0.5, nicht „%1“</translation>
+    </message>
+    <message>
+        <source>--tolerance belongs to --compare</source>
+        <translation>--tolerance gehört zu --compare</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>neu</translation>
+    </message>
+    <message>
+        <source>gone</source>
+        <translation>weggefallen</translation>
+    </message>
+    <message>
+        <source>moved</source>
+        <translation>verschoben</translation>
+    </message>
+    <message>
+        <source>renamed</source>
+        <translation>umbenannt</translation>
+    </message>
+    <message>
+        <source>was %1</source>
+        <translation>früher %1</translation>
+    </message>
+    <message>
+        <source>by %1</source>
+        <translation>um %1</translation>
+    </message>
+    <message>
+        <source>other corners</source>
+        <translation>andere Ecken</translation>
+    </message>
+    <message>
+        <source>1 sheet written to standard output</source>
+        <translation>1 Blatt auf die Standardausgabe geschrieben</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets written to standard output</source>
+        <translation>
+            <numerusform>%n Blatt auf die Standardausgabe geschrieben</numerusform>
+            <numerusform>%n Blätter auf die Standardausgabe geschrieben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>no changes</source>
+        <translation>keine Änderungen</translation>
+    </message>
+    <message>
+        <source>%1 compared with %2: %3</source>
+        <translation>%1 verglichen mit %2: %3</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Änderung</translation>
     </message>
 </context>
 </TS>
