@@ -4,6 +4,7 @@
 
 #include "dxf/read/sheetnumber_p.h"
 #include "dxf/sheets/dxftooltexts_p.h"
+#include "dxf/sheets/filterplan_p.h"
 #include "dxf/sheets/insertfilter_p.h"
 #include "dxf/sheets/progresssteps_p.h"
 #include <unordered_map>
@@ -66,7 +67,7 @@ public:
     bool RepeatedNumbers(ProgressSteps &steps);
     bool MissingPolylines(const SheetFilter &filter, ProgressSteps &steps);
     void NestedSheets();
-    void NoSheets();
+    void NoSheets(const SheetFilter &filter);
 
 private:
     [[nodiscard]] const DxfInsert &insertOf(quint32 sheet) const
@@ -185,10 +186,10 @@ void Review::NestedSheets()
     }
 }
 
-void Review::NoSheets()
+void Review::NoSheets(const SheetFilter &filter)
 {
     if (m_analysis.sheets.empty())
-        WarningKind(m_analysis, m_file).Add(0, {}, [] { return DxfToolTexts::NoSheets(); });
+        WarningKind(m_analysis, m_file).Add(0, {}, [&] { return WhyNoSheets(m_drawing, filter); });
 }
 
 /// A binary plan has no lines: what was taken for one is an offset, which goes into the text too.
@@ -244,7 +245,7 @@ std::optional<SheetAnalysis> ReviewSheets(const DxfDrawing &drawing, const Sheet
     if (!isDone)
         return std::nullopt;
     review.NestedSheets();
-    review.NoSheets();
+    review.NoSheets(filter);
     if (drawing.IsBinary())
         tellOffsets(analysis.diagnostics);
     return analysis;

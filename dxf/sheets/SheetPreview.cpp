@@ -8,6 +8,7 @@
 #include <QLocale>
 #include <algorithm>
 #include <cmath>
+#include <kelo_base/dxf/SheetCorners.h>
 #include <limits>
 #include <numbers>
 #include <utility>
@@ -503,7 +504,6 @@ void ShowSheetStates(SheetPicture &picture, const DxfDrawing &drawing,
 SheetFigure FigureOf(const SheetPicture &picture, const SheetPlace &place,
                      const DxfDrawing &drawing)
 {
-    constexpr std::array kOrder{vpTopLeft, vpTopRight, vpBottomRight, vpBottomLeft};
     SheetFigure figure{.kind = place.kind, .state = place.state};
     const DxfInsert &insert = drawing.Inserts()[picture.sheets[place.firstSheet]];
     const DxfBlock &block = *drawing.BlockOf(insert);
@@ -519,13 +519,11 @@ SheetFigure FigureOf(const SheetPicture &picture, const SheetPlace &place,
         if (part.polyline->closed)
             outline << QPointF(outline.first());
     }
-    for (quint32 i = 0; drawn.isFrame && i < 4; ++i) {
-        const DxfPolyline &frame = *drawn.parts.front().polyline;
-        const auto *label = std::ranges::find(kOrder, drawing.Corner(frame, i));
-        if (label != kOrder.end())
-            figure.corners[static_cast<std::size_t>(label - kOrder.begin())] =
-                placed(drawing.Vertices(frame)[i]);
-    }
+    const SheetCorners corners =
+        drawn.isFrame ? CornersOf(drawing, *drawn.parts.front().polyline) : SheetCorners();
+    for (std::size_t i = 0; i < corners.size(); ++i)
+        if (corners[i])
+            figure.corners[i] = placed(*corners[i]);
     figure.bounds = place.bounds;
     figure.number = numberText(picture, place, drawing);
     PlaceNumber(figure, LeastTextHeight(picture), 140);

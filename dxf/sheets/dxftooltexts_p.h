@@ -111,7 +111,6 @@ public:
     {
         return length == QLatin1StringView("1") ? tr("1 unit") : tr("%1 units").arg(length);
     }
-    static QString NoSheets() { return tr("No insert of the plan counts as a sheet"); }
     static QString AtByte(const QString &text, qint64 offset)
     {
         return tr("%1, at byte %2").arg(text, QString::number(offset));

@@ -2,8 +2,8 @@
 // The part of the workbench dialog that asks how a plan is analysed.
 #pragma once
 
-#include "dxf/workbench/openplan_p.h"
 #include <QWidget>
+#include <kelo_base/dxf/PlanSession.h>
 #include <vector>
 
 class OfferModel;

@@ -103,7 +103,8 @@ void SheetPictureView::showStates(std::span<const quint32> chosen)
 
 void SheetPictureView::clear(const QString &message)
 {
-    setSheets({}, {}, {});
+    const DxfDrawing none;
+    setSheets(none, {}, {});
     m_drawing = nullptr;
     m_legend.clear();
     m_message = message;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The chosen sheets of a drawing as a table.
 #include "dxf/read/sheetnumber_p.h"
-#include "dxf/sheets/sheetcorners_p.h"
+#include "dxf/sheets/cornertext_p.h"
 #include "dxf/sheets/sheetorder_p.h"
 #include "dxf/workbench/sheettablemodel_p.h"
 #include <algorithm>

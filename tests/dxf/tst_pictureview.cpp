@@ -24,6 +24,7 @@ SheetFigure figureOf(const QPolygonF &outline)
 /// Ten sheets of 3 x 2 in two rows, in about the shape of the view; the last three share a block.
 struct Bench
 {
+    DxfDrawing drawing;
     SheetPictureView view;
     std::vector<Sheets> picked;
 
@@ -38,7 +39,7 @@ struct Bench
             addBlock(plan, block, {{{x, y}, {x + 3, y}, {x + 3, y + 2}, {x, y + 2}}});
             addInsert(plan, block, {{"BL_NR", std::to_string(i)}});
         }
-        DxfDrawing drawing = plan.Take();
+        drawing = plan.Take();
         GK::CRoutingTilesRevisor revisor(drawing);
         for (std::size_t block = 0; block < drawing.Blocks().size(); ++block)
             revisor.ReviseBlock(block);
@@ -139,7 +140,17 @@ void TestPictureView::findsFigures()
         figureOf(QRectF(5, 5, 10, 2)), figureOf(QPolygonF(QList<QPointF>{{40, 0}, {50, 10}})),
         figureOf(QPolygonF(QList<QPointF>{{60, 5}}))};
     const auto at = [&](double x, double y) {
-        return static_cast<int>(FigureAt(figures, {x, y}, 1).value_or(99));
+        for (int i = static_cast<int>(figures.size()); i-- > 0;)
+            if (IsAt(figures[static_cast<std::size_t>(i)], {x, y}, 1))
+                return i;
+        return 99;
+    };
+    const auto in = [&](const QRectF &area) {
+        std::vector<std::size_t> touched;
+        for (std::size_t i = 0; i < figures.size(); ++i)
+            if (Touches(figures[i], area))
+                touched.push_back(i);
+        return touched;
     };
     QCOMPARE(at(8, 6), 2);   // the upper one of two
     QCOMPARE(at(11, 1), 99); // within the bounds of the diamond only
@@ -148,10 +159,10 @@ void TestPictureView::findsFigures()
     QCOMPARE(at(48, 2), 99); // beside the line
     QCOMPARE(at(60.5, 5.5), 4);
     using Found = std::vector<std::size_t>;
-    QCOMPARE(FiguresIn(figures, {-1, -1, 100, 100}), (Found{0, 1, 2, 3, 4}));
-    QCOMPARE(FiguresIn(figures, {1, 1, 2, 2}), Found{0});   // inside of one
-    QCOMPARE(FiguresIn(figures, {10.5, 0, 4, 4}), Found()); // beside the diamond's edge
-    QCOMPARE(FiguresIn(figures, {42, 1, 2, 20}), Found{3}); // neither end is in it
+    QCOMPARE(in({-1, -1, 100, 100}), (Found{0, 1, 2, 3, 4}));
+    QCOMPARE(in({1, 1, 2, 2}), Found{0});   // inside of one
+    QCOMPARE(in({10.5, 0, 4, 4}), Found()); // beside the diamond's edge
+    QCOMPARE(in({42, 1, 2, 20}), Found{3}); // neither end is in it
 }
 
 void TestPictureView::picksWithTheMouse()
