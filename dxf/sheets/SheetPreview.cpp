@@ -504,7 +504,10 @@ void ShowSheetStates(SheetPicture &picture, const DxfDrawing &drawing,
 SheetFigure FigureOf(const SheetPicture &picture, const SheetPlace &place,
                      const DxfDrawing &drawing)
 {
-    SheetFigure figure{.kind = place.kind, .state = place.state};
+    SheetFigure figure;
+    figure.kind = place.kind;
+    figure.state = place.state;
+    figure.bounds = place.bounds;
     const DxfInsert &insert = drawing.Inserts()[picture.sheets[place.firstSheet]];
     const DxfBlock &block = *drawing.BlockOf(insert);
     const Drawn drawn = drawnOf(drawing, block);
@@ -524,7 +527,6 @@ SheetFigure FigureOf(const SheetPicture &picture, const SheetPlace &place,
     for (std::size_t i = 0; i < corners.size(); ++i)
         if (corners[i])
             figure.corners[i] = placed(*corners[i]);
-    figure.bounds = place.bounds;
     figure.number = numberText(picture, place, drawing);
     PlaceNumber(figure, LeastTextHeight(picture), 140);
     return figure;

@@ -55,8 +55,8 @@ struct SheetScene
     const DxfDrawing &drawing;
     const SheetLook &look;
     double scale = 1;
-    QPointF origin;
-    QRectF area;               ///< in pixels; what lies outside is not painted
+    QPointF origin = {};
+    QRectF area = {};              ///< in pixels; what lies outside is not painted
     double leastOutlined = 12; ///< pixels; smaller sheets are spots
     double leastCornered = 22; ///< smaller ones have no marks in their corners
     double leastText = 7;      ///< heights of numbers: smaller ones cannot be read,
@@ -64,7 +64,7 @@ struct SheetScene
     double lineWidth = 1;
     bool hasBoxes = false;  ///< beside the numbers
     bool isBundled = false; ///< few paths instead of many: short to write, but overlaps run together
-    QColor highlight;
+    QColor highlight = {};
     const std::vector<bool> *isSelected = nullptr; ///< one for each place
 };
 
