@@ -10,6 +10,7 @@
 #include "dxf/workbench/panelparts_p.h"
 #include <QBoxLayout>
 #include <QCheckBox>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -57,19 +58,21 @@ FilterPanel::FilterPanel(QWidget *parent)
 
 void FilterPanel::layOut()
 {
-    auto *include = new QHBoxLayout(m_include);
-    include->addWidget(workbench::buddyLabel(DxfDialogTexts::Tag(), m_includeTag));
-    include->addWidget(m_includeTag);
-    include->addWidget(workbench::buddyLabel(DxfDialogTexts::Value(), m_includeValue));
-    include->addWidget(m_includeValue);
-    auto *exclude = new QHBoxLayout(m_exclude);
+    auto *include = new QGridLayout(m_include);
+    include->addWidget(workbench::buddyLabel(DxfDialogTexts::Tag(), m_includeTag), 0, 0);
+    include->addWidget(m_includeTag, 1, 0);
+    include->addWidget(workbench::buddyLabel(DxfDialogTexts::Value(), m_includeValue), 0, 1);
+    include->addWidget(m_includeValue, 1, 1);
+    auto *exclude = new QVBoxLayout(m_exclude);
     exclude->addWidget(workbench::buddyLabel(DxfDialogTexts::ExcludeTag(), m_excludeTag));
     exclude->addWidget(m_excludeTag);
+    auto *groups = new QHBoxLayout; // side by side: the height is the list's
+    groups->addWidget(m_include, 2);
+    groups->addWidget(m_exclude, 1);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins({});
     column->addWidget(m_correct);
-    column->addWidget(m_include);
-    column->addWidget(m_exclude);
+    column->addLayout(groups);
 }
 
 void FilterPanel::nameForAccess()

@@ -248,13 +248,6 @@
         <source>Sheet &apos;%1&apos; is not exported: its insert lies inside a block</source>
         <translation>Blatt „%1“ wird nicht exportiert: Seine Blockeinfügung liegt innerhalb eines Blocks</translation>
     </message>
-    <message numerus="yes">
-        <source>the first %1 of %n sheets</source>
-        <translation>
-            <numerusform>die ersten %1 von %n Blatt</numerusform>
-            <numerusform>die ersten %1 von %n Blättern</numerusform>
-        </translation>
-    </message>
     <message>
         <source>1 sheet</source>
         <translation>1 Blatt</translation>
@@ -346,8 +339,28 @@
         <translation>Bild der Blätter</translation>
     </message>
     <message>
-        <source>Arrow keys move the picture, plus and minus zoom, Home shows all of it.</source>
-        <translation>Die Pfeiltasten verschieben das Bild, Plus vergrößert, Minus verkleinert, Pos1 zeigt alles.</translation>
+        <source>not marked: %1</source>
+        <translation>nicht markiert: %1</translation>
+    </message>
+    <message>
+        <source>not included: %1</source>
+        <translation>nicht einbezogen: %1</translation>
+    </message>
+    <message>
+        <source>Arrow keys move the picture, plus and minus zoom, Home shows all of it, Space marks the selected sheets or takes their marks away.</source>
+        <translation>Pfeiltasten verschieben das Bild, Plus und Minus vergrößern und verkleinern es, Pos1 zeigt alles, die Leertaste markiert die ausgewählten Blätter oder nimmt ihnen die Markierung.</translation>
+    </message>
+    <message>
+        <source>The wheel zooms, dragging moves the picture. A click selects a sheet, with Ctrl or Shift further ones, and on the number marks it. Dragging with Shift selects all within a rectangle. A double click shows a sheet closely, or everything.</source>
+        <translation>Das Mausrad vergrößert und verkleinert, Ziehen verschiebt das Bild. Ein Klick wählt ein Blatt aus, mit Strg oder Umschalt weitere, und auf der Nummer markiert er es. Ziehen mit Umschalt wählt alles in einem Rechteck aus. Ein Doppelklick zeigt ein Blatt von Nahem oder alles.</translation>
+    </message>
+    <message>
+        <source>%1 - not marked</source>
+        <translation>%1 – nicht markiert</translation>
+    </message>
+    <message>
+        <source>%1 - not included</source>
+        <translation>%1 – nicht einbezogen</translation>
     </message>
 </context>
 <context>
@@ -452,10 +465,6 @@
         <translation>Aus&amp;gewählte Blätter:</translation>
     </message>
     <message>
-        <source>Selected sheets</source>
-        <translation>Ausgewählte Blätter</translation>
-    </message>
-    <message>
         <source>Number of selected sheets</source>
         <translation>Anzahl der ausgewählten Blätter</translation>
     </message>
@@ -490,10 +499,6 @@
     <message>
         <source>&amp;Findings:</source>
         <translation>&amp;Hinweise:</translation>
-    </message>
-    <message>
-        <source>Findings</source>
-        <translation>Hinweise</translation>
     </message>
     <message>
         <source>No findings</source>
@@ -550,6 +555,88 @@
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
     </message>
+    <message>
+        <source>Opens a DXF plan (%1)</source>
+        <translation>Öffnet einen DXF-Plan (%1)</translation>
+    </message>
+    <message>
+        <source>Only one plan can be shown at a time: drop one file</source>
+        <translation>Es kann nur ein Plan auf einmal gezeigt werden: bitte eine einzelne Datei ablegen</translation>
+    </message>
+    <message>
+        <source>The Down key offers what the plan has.</source>
+        <translation>Die Taste „Nach unten“ bietet an, was der Plan enthält.</translation>
+    </message>
+    <message>
+        <source>Mar&amp;k Selected</source>
+        <translation>Ausw&amp;ahl markieren</translation>
+    </message>
+    <message>
+        <source>Marks the sheets that are selected; all others stay as they are. The space bar marks them or takes their marks away.</source>
+        <translation>Markiert die ausgewählten Blätter; alle anderen bleiben, wie sie sind. Die Leertaste markiert sie oder nimmt ihnen die Markierung.</translation>
+    </message>
+    <message>
+        <source>Save Picture...</source>
+        <translation>Bild speichern …</translation>
+    </message>
+    <message>
+        <source>What mouse and keys do in the picture</source>
+        <translation>Was Maus und Tasten im Bild bewirken</translation>
+    </message>
+    <message>
+        <source>SVG drawing (*.svg);;PNG image (*.png)</source>
+        <translation>SVG-Zeichnung (*.svg);;PNG-Bild (*.png)</translation>
+    </message>
+    <message>
+        <source>Picture saved as %1</source>
+        <translation>Bild gespeichert als %1</translation>
+    </message>
+    <message>
+        <source>1 warning</source>
+        <translation>1 Warnung</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln warnings</source>
+        <translation>
+            <numerusform>%Ln Warnung</numerusform>
+            <numerusform>%Ln Warnungen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 note</source>
+        <translation>1 Hinweis</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln notes</source>
+        <translation>
+            <numerusform>%Ln Hinweis</numerusform>
+            <numerusform>%Ln Hinweise</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Findings: %1</source>
+        <translation>&amp;Hinweise: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Findings: %1, %2</source>
+        <translation>&amp;Hinweise: %1, %2</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>Finding</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Copy as Table</source>
+        <translation>Als Tabelle kopieren</translation>
+    </message>
 </context>
 <context>
     <name>DxfWorkbench</name>
@@ -564,6 +651,25 @@
     <message>
         <source>Only one plan can be shown</source>
         <translation>Es kann nur ein Plan gezeigt werden</translation>
+    </message>
+</context>
+<context>
+    <name>OfferModel</name>
+    <message>
+        <source>%1 (1 insert)</source>
+        <extracomment>%1 is a tag or a value of attributes</extracomment>
+        <translation>%1 (1 Blockeinfügung)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 (%n inserts)</source>
+        <translation>
+            <numerusform>%1 (%n Blockeinfügung)</numerusform>
+            <numerusform>%1 (%n Blockeinfügungen)</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(leer)</translation>
     </message>
 </context>
 <context>
@@ -943,21 +1049,6 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>Top left and bottom right corners</source>
         <translation>Ecken oben links und unten rechts</translation>
-    </message>
-</context>
-<context>
-    <name>TagModel</name>
-    <message numerus="yes">
-        <source>%1 (%n inserts)</source>
-        <translation>
-            <numerusform>%1 (%n Blockeinfügung)</numerusform>
-            <numerusform>%1 (%n Blockeinfügungen)</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>%1 (1 insert)</source>
-        <extracomment>%1 is an attribute tag</extracomment>
-        <translation>%1 (1 Blockeinfügung)</translation>
     </message>
 </context>
 <context>
