@@ -2,7 +2,9 @@
 // What every operating system does in its own way; one source per system, none of which needs Qt.
 #pragma once
 
+#include <filesystem>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace platform {
@@ -14,5 +16,25 @@ std::vector<std::string> processNames();
 /// Names the calling thread for debuggers; no effect where nobody listens.
 /// @param name  UTF-8, not null
 void setThreadName(const char *name);
+
+/// Opens a file for reading; -1, and errno, when that cannot be done.
+int openFile(const std::filesystem::path &path);
+
+/// Opens a new file for writing, with the permissions that the user wants for new files; -1, and
+/// errno, when that cannot be done or there is one of that name.
+int createFile(const std::filesystem::path &path);
+
+/// The same without a name, until nameFile() gives it one: it is gone with whoever dies before. -1
+/// where the system or the folder's file system knows no such files.
+int createNamelessFile(const std::filesystem::path &folder);
+bool nameFile(int descriptor, const std::filesystem::path &name);
+
+/// Whether the caller may write to the file that is there, and anybody may: a file that nobody may
+/// write to is protected from the administrator as well.
+bool isWritable(const std::filesystem::path &path);
+
+/// Renames a file, over an older one if there is one. On Windows, another program that holds the
+/// older one open is given two seconds to let it go.
+std::error_code renameOver(const std::filesystem::path &from, const std::filesystem::path &to);
 
 } // namespace platform

@@ -1,15 +1,20 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Linux: processes from /proc, thread names from the kernel.
+// Linux: processes from /proc, thread names from the kernel, files without a name.
 #include "core/platform/platform.h"
 
 #include <algorithm>
-#include <filesystem>
+#include <fcntl.h>
 #include <fstream>
 #include <pthread.h>
 #include <string_view>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace platform {
 namespace {
+
+constexpr mode_t kNewFile = 0666; // less what the user's mask takes away
+constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
 
 /// The file up to @p end, or all of it; empty when the process has just gone or is another user's.
 std::string readUntil(const std::filesystem::path &file, char end)
@@ -66,6 +71,43 @@ void setThreadName(const char *name)
         text = text.substr(0, length);
     }
     pthread_setname_np(pthread_self(), std::string(text).c_str());
+}
+
+int openFile(const std::filesystem::path &path)
+{
+    return open(path.c_str(), O_RDONLY | O_CLOEXEC);
+}
+
+int createFile(const std::filesystem::path &path)
+{
+    return open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFile);
+}
+
+int createNamelessFile(const std::filesystem::path &folder)
+{
+    return open(folder.c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, kNewFile);
+}
+
+bool nameFile(int descriptor, const std::filesystem::path &name)
+{
+    const std::string open = "/proc/self/fd/" + std::to_string(descriptor);
+    return linkat(AT_FDCWD, open.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0;
+}
+
+bool isWritable(const std::filesystem::path &path)
+{
+    struct stat status
+    {
+    };
+    const bool isKnown = stat(path.c_str(), &status) == 0;
+    return isKnown && (status.st_mode & kAnyWrite) != 0 && access(path.c_str(), W_OK) == 0;
+}
+
+std::error_code renameOver(const std::filesystem::path &from, const std::filesystem::path &to)
+{
+    std::error_code error;
+    std::filesystem::rename(from, to, error);
+    return error;
 }
 
 } // namespace platform

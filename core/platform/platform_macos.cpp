@@ -3,10 +3,19 @@
 #include "core/platform/platform.h"
 
 #include <algorithm>
+#include <fcntl.h>
 #include <libproc.h>
 #include <pthread.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace platform {
+namespace {
+
+constexpr mode_t kNewFile = 0666; // less what the user's mask takes away
+constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+
+} // namespace
 
 std::vector<std::string> processNames()
 {
@@ -29,6 +38,42 @@ std::vector<std::string> processNames()
 void setThreadName(const char *name)
 {
     pthread_setname_np(name);
+}
+
+int openFile(const std::filesystem::path &path)
+{
+    return open(path.c_str(), O_RDONLY | O_CLOEXEC);
+}
+
+int createFile(const std::filesystem::path &path)
+{
+    return open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFile);
+}
+
+int createNamelessFile(const std::filesystem::path &)
+{
+    return -1;
+}
+
+bool nameFile(int, const std::filesystem::path &)
+{
+    return false;
+}
+
+bool isWritable(const std::filesystem::path &path)
+{
+    struct stat status
+    {
+    };
+    const bool isKnown = stat(path.c_str(), &status) == 0;
+    return isKnown && (status.st_mode & kAnyWrite) != 0 && access(path.c_str(), W_OK) == 0;
+}
+
+std::error_code renameOver(const std::filesystem::path &from, const std::filesystem::path &to)
+{
+    std::error_code error;
+    std::filesystem::rename(from, to, error);
+    return error;
 }
 
 } // namespace platform

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Windows: processes from a snapshot of the system, thread names by an exception for debuggers.
+// Windows: processes from a snapshot of the system, thread names by an exception for debuggers,
+// files that other programs hold for a moment.
 #include "core/platform/platform.h"
 
+#include <fcntl.h>
+#include <io.h>
 #include <memory>
+#include <sys/stat.h>
 #include <windows.h>
 
 #include <tlhelp32.h> // wants windows.h before it
@@ -27,6 +31,14 @@ LONG CALLBACK swallowThreadName(EXCEPTION_POINTERS *exception)
 {
     const bool isThreadName = exception->ExceptionRecord->ExceptionCode == kThreadNameException;
     return isThreadName ? EXCEPTION_CONTINUE_EXECUTION : EXCEPTION_CONTINUE_SEARCH;
+}
+
+/// Virus scanners and sheet viewers hold a file for a moment. A file held without leave to be
+/// deleted refuses its replacement with "access denied", like one that is protected.
+bool isHeldByOthers(DWORD error)
+{
+    return error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION ||
+           error == ERROR_ACCESS_DENIED;
 }
 
 } // namespace
@@ -57,6 +69,48 @@ void setThreadName(const char *name)
     const ULONG_PTR words[] = {0x1000, reinterpret_cast<ULONG_PTR>(name), kCallingThread, 0};
     RaiseException(kThreadNameException, 0, static_cast<DWORD>(std::size(words)), words);
     RemoveVectoredExceptionHandler(handler);
+}
+
+int openFile(const std::filesystem::path &path)
+{
+    return _wopen(path.c_str(), _O_RDONLY | _O_BINARY | _O_NOINHERIT);
+}
+
+int createFile(const std::filesystem::path &path)
+{
+    constexpr int mode = _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT;
+    return _wopen(path.c_str(), mode, _S_IREAD | _S_IWRITE);
+}
+
+int createNamelessFile(const std::filesystem::path &)
+{
+    return -1;
+}
+
+bool nameFile(int, const std::filesystem::path &)
+{
+    return false;
+}
+
+bool isWritable(const std::filesystem::path &path)
+{
+    constexpr int kMayWrite = 2;
+    return _waccess(path.c_str(), kMayWrite) == 0;
+}
+
+std::error_code renameOver(const std::filesystem::path &from, const std::filesystem::path &to)
+{
+    constexpr ULONGLONG kPatience = 2000; // milliseconds
+    constexpr DWORD kPause = 20;
+    const ULONGLONG end = GetTickCount64() + kPatience;
+    for (;;) {
+        if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING))
+            return {};
+        const DWORD error = GetLastError();
+        if (!isHeldByOthers(error) || GetTickCount64() >= end)
+            return {static_cast<int>(error), std::system_category()};
+        Sleep(kPause);
+    }
 }
 
 } // namespace platform

@@ -6,7 +6,7 @@
 #include "dxf/read/plangate_p.h"
 #include "dxf/read/readertext_p.h"
 #include <QFile>
-#include <QFileInfo>
+#include <kelo_base/core/FileName.h>
 #include <kelo_base/dxf/DxfReader.h>
 
 namespace {
@@ -124,14 +124,16 @@ DxfReadResult ReadDxf(QIODevice &device, const QString &name, const ReadProgress
 DxfReadResult ReadDxfFile(const QString &path, const ReadProgress &progress,
                           const DxfReadOptions &options)
 {
-    const QFileInfo info(path);
-    if (!info.exists())
-        return failed(path, {0, ReaderText::tr("File '%1' does not exist").arg(path)}, false);
-    if (info.isDir())
-        return failed(path, {0, ReaderText::tr("Is a folder, not a plan")}, false);
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return failed(path, {0, ReaderText::tr("Cannot be opened: %1").arg(file.errorString())},
+    const QString name = ReadableFileName(path);
+    std::error_code ignored;
+    const std::filesystem::file_status status = std::filesystem::status(SystemPath(path), ignored);
+    if (!std::filesystem::exists(status))
+        return failed(name, {0, ReaderText::tr("File '%1' does not exist").arg(name)}, false);
+    if (std::filesystem::is_directory(status))
+        return failed(name, {0, ReaderText::tr("Is a folder, not a plan")}, false);
+    QFile file;
+    if (!OpenForReading(file, path))
+        return failed(name, {0, ReaderText::tr("Cannot be opened: %1").arg(file.errorString())},
                       false);
-    return ReadDxf(file, path, progress, options);
+    return ReadDxf(file, name, progress, options);
 }

@@ -7,18 +7,17 @@
 #include "dxf/sheets/progresssteps_p.h"
 #include <QFile>
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
 #include <iterator>
+#include <kelo_base/dxf/SheetCorners.h>
+#include <optional>
 
 namespace {
 
 constexpr std::size_t kChunk = 256UL * 1024;
 constexpr std::ptrdiff_t kColumns = 7;
-/// Corners stand clockwise from top left, not in the order of their numbers.
-constexpr std::array kCornerOrder{vpTopLeft, vpTopRight, vpBottomRight, vpBottomLeft};
 
 /// |value| in hundredths, exactly rounded half to even, for |value| < 2^52: a mantissa of 53 bits
 /// times 100 fits into 64, so that the rounding sees every bit.
@@ -60,12 +59,7 @@ void appendAligned(std::string &text, const char *begin, const char *end)
 
 void appendCornerLines(std::string &text, const DxfDrawing &drawing, const DxfPolyline &polyline)
 {
-    std::array<const DxfVertex *, 5> corners{}; // by label; of two with one label the later counts
-    const auto vertices = drawing.Vertices(polyline);
-    for (quint32 i = 0; i < vertices.size(); ++i)
-        corners[static_cast<std::size_t>(drawing.Corner(polyline, i))] = &vertices[i];
-    for (const VtxPosition position : kCornerOrder) {
-        const DxfVertex *corner = corners[static_cast<std::size_t>(position)];
+    for (const auto &corner : CornersOf(drawing, polyline)) {
         if (!corner)
             continue;
         AppendGk2Coordinate(text, corner->x);
@@ -73,6 +67,15 @@ void appendCornerLines(std::string &text, const DxfDrawing &drawing, const DxfPo
         AppendGk2Coordinate(text, corner->y);
         text += "    \r\n";
     }
+}
+
+/// The sheet number of an insert that is exported; nothing when it is not.
+std::optional<std::string_view> recordNumber(const DxfDrawing &drawing, const DxfInsert &insert)
+{
+    const DxfBlock *block = drawing.BlockOf(insert);
+    if (!block || block->polylineCount == 0 || !insert.exportMark)
+        return std::nullopt;
+    return SheetNumberAttribute(drawing, insert);
 }
 
 /// Formats records. Sheets of one block in a row format its corners once.
@@ -84,16 +87,13 @@ public:
     /// False, and nothing appended, when the insert is not to be exported.
     bool Append(std::string &text, const DxfInsert &insert)
     {
-        const DxfBlock *block = m_drawing.BlockOf(insert);
-        if (!block || block->polylineCount == 0 || !insert.exportMark)
-            return false;
-        const auto number = SheetNumberAttribute(m_drawing, insert);
+        const auto number = recordNumber(m_drawing, insert);
         if (!number)
             return false;
         text += "\r\n";
         text += *number;
         text += "\r\n";
-        text += cornersOf(*block);
+        text += cornersOf(*m_drawing.BlockOf(insert));
         return true;
     }
 
@@ -158,13 +158,19 @@ private:
     std::span<const quint32> m_sheets;
 };
 
-/// Hands the text over and empties it. False when the device did not take it all.
+/// Hands the text over and empties it. False when the device did not take it all; after a part,
+/// only its next refusal tells why.
 bool flush(QIODevice &device, std::string &text)
 {
     const auto size = static_cast<qint64>(text.size());
-    const bool isStored = device.write(text.data(), size) == size;
+    qint64 done = 0;
+    qint64 stored = 1;
+    while (done < size && stored > 0) {
+        stored = device.write(text.data() + done, size - done);
+        done += std::max<qint64>(stored, 0);
+    }
     text.clear();
-    return isStored;
+    return done == size;
 }
 
 /// A device that takes everything and keeps nothing.
@@ -224,6 +230,13 @@ qint64 CountGk2Records(const DxfDrawing &drawing, std::span<const quint32> sheet
 {
     Nowhere nowhere;
     return WriteGk2(nowhere, drawing, sheets).written;
+}
+
+bool HasGk2Records(const DxfDrawing &drawing, std::span<const quint32> sheets)
+{
+    return std::ranges::any_of(sheets, [&](quint32 sheet) {
+        return recordNumber(drawing, drawing.Inserts()[sheet]).has_value();
+    });
 }
 
 qint64 ExportGk2File(const QString &path, const DxfDrawing &drawing,

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <kelo_base/dxf/RoutingTilesRevisor.h>
+#include <kelo_base/dxf/SheetCorners.h>
 
 namespace {
 
@@ -18,7 +19,6 @@ struct Direction ///< unit length; zero where two vertices coincide
 };
 using Edges = std::array<Direction, 4>;
 
-constexpr CornerLabels kClockwiseFromTopLeft{vpTopLeft, vpTopRight, vpBottomRight, vpBottomLeft};
 constexpr CornerLabels kCounterClockwiseFromBottomLeft{vpBottomLeft, vpBottomRight, vpTopRight,
                                                        vpTopLeft};
 
@@ -93,8 +93,7 @@ CornerLabels uprightLabels(const Edges &edges)
         run = quarterTurn(run, counterClockwise);
         ++first;
     }
-    CornerLabels labels =
-        counterClockwise ? kCounterClockwiseFromBottomLeft : kClockwiseFromTopLeft;
+    CornerLabels labels = counterClockwise ? kCounterClockwiseFromBottomLeft : kClockwiseCorners;
     std::rotate(labels.rbegin(), labels.rbegin() + static_cast<std::ptrdiff_t>(first),
                 labels.rend());
     return labels;
@@ -113,7 +112,7 @@ std::optional<CornerLabels> LabelCorners(std::span<const DxfVertex> vertices, bo
         edges[i] = direction((*corners)[i], (*corners)[(i + 1) % 4]);
     if (!isRectangle(edges))
         return std::nullopt;
-    return order == CornerOrder::AsDrawn ? kClockwiseFromTopLeft : uprightLabels(edges);
+    return order == CornerOrder::AsDrawn ? kClockwiseCorners : uprightLabels(edges);
 }
 
 std::size_t CountRectangles(const DxfDrawing &drawing, const DxfBlock &block)

@@ -8,7 +8,8 @@
 #include <QLocale>
 #include <algorithm>
 #include <cmath>
-#include <kelo_base/dxf/RoutingTilesRevisor.h>
+#include <kelo_base/dxf/SheetCorners.h>
+#include <kelo_base/dxf/SheetPlacing.h>
 #include <numbers>
 #include <unordered_map>
 #include <unordered_set>
@@ -56,19 +57,16 @@ QPolygonF outline(const DxfDrawing &drawing, const DxfPolyline &polyline, std::s
 /// Takes the frame; without one, as much as shows what the block holds instead.
 void takeOutlines(Draft &draft, const DxfDrawing &drawing, const DxfBlock &block)
 {
-    constexpr std::array order{vpTopLeft, vpTopRight, vpBottomRight, vpBottomLeft};
     std::size_t room = kMostPoints;
     for (const DxfPolyline &polyline : drawing.Polylines(block)) {
         const bool isFrame = polyline.vertexCount >= 4 && drawing.Corner(polyline, 0) != vpUnknown;
         if (isFrame) {
             draft.figure.kind = Kind::Labelled;
             draft.figure.outlines = {outline(drawing, polyline, 5)};
-            for (quint32 i = 0; i < 4; ++i) {
-                const auto *label = std::ranges::find(order, drawing.Corner(polyline, i));
-                if (label != order.end())
-                    draft.figure.corners[static_cast<std::size_t>(label - order.begin())] =
-                        point(drawing.Vertices(polyline)[i]);
-            }
+            const SheetCorners corners = CornersOf(drawing, polyline);
+            for (std::size_t i = 0; i < corners.size(); ++i)
+                if (corners[i])
+                    draft.figure.corners[i] = point(*corners[i]);
             return;
         }
         if (polyline.vertexCount > 0 && room > 0) {
@@ -291,8 +289,9 @@ private:
     QPointF m_next;
 };
 
+/// @param isMoved  inserts move some of the sheets, which is not shown
 void writeLegend(SheetPicture &picture, double margin, double top, const QString &title,
-                 std::size_t sheets)
+                 std::size_t sheets, bool isMoved)
 {
     const auto count = [&picture](Kind kind) {
         return std::ranges::count(picture.figures, kind, &SheetFigure::kind);
@@ -301,8 +300,9 @@ void writeLegend(SheetPicture &picture, double margin, double top, const QString
     legend.Add({.position = {}, .text = title, .isTitle = true});
     legend.Add(Mark::None, DxfToolTexts::SheetsDrawn(static_cast<qint64>(sheets),
                                                      std::min(sheets, kMostFigures)));
-    legend.Add(Mark::None,
-               picture.isMap ? DxfToolTexts::DrawnInPlace() : DxfToolTexts::DrawnInRows());
+    legend.Add(Mark::None, !picture.isMap ? DxfToolTexts::DrawnInRows()
+                           : isMoved      ? DxfToolTexts::DrawnWithoutPlacement()
+                                          : DxfToolTexts::DrawnInPlace());
     legend.Break();
     legend.Add(Mark::Sheet, DxfToolTexts::SheetInPreview());
     const QStringList corners = DxfToolTexts::CornersInPreview();
@@ -393,6 +393,8 @@ SheetPicture LayOutSheets(const DxfDrawing &drawing, std::span<const quint32> sh
         PlaceNumber(figure, kLeast, kMost);
     }
     picture.size = {width, 0};
-    writeLegend(picture, margin, used.height() + 2 * margin, title, sheets.size());
+    const auto isMoved = [&](quint32 sheet) { return IsMoved(drawing, sheet); };
+    writeLegend(picture, margin, used.height() + 2 * margin, title, sheets.size(),
+                std::ranges::any_of(sheets, isMoved));
     return picture;
 }

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Counts the records of a GK2 file without writing one.
+// What a GK2 file would hold, without writing one.
 #pragma once
 
 #include <kelo_base/dxf/DxfDrawing.h>
 #include <span>
 
 /// What WriteGk2() counts when nothing hinders it.
-qint64 CountGk2Records(const DxfDrawing &drawing, std::span<const quint32> sheets);
+[[nodiscard]] qint64 CountGk2Records(const DxfDrawing &drawing, std::span<const quint32> sheets);
+/// Whether that is more than none; looks no further than to the first.
+[[nodiscard]] bool HasGk2Records(const DxfDrawing &drawing, std::span<const quint32> sheets);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // All that can be sheets of a drawing, in the orders in which people look for one.
 #include "dxf/read/sheetnumber_p.h"
-#include "dxf/sheets/sheetcorners_p.h"
 #include "dxf/sheets/sheetorder_p.h"
 #include <algorithm>
 #include <kelo_base/core/NaturalOrder.h>
+#include <kelo_base/dxf/SheetCorners.h>
 #include <kelo_base/dxf/SheetSelection.h>
 #include <numeric>
 #include <tuple>
@@ -84,7 +84,7 @@ std::vector<quint32> SheetsByBlock(const DxfDrawing &drawing)
 {
     std::vector<std::string_view> names(drawing.Blocks().size());
     std::ranges::transform(drawing.Blocks(), names.begin(),
-                           [&](const DxfBlock &block) { return drawing.Name(block); });
+                           [&](const DxfBlock &block) { return drawing.ShownName(block); });
     return sheetsInOrderOf(naturalOrder(drawing, names), drawing);
 }
 
@@ -99,7 +99,8 @@ std::vector<quint32> SheetsByCorners(const DxfDrawing &drawing)
     places.reserve(drawing.Blocks().size());
     for (const DxfBlock &block : drawing.Blocks()) {
         const SheetCorners corners = CornersOf(drawing, block);
-        const auto *const first = std::ranges::find_if(corners, [](auto *c) { return c; });
+        const auto *const first =
+            std::ranges::find_if(corners, [](const auto &c) { return c.has_value(); });
         const bool hasCorners = first != corners.end();
         places.push_back({hasCorners ? **first : DxfVertex{}, hasCorners});
     }

@@ -66,7 +66,7 @@ DxfToolsDialog::DxfToolsDialog(QWidget *parent, QSettings *store)
     connect(btnExportAsGK2, &QPushButton::clicked, this, &DxfToolsDialog::OnExportAsGK2Clicked);
     connect(form.btnClose, &QPushButton::clicked, this, &DxfToolsDialog::close);
     connect(&m_parts->opener, &PlanOpener::planShown, this, [this] {
-        setWindowTitle(DxfDialogTexts::TitleWithPlan(m_parts->desk.plan()->name()));
+        setWindowTitle(DxfDialogTexts::TitleWithPlan(m_parts->desk.plan()->Name()));
     });
     connect(&m_parts->opener, &PlanOpener::closeWanted, this, &DxfToolsDialog::close);
 }
@@ -94,8 +94,8 @@ void DxfToolsDialog::CancelReading()
 
 QString DxfToolsDialog::FileName() const
 {
-    const OpenPlan *plan = m_parts->desk.plan();
-    return plan ? plan->path : QString();
+    const PlanSession *plan = m_parts->desk.plan();
+    return plan ? plan->Path() : QString();
 }
 
 void DxfToolsDialog::OnOpenFileClicked()

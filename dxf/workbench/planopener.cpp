@@ -37,6 +37,20 @@ QString sentenceFor(const QString &path, const ReadError &error)
                : DxfDialogTexts::ReadFailed(nameOf(path), error.message);
 }
 
+QString whyNotOpen(const QString &path, const PlanOpening &opening)
+{
+    switch (opening.outcome) {
+    case PlanOpening::Outcome::Cancelled:
+        return DxfDialogTexts::ReadingCancelled(nameOf(path));
+    case PlanOpening::Outcome::NotAnalysed:
+        return DxfToolTexts::AnalyzeFailed();
+    case PlanOpening::Outcome::NotRead:
+    case PlanOpening::Outcome::Opened:
+        break;
+    }
+    return sentenceFor(path, *opening.error);
+}
+
 /// "&1 village.dxf - /plans": the digit can be typed. A long path is shortened.
 QString menuText(qsizetype position, const QString &path, const QFontMetrics &metrics)
 {
@@ -66,20 +80,20 @@ bool PlanOpener::read(const QString &path)
     m_closesAfterwards = false;
     m_form.progress->begin();
     const QPointer<PlanOpener> alive(this);
-    PlanReading reading = ReadPlan(path, m_desk.options(), progressFor(nameOf(path)));
+    PlanOpening opening = PlanSession::Open(path, m_desk.options(), progressFor(nameOf(path)));
     if (!alive) // the dialog was deleted meanwhile
         return false;
     m_isReading = false;
     m_form.setReading(false);
-    const bool isRead = reading.plan != nullptr;
-    if (isRead)
-        show(std::move(reading.plan));
+    const bool isOpen{opening};
+    if (isOpen)
+        show(std::move(opening.session));
     else
-        tellFailure(path, reading);
+        tellFailure(path, opening);
     m_form.setPlanEnabled(m_desk.plan() != nullptr);
     if (m_closesAfterwards)
         emit closeWanted();
-    return isRead;
+    return isOpen;
 }
 
 /// Each report handles events, in which this object may be deleted: what is needed is captured.
@@ -99,29 +113,23 @@ PlanProgress PlanOpener::progressFor(const QString &name) const
     return {.reading = advance, .analyzing = analyze};
 }
 
-void PlanOpener::show(std::unique_ptr<OpenPlan> plan)
+void PlanOpener::show(std::unique_ptr<PlanSession> plan)
 {
     m_desk.show(std::move(plan));
-    const OpenPlan &shown = *m_desk.plan();
+    const PlanSession &shown = *m_desk.plan();
     m_form.readMessage->inform(DxfDialogTexts::PlanRead(
-        shown.name(), static_cast<qint64>(shown.drawing.Inserts().size())));
+        shown.Name(), static_cast<qint64>(shown.Drawing().Inserts().size())));
     m_form.exportMessage->clear();
-    remember(shown.path);
+    remember(shown.Path());
     emit planShown();
 }
 
-void PlanOpener::tellFailure(const QString &path, const PlanReading &reading)
+void PlanOpener::tellFailure(const QString &path, const PlanOpening &opening)
 {
-    QString sentence;
-    if (reading.isCancelled)
-        sentence = DxfDialogTexts::ReadingCancelled(nameOf(path));
-    else if (reading.hasAnalysisFailed)
-        sentence = DxfToolTexts::AnalyzeFailed();
-    else
-        sentence = sentenceFor(path, *reading.error);
-    if (const OpenPlan *shown = m_desk.plan())
-        sentence = DxfDialogTexts::StillShown(sentence, shown->name());
-    if (reading.isCancelled)
+    QString sentence = whyNotOpen(path, opening);
+    if (const PlanSession *shown = m_desk.plan())
+        sentence = DxfDialogTexts::StillShown(sentence, shown->Name());
+    if (opening.outcome == PlanOpening::Outcome::Cancelled)
         m_form.readMessage->inform(sentence);
     else
         m_form.readMessage->warn(sentence);

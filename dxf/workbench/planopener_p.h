@@ -9,9 +9,9 @@
 class DxfToolsForm;
 class DxfToolsStore;
 class SheetDesk;
-struct OpenPlan;
+class PlanSession;
 struct PlanProgress;
-struct PlanReading;
+struct PlanOpening;
 
 /// Reads one plan at a time, with progress, and puts it on the desk; or says why not. Nothing of
 /// the plan shown before changes until the new one is complete.
@@ -36,8 +36,8 @@ signals:
 
 private:
     [[nodiscard]] PlanProgress progressFor(const QString &name) const;
-    void show(std::unique_ptr<OpenPlan> plan);
-    void tellFailure(const QString &path, const PlanReading &reading);
+    void show(std::unique_ptr<PlanSession> plan);
+    void tellFailure(const QString &path, const PlanOpening &opening);
     void remember(const QString &path);
     void fillRecentMenu();
     void readRecent(const QString &path);

@@ -127,12 +127,12 @@ AnalysisOptions SheetDesk::options() const
     return options;
 }
 
-void SheetDesk::show(std::unique_ptr<OpenPlan> plan)
+void SheetDesk::show(std::unique_ptr<PlanSession> plan)
 {
     m_reviewDue.stop();
-    const std::unique_ptr<OpenPlan> old = std::exchange(m_plan, std::move(plan)); // still shown
-    m_form.sheetModel->setDrawing(&m_plan->drawing);
-    m_completion.offerTags(m_plan->drawing);
+    const std::unique_ptr<PlanSession> old = std::exchange(m_plan, std::move(plan)); // still shown
+    m_form.sheetModel->setDrawing(&m_plan->Drawing());
+    m_completion.offerTags(m_plan->Drawing());
     showSheets();
     showReview();
 }
@@ -142,7 +142,7 @@ void SheetDesk::choose()
     if (!m_plan)
         return;
     const std::vector<quint32> selected = selectedSheets();
-    if (!m_plan->choose(options().filter))
+    if (!m_plan->Choose(options().filter))
         return tellFailure();
     showSheets();
     if (selected.size() <= kMostKeptSelected)
@@ -155,7 +155,7 @@ void SheetDesk::review()
     const qor::QtScopedOverrideCursor wait(Qt::WaitCursor);
     QElapsedTimer time;
     time.start();
-    if (!m_plan->review(options().filter))
+    if (!m_plan->Review(options().filter))
         return tellFailure();
     showReview();
     m_form.picture->setSelectedSheets(selectedSheets());
@@ -170,9 +170,9 @@ void SheetDesk::relabel()
     const qor::QtScopedOverrideCursor wait(Qt::WaitCursor);
     const std::vector<quint32> selected = selectedSheets();
     m_reviewDue.stop();
-    if (!m_plan->relabel(options()))
+    if (!m_plan->Relabel(options()))
         return tellFailure();
-    m_form.sheetModel->setDrawing(&m_plan->drawing);
+    m_form.sheetModel->setDrawing(&m_plan->Drawing());
     showSheets();
     showReview();
     selectSheets(selected);
@@ -186,22 +186,22 @@ void SheetDesk::tellFailure()
 void SheetDesk::showSheets()
 {
     const QScopedValueRollback keepPicture(m_isSharingSelection, true);
-    m_form.sheetModel->setSheets(m_plan->analysis.sheets);
+    m_form.sheetModel->setSheets(m_plan->Sheets());
     m_form.sheetHint->showText(whyEmpty());
     showCounts();
 }
 
 void SheetDesk::showReview()
 {
-    const std::vector<quint32> &sheets = m_plan->analysis.sheets;
-    m_form.findingModel->setDiagnostics(m_plan->findings());
+    const std::vector<quint32> &sheets = m_plan->Sheets();
+    m_form.findingModel->setDiagnostics(m_plan->Findings());
     m_form.findingHint->showText(m_form.findingModel->rowCount() == 0 ? DxfDialogTexts::NoFindings()
                                                                       : QString());
     if (sheets.empty())
         m_form.picture->clear(whyEmpty());
     else
-        m_form.picture->setSheets(m_plan->drawing, sheets, m_plan->name());
-    m_completion.offerValues(m_plan->drawing);
+        m_form.picture->setSheets(m_plan->Drawing(), sheets, m_plan->Name());
+    m_completion.offerValues(m_plan->Drawing());
 }
 
 void SheetDesk::showCounts()
@@ -213,9 +213,9 @@ void SheetDesk::showCounts()
 
 QString SheetDesk::whyEmpty() const
 {
-    if (!m_plan->analysis.sheets.empty())
+    if (!m_plan->Sheets().empty())
         return {};
-    return WhyNoSheets(m_plan->drawing, options().filter);
+    return WhyNoSheets(m_plan->Drawing(), options().filter);
 }
 
 std::vector<quint32> SheetDesk::selectedSheets() const
@@ -251,7 +251,7 @@ void SheetDesk::showFinding(const QModelIndex &index)
     if (!m_plan)
         return;
     const Diagnostic &finding = m_form.findingModel->diagnosticAt(index.row());
-    const auto sheet = SheetOf(finding, m_plan->drawing, m_plan->analysis.sheets);
+    const auto sheet = SheetOf(finding, m_plan->Drawing(), m_plan->Sheets());
     if (!sheet)
         return;
     selectSheets({*sheet});

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "dxf/workbench/filtercompletion_p.h"
-#include "dxf/workbench/openplan_p.h"
 #include <QObject>
 #include <QTimer>
 #include <kelo_base/core/ScopedOverrideCursor.h>
+#include <kelo_base/dxf/PlanSession.h>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -25,9 +25,9 @@ public:
     ~SheetDesk() override;
 
     /// Replaces the plan shown.
-    void show(std::unique_ptr<OpenPlan> plan);
+    void show(std::unique_ptr<PlanSession> plan);
     /// Null while there is none.
-    [[nodiscard]] const OpenPlan *plan() const { return m_plan.get(); }
+    [[nodiscard]] const PlanSession *plan() const { return m_plan.get(); }
     /// As they stand in the form.
     [[nodiscard]] AnalysisOptions options() const;
 
@@ -50,7 +50,7 @@ private:
 
     DxfToolsForm &m_form;
     FilterCompletion m_completion;
-    std::unique_ptr<OpenPlan> m_plan;
+    std::unique_ptr<PlanSession> m_plan;
     QTimer m_reviewDue;
     std::optional<qor::QtScopedOverrideCursor> m_sorting; ///< a million sheets take a while
     bool m_isSharingSelection = false;

@@ -3,7 +3,6 @@
 #include "dxf/sheets/dxftooltexts_p.h"
 #include "dxf/workbench/dxfdialogtexts_p.h"
 #include "dxf/workbench/dxftoolsform_p.h"
-#include "dxf/workbench/gk2file_p.h"
 #include "dxf/workbench/messageline_p.h"
 #include "dxf/workbench/sheetdesk_p.h"
 #include "dxf/workbench/sheetexport_p.h"
@@ -35,13 +34,29 @@ QString askForTarget(QWidget *parent, const QString &plan)
     return target;
 }
 
-void tellResult(MessageLine &line, const QString &target, const Gk2FileResult &result)
+QString sentenceFor(const FileFault &fault)
+{
+    switch (fault.kind) {
+    case FileFault::Kind::IsFolder:
+        return DxfDialogTexts::IsAFolder();
+    case FileFault::Kind::IsWriteProtected:
+        return DxfDialogTexts::IsWriteProtected();
+    case FileFault::Kind::None:
+    case FileFault::Kind::System:
+        break;
+    }
+    return fault.reason;
+}
+
+void tellResult(MessageLine &line, const QString &target, const Gk2Export &result)
 {
     const QString file = QDir::toNativeSeparators(target);
     if (result)
         return line.inform(DxfDialogTexts::Exported(result.written, file));
-    const QString sentence = DxfDialogTexts::NotExported(file, result.error);
-    line.warn(result.keptOlderFile ? DxfDialogTexts::OlderFileKept(sentence) : sentence);
+    if (result.outcome == Gk2Export::Outcome::IsThePlan)
+        return line.warn(DxfDialogTexts::IsThePlan(file));
+    const QString sentence = DxfDialogTexts::NotExported(file, sentenceFor(result.fault));
+    line.warn(result.keptOlder ? DxfDialogTexts::OlderFileKept(sentence) : sentence);
 }
 
 /// Counts what was formatted, stored or not; whether it was stored stands in the line.
@@ -62,17 +77,15 @@ void ExportSheets(DxfToolsForm &form, const SheetDesk &desk)
         return;
     const QPointer<MessageLine> line = form.exportMessage;
     QWidget *const window = line->window();
-    const QString target = askForTarget(window, desk.plan()->path);
+    const QString target = askForTarget(window, desk.plan()->Path());
     if (!line || target.isEmpty())
         return;
-    const OpenPlan &plan = *desk.plan();
-    if (AreSameFile(target, plan.path))
-        return line->warn(DxfDialogTexts::IsThePlan(QDir::toNativeSeparators(target)));
-    Gk2FileResult result;
+    Gk2Export result;
     {
         const qor::QtScopedOverrideCursor wait(Qt::WaitCursor);
-        result = ReplaceGk2File(target, plan.drawing, plan.analysis.sheets);
+        result = desk.plan()->Export(target);
     }
     tellResult(*line, target, result);
-    report(window, result.written);
+    if (result.outcome != Gk2Export::Outcome::IsThePlan)
+        report(window, result.written);
 }

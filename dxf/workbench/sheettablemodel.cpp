@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The chosen sheets of a drawing as a table.
 #include "dxf/read/sheetnumber_p.h"
-#include "dxf/sheets/sheetcorners_p.h"
+#include "dxf/sheets/cornertext_p.h"
 #include "dxf/sheets/sheetorder_p.h"
 #include "dxf/workbench/sheettablemodel_p.h"
 #include <algorithm>
@@ -202,7 +202,7 @@ QString SheetTableModel::textOf(const DxfInsert &insert, int column) const
     case ValueColumn:
         return cellText(m_drawing->DisplayText(number.value_or("")));
     case BlockColumn:
-        return cellText(m_drawing->DisplayText(m_drawing->BlockName(insert)));
+        return cellText(m_drawing->DisplayText(m_drawing->ShownBlockName(insert)));
     default:
         return CornersText(CornersOf(*m_drawing, *m_drawing->BlockOf(insert)));
     }

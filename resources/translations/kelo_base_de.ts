@@ -311,10 +311,6 @@
         <translation>%1 Einheiten</translation>
     </message>
     <message>
-        <source>No insert of the plan counts as a sheet</source>
-        <translation>Keine Blockeinfügung des Plans gilt als Blatt</translation>
-    </message>
-    <message>
         <source>%1, at byte %2</source>
         <translation>%1, bei Byte %2</translation>
     </message>

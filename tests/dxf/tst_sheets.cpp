@@ -250,7 +250,7 @@ void TestSheets::tellsWhatAnExportLeavesOut()
     QCOMPARE(analysis.skipped, 4);
     QCOMPARE(analysis.sheets.size(), 8U);
     QCOMPARE(analysis.diagnostics[0].file, u"plan.dxf"_s);
-    QCOMPARE(told(analysisOf({})), QStringList(u"0 [] No insert of the plan counts as a sheet"_s));
+    QCOMPARE(told(analysisOf({})), QStringList(u"0 [] The plan has no block inserts"_s));
 }
 
 void TestSheets::tellsOnlyOfChosenInserts()

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The labelled corners of a sheet, for people to read.
-#include "dxf/sheets/sheetcorners_p.h"
+// The corners of a sheet for people to read.
+#include "dxf/sheets/cornertext_p.h"
 #include <QCoreApplication>
 #include <QGuiApplication>
-#include <algorithm>
 #include <kelo_base/dxf/Gk2Writer.h>
-#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -25,15 +23,6 @@ public:
     }
 };
 
-/// Where the corner of a label stands among the sheet's; none for an unknown one.
-std::optional<std::size_t> placeOf(VtxPosition position)
-{
-    constexpr std::array kOrder{vpTopLeft, vpTopRight, vpBottomRight, vpBottomLeft};
-    const auto found = std::ranges::find(kOrder, position);
-    return found == kOrder.end() ? std::nullopt
-                                 : std::optional(static_cast<std::size_t>(found - kOrder.begin()));
-}
-
 /// Written as in the exported file, so that the two can be compared at sight.
 QString coordinateText(double coordinate)
 {
@@ -50,18 +39,6 @@ QString pointText(const DxfVertex &point)
 }
 
 } // namespace
-
-SheetCorners CornersOf(const DxfDrawing &drawing, const DxfBlock &block)
-{
-    SheetCorners corners{};
-    for (const DxfPolyline &polyline : drawing.Polylines(block)) {
-        const auto vertices = drawing.Vertices(polyline);
-        for (quint32 i = 0; i < vertices.size(); ++i)
-            if (const auto place = placeOf(drawing.Corner(polyline, i)))
-                corners[*place] = &vertices[i];
-    }
-    return corners;
-}
 
 QString CornersText(const SheetCorners &corners)
 {
