@@ -82,6 +82,7 @@ struct SheetPicture
     QString title;
     QSizeF size;
     bool isMap = false;
+    bool isMoved = false; ///< inserts move some of the sheets, which is not shown
     double pixelsPerUnit = 0; ///< the scale; units are the drawing's
     double legendTextHeight = 0;
     std::vector<SheetPlace> places;

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <kelo_base/dxf/DxfReader.h>
 #include <kelo_base/dxf/Gk2Writer.h>
+#include <kelo_base/dxf/SheetPlacing.h>
 #include <kelo_base/dxf/SheetPreview.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -26,21 +27,24 @@ auto showing(ProgressBar &bar, const QString &step)
     };
 }
 
-std::optional<Failure> read(Conversion &conversion, ProgressBar &bar)
+std::optional<Failure> read(Conversion &conversion, const Options &options, ProgressBar &bar)
 {
+    const DxfReadOptions reading{.encoding = options.encoding, .numberTag = options.numberTag};
     const auto progress = showing(bar, Text::tr("reading"));
     DxfReadResult result;
     if (conversion.plan == kStandardStream) {
         QFile input;
         if (!input.open(fileno(stdin), QIODevice::ReadOnly | QIODevice::Unbuffered))
             return Failure{0, input.errorString()};
-        result = ReadDxf(input, conversion.plan, progress);
+        result = ReadDxf(input, conversion.plan, progress, reading);
     } else {
-        result = ReadDxfFile(conversion.plan, progress);
+        result = ReadDxfFile(conversion.plan, progress, reading);
     }
     if (!result)
         return Failure{result.error->line, result.error->message};
     conversion.drawing = std::move(result.drawing);
+    if (options.placed)
+        conversion.drawing = PlaceInserts(conversion.drawing).drawing;
     conversion.analysis.diagnostics = std::move(result.diagnostics);
     return std::nullopt;
 }
@@ -105,7 +109,7 @@ Conversion convert(const Options &options, const QString &plan, ProgressBar &bar
 {
     Conversion conversion;
     conversion.plan = plan;
-    conversion.failure = read(conversion, bar);
+    conversion.failure = read(conversion, options, bar);
     if (conversion.failure)
         return conversion;
     analyse(conversion, options, bar);

@@ -19,6 +19,9 @@ struct Options
     QString preview;   ///< empty: none
     SheetFilter filter;
     CornerOrder order = CornerOrder::Upright;
+    bool placed = false; ///< sheets lie where their inserts stand
+    QString numberTag;   ///< empty: the usual ones
+    QString encoding;    ///< of the plans' texts; empty: as they say
     ProgressMode progress = ProgressMode::Auto;
     bool list = false;
     bool listTags = false;

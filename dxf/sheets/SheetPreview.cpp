@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <kelo_base/dxf/SheetCorners.h>
+#include <kelo_base/dxf/SheetPlacing.h>
 #include <limits>
 #include <numbers>
 #include <utility>
@@ -364,8 +365,9 @@ void writeLegend(SheetPicture &picture, double margin, double top, const StateCo
     LegendWriter legend(picture, margin, top, std::clamp(picture.size.width() / 75, 13.0, 34.0));
     legend.Add({.position = {}, .text = picture.title, .isTitle = true});
     legend.Add(Mark::None, DxfToolTexts::SheetsDrawn(static_cast<qint64>(picture.sheets.size())));
-    legend.Add(Mark::None,
-               picture.isMap ? DxfToolTexts::DrawnInPlace() : DxfToolTexts::DrawnInRows());
+    legend.Add(Mark::None, !picture.isMap    ? DxfToolTexts::DrawnInRows()
+                           : picture.isMoved ? DxfToolTexts::DrawnWithoutPlacement()
+                                             : DxfToolTexts::DrawnInPlace());
     legend.Break();
     legend.Add(Mark::Sheet, DxfToolTexts::SheetInPreview());
     const QStringList corners = DxfToolTexts::CornersInPreview();
@@ -487,6 +489,8 @@ SheetPicture LayOutSheets(const DxfDrawing &drawing, std::span<const quint32> sh
         bounds = {origin + (bounds.topLeft() + placement.shifts[i]) * picture.pixelsPerUnit,
                   bounds.size() * picture.pixelsPerUnit};
     }
+    picture.isMoved = std::ranges::any_of(
+        picture.sheets, [&](quint32 sheet) { return IsMoved(drawing, sheet); });
     ShowSheetStates(picture, drawing, sheets);
     return picture;
 }

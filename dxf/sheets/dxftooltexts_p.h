@@ -42,13 +42,50 @@ public:
                      nullptr, textAmount(static_cast<qint64>(rectangles)));
         return text.arg(shown(block));
     }
-    static QString NoSheetNumber(const QString &block, qint64 inserts)
+    /// @param search  LookedForNumber() of one of the inserts
+    static QString NoSheetNumber(const QString &block, qint64 inserts, const QString &search)
     {
         const QString text =
-            inserts == 1 ? tr("An insert of block '%1' has no sheet number and is not exported")
-                         : tr("%n inserts of block '%1' have no sheet number and are not exported",
-                              nullptr, textAmount(inserts));
-        return text.arg(shown(block));
+            inserts == 1
+                ? tr("An insert of block '%1' has no sheet number and is not exported: %2")
+                : tr("%n inserts of block '%1' have no sheet number and are not exported: %2",
+                     nullptr, textAmount(inserts));
+        return text.arg(shown(block), search);
+    }
+    /// @param tag   the one tag that counts; empty: BL_NR and Bl_Nr do
+    /// @param tags  those that an insert has instead
+    static QString LookedForNumber(const QString &tag, const QStringList &tags)
+    {
+        const QString wanted = tag.isEmpty() ? tr("looked for the attribute BL_NR or Bl_Nr")
+                                             : tr("looked for the attribute %1").arg(shown(tag));
+        return tags.isEmpty()
+                   ? tr("%1, there are none").arg(wanted)
+                   : tr("%1, found %2").arg(wanted, shown(tags.join(QLatin1StringView(", "))));
+    }
+    static QString ApplyInsertPosition() { return tr("Appl&y insert position"); }
+    static QString SharedCorners(qint64 sheets)
+    {
+        return tr("%n sheets have the same corners as others, because they share blocks; \"Apply "
+                  "insert position\" (--placed) puts each where its insert stands",
+                  nullptr, textAmount(sheets));
+    }
+    static QString MovedInserts(qint64 sheets)
+    {
+        return sheets == 1
+                   ? tr("A sheet is moved, turned or scaled by its insert, which does not count; "
+                        "\"Apply insert position\" (--placed) lets it count")
+                   : tr("%n sheets are moved, turned or scaled by their inserts, which does not "
+                        "count; \"Apply insert position\" (--placed) lets it count",
+                        nullptr, textAmount(sheets));
+    }
+    static QString NotPlaced(const QString &sheet, bool isTilted)
+    {
+        return isTilted ? tr("Sheet '%1' stays where its block is drawn: its insert is tilted out "
+                             "of the plane")
+                              .arg(shown(sheet))
+                        : tr("Sheet '%1' stays where its block is drawn: the position of its "
+                             "insert is no usable number")
+                              .arg(shown(sheet));
     }
     static QString NoPolyline(const QString &sheet, const QString &block, bool blockExists)
     {
@@ -70,6 +107,10 @@ public:
         return sheets == 1 ? tr("1 sheet") : tr("%n sheets", nullptr, textAmount(sheets));
     }
     static QString DrawnInPlace() { return tr("as they lie in the plan"); }
+    static QString DrawnWithoutPlacement()
+    {
+        return tr("as their blocks are drawn, insert positions not applied");
+    }
     static QString DrawnInRows() { return tr("to scale, side by side"); }
     static QString SheetInPreview() { return tr("sheet"); }
     static QStringList CornersInPreview()

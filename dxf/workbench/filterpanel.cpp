@@ -45,6 +45,7 @@ FilterPanel::FilterPanel(QWidget *parent)
       m_values(new OfferModel(this)),
       m_correct(
           checkBox(DxfToolTexts::CorrectVertexPositions(), u"chkCorrectVertexPositions"_s, true)),
+      m_placed(checkBox(DxfToolTexts::ApplyInsertPosition(), u"chkApplyInsertPosition"_s, false)),
       m_include(filterGroup(DxfToolTexts::IncludeTitle(), u"grpInclude"_s)),
       m_includeTag(new OfferingEdit(m_tags, u"edtIncludeTag"_s)),
       m_includeValue(new OfferingEdit(m_values, u"edtIncludeValue"_s)),
@@ -71,7 +72,11 @@ void FilterPanel::layOut()
     groups->addWidget(m_exclude, 1);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins({});
-    column->addWidget(m_correct);
+    auto *boxes = new QHBoxLayout;
+    boxes->addWidget(m_correct);
+    boxes->addWidget(m_placed);
+    boxes->addStretch();
+    column->addLayout(boxes);
     column->addLayout(groups);
 }
 
@@ -90,7 +95,8 @@ void FilterPanel::connectAll()
         connect(group, &QGroupBox::toggled, this, &FilterPanel::filterChanged);
     for (const QLineEdit *edit : {m_includeTag, m_includeValue, m_excludeTag})
         connect(edit, &QLineEdit::textChanged, this, &FilterPanel::filterChanged);
-    connect(m_correct, &QCheckBox::toggled, this, &FilterPanel::labelsChanged);
+    for (const QCheckBox *box : {m_correct, m_placed})
+        connect(box, &QCheckBox::toggled, this, &FilterPanel::labelsChanged);
     // Looked for when somebody asks: of a million sheets that is not done at each key.
     connect(static_cast<OfferingEdit *>(m_includeValue), &OfferingEdit::offerWanted, this,
             &FilterPanel::offerValues);
@@ -100,6 +106,7 @@ AnalysisOptions FilterPanel::options() const
 {
     AnalysisOptions options;
     options.order = m_correct->isChecked() ? CornerOrder::Upright : CornerOrder::AsDrawn;
+    options.appliesPlacement = m_placed->isChecked();
     options.filter = FilterOf({.includes = m_include->isChecked(),
                                .includeTag = m_includeTag->text(),
                                .includeValue = m_includeValue->text(),
@@ -128,5 +135,5 @@ void FilterPanel::offerValues()
 
 std::vector<QWidget *> FilterPanel::tabOrder() const
 {
-    return {m_correct, m_include, m_includeTag, m_includeValue, m_exclude, m_excludeTag};
+    return {m_correct,      m_placed,  m_include, m_includeTag, m_includeValue, m_exclude, m_excludeTag};
 }

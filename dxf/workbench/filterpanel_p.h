@@ -28,7 +28,7 @@ public:
 
 signals:
     void filterChanged();
-    /// Which corner is which has to be found out anew.
+    /// Which corner is which, and where, has to be found out anew.
     void labelsChanged();
 
 private:
@@ -42,6 +42,7 @@ private:
     OfferModel *m_values;
     QString m_tagOfValues; ///< null when the values are to be looked for anew
     QCheckBox *m_correct;
+    QCheckBox *m_placed;
     QGroupBox *m_include;
     QLineEdit *m_includeTag;
     QLineEdit *m_includeValue;

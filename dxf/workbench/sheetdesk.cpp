@@ -107,15 +107,20 @@ void SheetDesk::relabel()
     if (!m_plan)
         return;
     const qor::QtScopedOverrideCursor wait(Qt::WaitCursor);
-    const std::vector<quint32> selected = m_form.sheets().selected();
     m_reviewDue.stop();
+    const std::vector<quint32> selected = m_form.sheets().selected();
+    const std::size_t inserts = m_plan->Drawing().Inserts().size();
+    m_form.sheets().setDrawing(nullptr); // its inserts may become others
+    m_form.picture().view().clear();
     if (!m_plan->Relabel(options()))
-        return tellFailure();
+        tellFailure();
     m_form.sheets().setDrawing(&m_plan->Drawing());
+    m_form.filter().offerFrom(&m_plan->Drawing());
     showSheets();
     showPicture();
     showFindings();
-    select(selected);
+    if (m_plan->Drawing().Inserts().size() == inserts)
+        select(selected);
 }
 
 void SheetDesk::tellFailure()

@@ -205,7 +205,7 @@ QString SheetTableModel::textOf(const DxfInsert &insert, int column, qsizetype m
     case ValueColumn:
         return shown(number.value_or(""));
     case BlockColumn:
-        return shown(m_drawing->BlockName(insert));
+        return shown(m_drawing->ShownBlockName(insert));
     default:
         return CornersText(CornersOf(*m_drawing, *m_drawing->BlockOf(insert)));
     }
