@@ -28,14 +28,24 @@ struct [[nodiscard]] DxfReadResult
     explicit operator bool() const { return !error; }
 };
 
+/// What the user knows better than the plan.
+struct DxfReadOptions
+{
+    QString encoding;  ///< of the plan's texts, see DxfDrawing::SetEncoding(); empty: as it says
+    QString numberTag; ///< see DxfDrawing::NumberTag(); empty: the usual ones
+};
+
 /// Called now and then while reading, at least ten times a second.
 /// @param done, total  bytes; total is -1 when it is not known
 /// @return false to give up reading
 using ReadProgress = std::function<bool(qint64 done, qint64 total)>;
 
-/// Reads the plan in @p path. A file that does not exist gives "File '%1' does not exist".
-KELO_BASE_EXPORT DxfReadResult ReadDxfFile(const QString &path, const ReadProgress &progress = {});
+/// Reads the plan in @p path. A file that does not exist gives "File '%1' does not exist"; so does
+/// an encoding that is not known give an error.
+KELO_BASE_EXPORT DxfReadResult ReadDxfFile(const QString &path, const ReadProgress &progress = {},
+                                           const DxfReadOptions &options = {});
 
 /// Reads a plan from an open device to its end. @p name stands for it in messages.
 KELO_BASE_EXPORT DxfReadResult ReadDxf(QIODevice &device, const QString &name,
-                                       const ReadProgress &progress = {});
+                                       const ReadProgress &progress = {},
+                                       const DxfReadOptions &options = {});

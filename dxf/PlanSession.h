@@ -17,6 +17,8 @@ struct AnalysisOptions
 {
     SheetFilter filter;
     CornerOrder order = CornerOrder::Upright;
+    bool appliesPlacement = false; ///< sheets lie where their inserts put them, see PlaceInserts()
+    DxfReadOptions reading = {};   ///< for Open() alone
 };
 
 /// Which older files an export may take the place of.
@@ -81,8 +83,10 @@ public:
     /// How many findings are warnings, all counted.
     [[nodiscard]] qint64 Warnings() const;
 
-    /// Labels the corners anew and reviews. False when memory does not suffice: the labels are
-    /// then undefined.
+    /// Labels the corners anew, after putting sheets where the options want them, and reviews.
+    /// False when memory does not suffice: the labels are then undefined. Drawing() may have other
+    /// inserts afterwards; their marks stay, except where an insert was or becomes a grid of
+    /// several.
     bool Relabel(const AnalysisOptions &options);
     /// Chooses the sheets anew, but reviews nothing: the findings stay those of before. False when
     /// memory does not suffice; so with Review().
@@ -103,12 +107,15 @@ private:
     PlanSession(const QString &path, const QString &name, DxfReadResult &&read);
     static PlanOpening analysed(std::unique_ptr<PlanSession> session,
                                 const AnalysisOptions &options, const SheetProgress &progress);
+    /// False when the plan would become too large, or @p progress gave up.
+    bool place(bool appliesPlacement, const SheetProgress &progress = {});
     [[nodiscard]] Gk2Export::Outcome refusal(const QString &path,
                                              const Gk2ExportOptions &options) const;
 
     QString m_path;
     QString m_name;
     DxfDrawing m_drawing;
+    std::optional<DxfDrawing> m_asRead;     ///< the drawing without placement, while it has one
     std::vector<Diagnostic> m_readFindings; ///< faults that did not hinder reading
     SheetAnalysis m_analysis;
 };
@@ -119,7 +126,7 @@ struct [[nodiscard]] PlanOpening
     enum class Outcome {
         Opened,
         NotRead,     ///< error tells why
-        NotAnalysed, ///< memory does not suffice
+        NotAnalysed, ///< memory does not suffice, or a plan becomes too large when placed
         Cancelled
     };
     Outcome outcome = Outcome::Opened;

@@ -15,8 +15,10 @@ struct SheetAnalysis
     std::vector<quint32> sheets; ///< as SelectSheets() gives them
     /// One for each block that is not exactly one rectangle and is used by a chosen insert, each
     /// block with inserts that the export skips for want of a sheet number, each sheet without a
-    /// polyline, each sheet number used twice, each sheet inside a block. Of a kind that has more
-    /// than a thousand, the last tells how many there are beside them.
+    /// polyline, each sheet number used twice, each sheet inside a block, each sheet of a placed
+    /// drawing that could not be placed. Of a kind that has more than a thousand, the last tells
+    /// how many there are beside them. In a drawing that is not placed, one note each for sheets
+    /// with the same corners and for those that their inserts move.
     std::vector<Diagnostic> diagnostics;
     qint64 warnings = 0; ///< the warnings, all counted
     qint64 skipped = 0;  ///< inserts the filter lets pass that lack a sheet number or a polyline

@@ -47,7 +47,11 @@ Failure overwritesPlan(const QString &path)
 
 std::optional<Failure> open(Conversion &conversion, const Options &options, ProgressBar &bar)
 {
-    const AnalysisOptions analysis{.filter = options.filter, .order = options.order};
+    const AnalysisOptions analysis{
+        .filter = options.filter,
+        .order = options.order,
+        .appliesPlacement = options.placed,
+        .reading = {.encoding = options.encoding, .numberTag = options.numberTag}};
     const PlanProgress progress{.reading = showing(bar, Text::tr("reading")),
                                 .analyzing = showing(bar, Text::tr("analysing"))};
     PlanOpening opening;

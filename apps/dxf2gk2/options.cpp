@@ -27,6 +27,13 @@ void declare(QCommandLineParser &parser)
         {u"include"_s, Text::tr("Only inserts with this attribute value."), u"TAG=VALUE"_s},
         {u"exclude"_s, Text::tr("No inserts with this attribute."), u"TAG"_s},
         {u"as-drawn"_s, Text::tr("Label corners in drawing order, not by where they lie.")},
+        {u"placed"_s, Text::tr("Apply the position of each insert to its sheet: insertion point, "
+                               "scale, rotation, mirroring, rows and columns.")},
+        {u"number-tag"_s,
+         Text::tr("Take sheet numbers from the attribute TAG, not from BL_NR or Bl_Nr."), u"TAG"_s},
+        {u"encoding"_s,
+         Text::tr("Read the plan's texts as NAME (ANSI_1252, UTF-8, ...), whatever it says."),
+         u"NAME"_s},
         {u"list"_s, Text::tr("Print the sheets as a table; write nothing.")},
         {u"list-tags"_s, Text::tr("Print the attribute tags with counts and example values.")},
         {u"preview"_s, Text::tr("Draw the sheets into FILE, an .svg or .png."), u"FILE"_s},
@@ -50,8 +57,9 @@ void declare(QCommandLineParser &parser)
 }
 
 /// Options that want a value, which may be given once.
-const QStringList kValued{u"output"_s,  u"output-dir"_s, u"include"_s,   u"exclude"_s,
-                          u"preview"_s, u"compare"_s,    u"tolerance"_s, u"progress"_s};
+const QStringList kValued{u"output"_s,     u"output-dir"_s, u"include"_s,   u"exclude"_s,
+                          u"preview"_s,    u"compare"_s,    u"tolerance"_s, u"progress"_s,
+                          u"number-tag"_s, u"encoding"_s};
 
 /// What the parser could not make anything of, as a sentence of ours.
 QString whyNotUnderstood(const QCommandLineParser &parser, const QStringList &arguments)
@@ -165,6 +173,11 @@ ParsedOptions parseOptions(const QStringList &arguments)
     options.force = parser.isSet(u"force"_s);
     options.allowEmpty = parser.isSet(u"allow-empty"_s);
     options.order = parser.isSet(u"as-drawn"_s) ? CornerOrder::AsDrawn : CornerOrder::Upright;
+    options.placed = parser.isSet(u"placed"_s);
+    options.numberTag = parser.value(u"number-tag"_s);
+    options.encoding = parser.value(u"encoding"_s);
+    if (!DxfDrawing().SetEncoding(options.encoding))
+        return wrong(Text::tr("--encoding does not know '%1'").arg(options.encoding));
     options.list = parser.isSet(u"list"_s);
     options.listTags = parser.isSet(u"list-tags"_s);
     options.strict = parser.isSet(u"strict"_s);

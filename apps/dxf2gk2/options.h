@@ -22,6 +22,9 @@ struct Options
     double tolerance = kDefaultTolerance; ///< of the comparison, in units of the drawing
     SheetFilter filter;
     CornerOrder order = CornerOrder::Upright;
+    bool placed = false; ///< sheets lie where their inserts stand
+    QString numberTag;   ///< empty: the usual ones
+    QString encoding;    ///< of the plans' texts; empty: as they say
     ProgressMode progress = ProgressMode::Auto;
     bool list = false;
     bool listTags = false;

@@ -99,7 +99,7 @@ QStringList sheetRow(const DxfDrawing &drawing, const DxfInsert &insert)
     const qint64 number = SheetNumber(drawing, insert);
     QStringList row{number < 0 ? u"-"_s : QString::number(number),
                     value ? cell(drawing.DisplayText(*value)) : u"-"_s,
-                    cell(drawing.DisplayText(drawing.BlockName(insert)))};
+                    cell(drawing.DisplayText(drawing.ShownBlockName(insert)))};
     const SheetCorners corners = CornersOf(drawing, *drawing.BlockOf(insert));
     if (!HasCorners(corners))
         return row << Text::tr("no corners");
@@ -118,7 +118,7 @@ QJsonObject sheetJson(const DxfDrawing &drawing, const DxfInsert &insert)
             cornerObject[kCornerColumns[i].key] = QJsonArray{corners[i]->x, corners[i]->y};
     return {{u"number"_s, SheetNumber(drawing, insert)},
             {u"value"_s, value ? QJsonValue(drawing.DisplayText(*value)) : QJsonValue()},
-            {u"block"_s, drawing.DisplayText(drawing.BlockName(insert))},
+            {u"block"_s, drawing.DisplayText(drawing.ShownBlockName(insert))},
             {u"corners"_s, cornerObject}};
 }
 

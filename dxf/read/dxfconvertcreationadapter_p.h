@@ -8,13 +8,16 @@
 #include <kelo_base/dxf/Diagnostic.h>
 #include <vector>
 
-class DxfConvertCreationAdapter : public DL_CreationAdapter
+class DxfConvertCreationAdapter final : public DL_CreationAdapter
 {
 public:
     /// Where the next callbacks come from: line of the file, or byte offset in a binary one.
     void setPosition(qint64 position) { m_position = position; }
-    /// A LWPOLYLINE may tell that it is closed behind its vertices.
-    void closePolyline() { m_builder.ClosePolyline(); }
+    void setOptions(const DxfReadOptions &options) { m_builder.SetOptions(options); }
+    /// A LWPOLYLINE may tell behind its vertices that it is closed, or which way it faces.
+    void completePolyline(bool isClosed);
+    /// The parser knows no records of blocks.
+    void addBlockRecord(const DxfBlockRecord &record) { m_builder.AddBlockRecord(record); }
     /// A reference without a name is none: its attributes belong to nobody.
     void endInsert() { m_builder.EndInsert(); }
     /// Whether the drawing can take no more.
@@ -38,6 +41,7 @@ public:
     using DL_CreationAdapter::setVariableString;
 
 private:
+    [[nodiscard]] DxfPlacement::Plane plane() const;
     void report(Severity severity, std::string_view subject, const QString &text);
     [[nodiscard]] quint32 storedPosition() const;
 

@@ -7,7 +7,9 @@
 #include <kelo_base/core/FileName.h>
 #include <kelo_base/dxf/Gk2Writer.h>
 #include <kelo_base/dxf/PlanSession.h>
+#include <kelo_base/dxf/SheetPlacing.h>
 #include <new>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -61,7 +63,7 @@ PlanOpening PlanSession::Open(const QString &path, const AnalysisOptions &option
                               const PlanProgress &progress)
 {
     PlanOpening opening;
-    DxfReadResult read = ReadDxfFile(path, progress.reading);
+    DxfReadResult read = ReadDxfFile(path, progress.reading, options.reading);
     if (!isRead(read, opening))
         return opening;
     const QFileInfo info(path);
@@ -75,7 +77,7 @@ PlanOpening PlanSession::Open(QIODevice &device, const QString &name,
                               const AnalysisOptions &options, const PlanProgress &progress)
 {
     PlanOpening opening;
-    DxfReadResult read = ReadDxf(device, name, progress.reading);
+    DxfReadResult read = ReadDxf(device, name, progress.reading, options.reading);
     if (!isRead(read, opening))
         return opening;
     return analysed(std::unique_ptr<PlanSession>(new PlanSession({}, name, std::move(read))),
@@ -94,7 +96,14 @@ PlanOpening PlanSession::analysed(std::unique_ptr<PlanSession> session,
                                   const AnalysisOptions &options, const SheetProgress &progress)
 {
     std::optional<SheetAnalysis> analysis;
+    bool isCancelled = false;
+    const SheetProgress noting = [&](qint64 done, qint64 total) {
+        isCancelled = progress && !progress(done, total);
+        return !isCancelled;
+    };
     const bool hadMemory = attempt([&] {
+        if (!session->place(options.appliesPlacement, noting))
+            return isCancelled;
         analysis = AnalyzeSheets(session->m_drawing, options.filter, options.order, session->m_path,
                                  progress);
         return true;
@@ -120,9 +129,32 @@ qint64 PlanSession::Warnings() const
            std::ranges::count(m_readFindings, Severity::Warning, &Diagnostic::severity);
 }
 
+bool PlanSession::place(bool appliesPlacement, const SheetProgress &progress)
+{
+    if (appliesPlacement == m_asRead.has_value())
+        return true;
+    DxfDrawing old = std::move(m_drawing);
+    if (appliesPlacement) {
+        PlacingResult placed = PlaceInserts(old, progress);
+        const bool isPlaced(placed);
+        m_drawing = isPlaced ? std::move(placed.drawing) : old;
+        if (isPlaced)
+            m_asRead = std::move(old);
+        return isPlaced;
+    }
+    m_drawing = *std::exchange(m_asRead, std::nullopt);
+    if (m_drawing.Inserts().size() == old.Inserts().size())
+        for (std::size_t insert = 0; insert < old.Inserts().size(); ++insert)
+            m_drawing.SetExportMark(insert, old.Inserts()[insert].exportMark);
+    return true;
+}
+
 bool PlanSession::Relabel(const AnalysisOptions &options)
 {
-    return attempt([&] { return LabelSheets(m_drawing, options.order); }) && Review(options.filter);
+    return attempt([&] {
+               return place(options.appliesPlacement) && LabelSheets(m_drawing, options.order);
+           }) &&
+           Review(options.filter);
 }
 
 bool PlanSession::Choose(const SheetFilter &filter)
@@ -192,6 +224,6 @@ FileFault PlanSession::ExportPicture(const QString &path) const
     const SheetPicture picture = LayOutSheets(m_drawing, m_analysis.sheets, m_name);
     ReplacedFile file(path);
     const bool isStored =
-        file.Open() && WriteSheetPicture(file.Device(), picture, format) && file.Commit();
+        file.Open() && WriteSheetPicture(file.Device(), picture, m_drawing, format) && file.Commit();
     return isStored ? FileFault() : file.Fault();
 }

@@ -7,7 +7,10 @@
 #include "dxf/sheets/filterplan_p.h"
 #include "dxf/sheets/insertfilter_p.h"
 #include "dxf/sheets/progresssteps_p.h"
+#include <algorithm>
+#include <kelo_base/dxf/SheetPlacing.h>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace {
@@ -66,6 +69,7 @@ public:
     bool MissingNumbers(ProgressSteps &steps);
     bool RepeatedNumbers(ProgressSteps &steps);
     bool MissingPolylines(const SheetFilter &filter, ProgressSteps &steps);
+    bool Positions(ProgressSteps &steps);
     void NestedSheets();
     void NoSheets(const SheetFilter &filter);
 
@@ -76,6 +80,18 @@ private:
     }
     [[nodiscard]] QString shown(std::string_view text) const { return m_drawing.DisplayText(text); }
 
+    [[nodiscard]] QString searchText(const DxfInsert &insert) const;
+    bool unplaced(ProgressSteps &steps);
+    void note(const QString &text)
+    {
+        m_analysis.diagnostics.push_back({.severity = Severity::Note,
+                                          .file = m_file,
+                                          .line = 0,
+                                          .offset = 0,
+                                          .subject = {},
+                                          .text = text});
+    }
+
     const DxfDrawing &m_drawing;
     const QString &m_file;
     SheetAnalysis &m_analysis;
@@ -85,11 +101,13 @@ bool Review::Frames(ProgressSteps &steps)
 {
     WarningKind warnings(m_analysis, m_file);
     std::vector<bool> isKnown(m_drawing.Blocks().size());
+    std::unordered_set<quint32> isTold; // a placed drawing has a block of one name for each insert
     for (const quint32 sheet : m_analysis.sheets) {
         const quint32 index = insertOf(sheet).block;
         const DxfBlock &block = m_drawing.Blocks()[index];
-        if (!isKnown[index] && !HasLabelledFrame(m_drawing, block)) {
-            const QString name = shown(m_drawing.Name(block));
+        if (!isKnown[index] && !HasLabelledFrame(m_drawing, block) &&
+            isTold.insert(block.name).second) {
+            const QString name = shown(m_drawing.ShownName(block));
             warnings.Add(block.line, name, [&] {
                 return DxfToolTexts::NotOneRectangle(name, CountRectangles(m_drawing, block));
             });
@@ -105,31 +123,47 @@ bool Review::MissingNumbers(ProgressSteps &steps)
 {
     struct Use
     {
-        quint32 firstLine;
+        const DxfInsert *first;
         qint64 inserts;
     };
-    std::vector<quint32> blocks; // in the order of their first such insert
+    std::vector<quint32> blocks; // their names in the order of their first such insert
     std::unordered_map<quint32, Use> uses;
     for (const quint32 sheet : m_analysis.sheets) {
         const DxfInsert &insert = insertOf(sheet);
         if (!SheetNumberAttribute(m_drawing, insert)) {
             ++m_analysis.skipped;
-            const auto [use, isNew] = uses.try_emplace(insert.block, Use{insert.line, 0});
+            const auto [use, isNew] = uses.try_emplace(insert.blockName, Use{&insert, 0});
             ++use->second.inserts;
             if (isNew)
-                blocks.push_back(insert.block);
+                blocks.push_back(insert.blockName);
         }
         if (!steps.Step())
             return false;
     }
     WarningKind warnings(m_analysis, m_file);
     for (const quint32 block : blocks) {
-        const QString name = shown(m_drawing.Name(m_drawing.Blocks()[block]));
         const Use &use = uses.at(block);
-        warnings.Add(use.firstLine, name,
-                     [&] { return DxfToolTexts::NoSheetNumber(name, use.inserts); });
+        const QString name = shown(m_drawing.ShownBlockName(*use.first));
+        warnings.Add(use.first->line, name, [&] {
+            return DxfToolTexts::NoSheetNumber(name, use.inserts, searchText(*use.first));
+        });
     }
     return true;
+}
+
+/// What was looked for in vain, and what there is.
+QString Review::searchText(const DxfInsert &insert) const
+{
+    constexpr qsizetype kMostTags = 8;
+    QStringList tags;
+    for (const DxfAttribute &attribute : m_drawing.Attributes(insert)) {
+        if (tags.size() == kMostTags) {
+            tags << QString(QChar(0x2026));
+            break;
+        }
+        tags << shown(m_drawing.Tag(attribute));
+    }
+    return DxfToolTexts::LookedForNumber(shown(m_drawing.NumberTag()), tags);
 }
 
 bool Review::RepeatedNumbers(ProgressSteps &steps)
@@ -170,9 +204,57 @@ bool Review::MissingPolylines(const SheetFilter &filter, ProgressSteps &steps)
         ++m_analysis.skipped;
         const QString name = shown(*number);
         warnings.Add(insert.line, name, [&] {
-            return DxfToolTexts::NoPolyline(name, shown(m_drawing.BlockName(insert)),
+            return DxfToolTexts::NoPolyline(name, shown(m_drawing.ShownBlockName(insert)),
                                             m_drawing.BlockOf(insert) != nullptr);
         });
+    }
+    return true;
+}
+
+/// Where sheets lie, and where the user may expect them.
+bool Review::Positions(ProgressSteps &steps)
+{
+    if (m_drawing.IsPlaced())
+        return unplaced(steps);
+    std::vector<quint8> uses(m_drawing.Blocks().size());
+    for (const quint32 sheet : m_analysis.sheets) {
+        quint8 &count = uses[insertOf(sheet).block];
+        count = static_cast<quint8>(std::min(count + 1, 2));
+    }
+    qint64 shared = 0;
+    qint64 moved = 0;
+    for (const quint32 sheet : m_analysis.sheets) {
+        const quint32 block = insertOf(sheet).block;
+        const bool hasCorners = HasLabelledFrame(m_drawing, m_drawing.Blocks()[block]);
+        if (hasCorners && uses[block] > 1)
+            ++shared;
+        else if (hasCorners && IsMoved(m_drawing, sheet))
+            ++moved;
+        if (!steps.Step())
+            return false;
+    }
+    if (shared > 0)
+        note(DxfToolTexts::SharedCorners(shared));
+    if (moved > 0)
+        note(DxfToolTexts::MovedInserts(moved));
+    return true;
+}
+
+/// Sheets of a placed drawing that could not be placed.
+bool Review::unplaced(ProgressSteps &steps)
+{
+    WarningKind warnings(m_analysis, m_file);
+    for (const quint32 sheet : m_analysis.sheets) {
+        const DxfPlacement::Plane plane = m_drawing.Placement(sheet).plane;
+        if (plane != DxfPlacement::Plane::Upwards) {
+            const QString name =
+                shown(SheetNumberAttribute(m_drawing, insertOf(sheet)).value_or(""));
+            warnings.Add(insertOf(sheet).line, name, [&] {
+                return DxfToolTexts::NotPlaced(name, plane == DxfPlacement::Plane::Tilted);
+            });
+        }
+        if (!steps.Step())
+            return false;
     }
     return true;
 }
@@ -231,7 +313,7 @@ std::optional<SheetAnalysis> ReviewSheets(const DxfDrawing &drawing, const Sheet
                                           const QString &file, const SheetProgress &progress)
 {
     const std::size_t inserts = drawing.Inserts().size();
-    const std::size_t most = 5 * inserts; // when all inserts are sheets
+    const std::size_t most = 6 * inserts; // when all inserts are sheets
     auto sheets = SelectSheets(drawing, filter, partOf(progress, 0, most));
     if (!sheets)
         return std::nullopt;
@@ -241,7 +323,8 @@ std::optional<SheetAnalysis> ReviewSheets(const DxfDrawing &drawing, const Sheet
     const SheetProgress rest = partOf(progress, inserts, most);
     ProgressSteps steps(rest, most - inserts);
     const bool isDone = review.Frames(steps) && review.MissingNumbers(steps) &&
-                        review.RepeatedNumbers(steps) && review.MissingPolylines(filter, steps);
+                        review.RepeatedNumbers(steps) && review.MissingPolylines(filter, steps) &&
+                        review.Positions(steps);
     if (!isDone)
         return std::nullopt;
     review.NestedSheets();
@@ -256,7 +339,7 @@ std::optional<SheetAnalysis> AnalyzeSheets(DxfDrawing &drawing, const SheetFilte
                                            const SheetProgress &progress)
 {
     const std::size_t blocks = drawing.Blocks().size();
-    const std::size_t total = blocks + 5 * drawing.Inserts().size();
+    const std::size_t total = blocks + 6 * drawing.Inserts().size();
     if (!LabelSheets(drawing, order, partOf(progress, 0, total)))
         return std::nullopt;
     return ReviewSheets(drawing, filter, file, partOf(progress, blocks, total));

@@ -84,7 +84,7 @@ std::vector<quint32> SheetsByBlock(const DxfDrawing &drawing)
 {
     std::vector<std::string_view> names(drawing.Blocks().size());
     std::ranges::transform(drawing.Blocks(), names.begin(),
-                           [&](const DxfBlock &block) { return drawing.Name(block); });
+                           [&](const DxfBlock &block) { return drawing.ShownName(block); });
     return sheetsInOrderOf(naturalOrder(drawing, names), drawing);
 }
 

@@ -202,6 +202,10 @@
         <source>An insert without a block name is left out</source>
         <translation>Eine Blockeinfügung ohne Blocknamen wird ausgelassen</translation>
     </message>
+    <message>
+        <source>&apos;%1&apos; is no encoding</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>DxfTools</name>
@@ -241,17 +245,6 @@
         </translation>
     </message>
     <message>
-        <source>An insert of block &apos;%1&apos; has no sheet number and is not exported</source>
-        <translation>Eine Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n inserts of block &apos;%1&apos; have no sheet number and are not exported</source>
-        <translation>
-            <numerusform>%n Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert</numerusform>
-            <numerusform>%n Blockeinfügungen des Blocks „%1“ haben keine Blattnummer und werden nicht exportiert</numerusform>
-        </translation>
-    </message>
-    <message>
         <source>Sheet &apos;%1&apos; is not exported: its block &apos;%2&apos; has no polyline</source>
         <translation>Blatt „%1“ wird nicht exportiert: Sein Block „%2“ hat keine Polylinie</translation>
     </message>
@@ -266,13 +259,6 @@
     <message>
         <source>Sheet &apos;%1&apos; is not exported: its insert lies inside a block</source>
         <translation>Blatt „%1“ wird nicht exportiert: Seine Blockeinfügung liegt innerhalb eines Blocks</translation>
-    </message>
-    <message numerus="yes">
-        <source>the first %1 of %n sheets</source>
-        <translation>
-            <numerusform>die ersten %1 von %n Blatt</numerusform>
-            <numerusform>die ersten %1 von %n Blättern</numerusform>
-        </translation>
     </message>
     <message>
         <source>1 sheet</source>
@@ -365,8 +351,89 @@
         <translation>Bild der Blätter</translation>
     </message>
     <message>
-        <source>Arrow keys move the picture, plus and minus zoom, Home shows all of it.</source>
-        <translation>Die Pfeiltasten verschieben das Bild, Plus vergrößert, Minus verkleinert, Pos1 zeigt alles.</translation>
+        <source>An insert of block &apos;%1&apos; has no sheet number and is not exported: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n inserts of block &apos;%1&apos; have no sheet number and are not exported: %2</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>looked for the attribute BL_NR or Bl_Nr</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>looked for the attribute %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, there are none</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, found %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Appl&amp;y insert position</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets have the same corners as others, because they share blocks; &quot;Apply insert position&quot; (--placed) puts each where its insert stands</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>A sheet is moved, turned or scaled by its insert, which does not count; &quot;Apply insert position&quot; (--placed) lets it count</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets are moved, turned or scaled by their inserts, which does not count; &quot;Apply insert position&quot; (--placed) lets it count</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; stays where its block is drawn: its insert is tilted out of the plane</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; stays where its block is drawn: the position of its insert is no usable number</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>as their blocks are drawn, insert positions not applied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>not marked: %1</source>
+        <translation>nicht markiert: %1</translation>
+    </message>
+    <message>
+        <source>not included: %1</source>
+        <translation>nicht einbezogen: %1</translation>
+    </message>
+    <message>
+        <source>Arrow keys move the picture, plus and minus zoom, Home shows all of it, Space marks the selected sheets or takes their marks away.</source>
+        <translation>Pfeiltasten verschieben das Bild, Plus und Minus vergrößern und verkleinern es, Pos1 zeigt alles, die Leertaste markiert die ausgewählten Blätter oder nimmt ihnen die Markierung.</translation>
+    </message>
+    <message>
+        <source>The wheel zooms, dragging moves the picture. A click selects a sheet, with Ctrl or Shift further ones, and on the number marks it. Dragging with Shift selects all within a rectangle. A double click shows a sheet closely, or everything.</source>
+        <translation>Das Mausrad vergrößert und verkleinert, Ziehen verschiebt das Bild. Ein Klick wählt ein Blatt aus, mit Strg oder Umschalt weitere, und auf der Nummer markiert er es. Ziehen mit Umschalt wählt alles in einem Rechteck aus. Ein Doppelklick zeigt ein Blatt von Nahem oder alles.</translation>
+    </message>
+    <message>
+        <source>%1 - not marked</source>
+        <translation>%1 – nicht markiert</translation>
+    </message>
+    <message>
+        <source>%1 - not included</source>
+        <translation>%1 – nicht einbezogen</translation>
     </message>
 </context>
 <context>
@@ -471,10 +538,6 @@
         <translation>Aus&amp;gewählte Blätter:</translation>
     </message>
     <message>
-        <source>Selected sheets</source>
-        <translation>Ausgewählte Blätter</translation>
-    </message>
-    <message>
         <source>Number of selected sheets</source>
         <translation>Anzahl der ausgewählten Blätter</translation>
     </message>
@@ -509,10 +572,6 @@
     <message>
         <source>&amp;Findings:</source>
         <translation>&amp;Hinweise:</translation>
-    </message>
-    <message>
-        <source>Findings</source>
-        <translation>Hinweise</translation>
     </message>
     <message>
         <source>No findings</source>
@@ -568,6 +627,88 @@
     <message>
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>Opens a DXF plan (%1)</source>
+        <translation>Öffnet einen DXF-Plan (%1)</translation>
+    </message>
+    <message>
+        <source>Only one plan can be shown at a time: drop one file</source>
+        <translation>Es kann nur ein Plan auf einmal gezeigt werden: bitte eine einzelne Datei ablegen</translation>
+    </message>
+    <message>
+        <source>The Down key offers what the plan has.</source>
+        <translation>Die Taste „Nach unten“ bietet an, was der Plan enthält.</translation>
+    </message>
+    <message>
+        <source>Mar&amp;k Selected</source>
+        <translation>Ausw&amp;ahl markieren</translation>
+    </message>
+    <message>
+        <source>Marks the sheets that are selected; all others stay as they are. The space bar marks them or takes their marks away.</source>
+        <translation>Markiert die ausgewählten Blätter; alle anderen bleiben, wie sie sind. Die Leertaste markiert sie oder nimmt ihnen die Markierung.</translation>
+    </message>
+    <message>
+        <source>Save Picture...</source>
+        <translation>Bild speichern …</translation>
+    </message>
+    <message>
+        <source>What mouse and keys do in the picture</source>
+        <translation>Was Maus und Tasten im Bild bewirken</translation>
+    </message>
+    <message>
+        <source>SVG drawing (*.svg);;PNG image (*.png)</source>
+        <translation>SVG-Zeichnung (*.svg);;PNG-Bild (*.png)</translation>
+    </message>
+    <message>
+        <source>Picture saved as %1</source>
+        <translation>Bild gespeichert als %1</translation>
+    </message>
+    <message>
+        <source>1 warning</source>
+        <translation>1 Warnung</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln warnings</source>
+        <translation>
+            <numerusform>%Ln Warnung</numerusform>
+            <numerusform>%Ln Warnungen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 note</source>
+        <translation>1 Hinweis</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln notes</source>
+        <translation>
+            <numerusform>%Ln Hinweis</numerusform>
+            <numerusform>%Ln Hinweise</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Findings: %1</source>
+        <translation>&amp;Hinweise: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Findings: %1, %2</source>
+        <translation>&amp;Hinweise: %1, %2</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>Finding</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Copy as Table</source>
+        <translation>Als Tabelle kopieren</translation>
     </message>
 </context>
 <context>
@@ -678,6 +819,25 @@
     <message>
         <source>Screen</source>
         <translation>Bildschirm</translation>
+    </message>
+</context>
+<context>
+    <name>OfferModel</name>
+    <message>
+        <source>%1 (1 insert)</source>
+        <extracomment>%1 is a tag or a value of attributes</extracomment>
+        <translation>%1 (1 Blockeinfügung)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 (%n inserts)</source>
+        <translation>
+            <numerusform>%1 (%n Blockeinfügung)</numerusform>
+            <numerusform>%1 (%n Blockeinfügungen)</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(leer)</translation>
     </message>
 </context>
 <context>
@@ -1080,21 +1240,6 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>Top left and bottom right corners</source>
         <translation>Ecken oben links und unten rechts</translation>
-    </message>
-</context>
-<context>
-    <name>TagModel</name>
-    <message numerus="yes">
-        <source>%1 (%n inserts)</source>
-        <translation>
-            <numerusform>%1 (%n Blockeinfügung)</numerusform>
-            <numerusform>%1 (%n Blockeinfügungen)</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>%1 (1 insert)</source>
-        <extracomment>%1 is an attribute tag</extracomment>
-        <translation>%1 (1 Blockeinfügung)</translation>
     </message>
 </context>
 <context>
@@ -1521,6 +1666,22 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>Change</source>
         <translation>Änderung</translation>
+    </message>
+    <message>
+        <source>Apply the position of each insert to its sheet: insertion point, scale, rotation, mirroring, rows and columns.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take sheet numbers from the attribute TAG, not from BL_NR or Bl_Nr.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Read the plan&apos;s texts as NAME (ANSI_1252, UTF-8, ...), whatever it says.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--encoding does not know &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 </TS>
