@@ -277,11 +277,11 @@ void TestSheets::tellsOnlyOfChosenInserts()
     DxfDrawing drawing = plan.Take();
     drawing.SetBinary(true);
     const SheetAnalysis analysis = analysisOf(std::move(drawing), {{}, u"OLD"_s});
-    QCOMPARE(
-        told(analysis),
-        QStringList{
-            u"0 [1] More than one sheet has the number '1', at byte 4711"_s,
-            u"0 [] 2 sheets have the same corners as others, because they share blocks; \"Apply insert position\" (--placed) puts each where its insert stands"_s});
+    const QStringList expected{
+        u"0 [1] More than one sheet has the number '1', at byte 4711"_s,
+        u"0 [] 2 sheets have the same corners as others, because they share blocks; \"Apply "
+        "insert position\" (--placed) puts each where its insert stands"_s};
+    QCOMPARE(told(analysis), expected);
     QCOMPARE(analysis.skipped, 0);
 }
 
