@@ -183,6 +183,10 @@
         <source>An insert without a block name is left out</source>
         <translation>Eine Blockeinfügung ohne Blocknamen wird ausgelassen</translation>
     </message>
+    <message>
+        <source>&apos;%1&apos; is no encoding</source>
+        <translation>„%1“ ist keine Zeichenkodierung</translation>
+    </message>
 </context>
 <context>
     <name>DxfTools</name>
@@ -219,17 +223,6 @@
         <translation>
             <numerusform>Die Rechteckerkennung ergab weniger oder mehr als ein Rechteck (Block: %1): %n gefunden</numerusform>
             <numerusform>Die Rechteckerkennung ergab weniger oder mehr als ein Rechteck (Block: %1): %n gefunden</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>An insert of block &apos;%1&apos; has no sheet number and is not exported</source>
-        <translation>Eine Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n inserts of block &apos;%1&apos; have no sheet number and are not exported</source>
-        <translation>
-            <numerusform>%n Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert</numerusform>
-            <numerusform>%n Blockeinfügungen des Blocks „%1“ haben keine Blattnummer und werden nicht exportiert</numerusform>
         </translation>
     </message>
     <message>
@@ -348,6 +341,67 @@
     <message>
         <source>Arrow keys move the picture, plus and minus zoom, Home shows all of it.</source>
         <translation>Die Pfeiltasten verschieben das Bild, Plus vergrößert, Minus verkleinert, Pos1 zeigt alles.</translation>
+    </message>
+    <message>
+        <source>An insert of block &apos;%1&apos; has no sheet number and is not exported: %2</source>
+        <translation>Eine Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n inserts of block &apos;%1&apos; have no sheet number and are not exported: %2</source>
+        <translation>
+            <numerusform>%n Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert: %2</numerusform>
+            <numerusform>%n Blockeinfügungen des Blocks „%1“ haben keine Blattnummer und werden nicht exportiert: %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>looked for the attribute BL_NR or Bl_Nr</source>
+        <translation>gesucht ist das Attribut BL_NR oder Bl_Nr</translation>
+    </message>
+    <message>
+        <source>looked for the attribute %1</source>
+        <translation>gesucht ist das Attribut %1</translation>
+    </message>
+    <message>
+        <source>%1, there are none</source>
+        <translation>%1, es gibt keine Attribute</translation>
+    </message>
+    <message>
+        <source>%1, found %2</source>
+        <translation>%1, gefunden %2</translation>
+    </message>
+    <message>
+        <source>Apply insert &amp;position</source>
+        <translation>Einfüge&amp;position anwenden</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets have the same corners as others, because they share blocks; &quot;Apply insert position&quot; (--placed) puts each where its insert stands</source>
+        <translation>
+            <numerusform>%n Blatt hat dieselben Ecken wie ein anderes, weil sie einen Block gemeinsam haben; „Einfügeposition anwenden“ (--placed) setzt jedes dorthin, wo seine Einfügung steht</numerusform>
+            <numerusform>%n Blätter haben dieselben Ecken wie andere, weil sie Blöcke gemeinsam haben; „Einfügeposition anwenden“ (--placed) setzt jedes dorthin, wo seine Einfügung steht</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>A sheet is moved, turned or scaled by its insert, which does not count; &quot;Apply insert position&quot; (--placed) lets it count</source>
+        <translation>Ein Blatt wird von seiner Einfügung verschoben, gedreht oder skaliert, was nicht zählt; mit „Einfügeposition anwenden“ (--placed) zählt es</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets are moved, turned or scaled by their inserts, which does not count; &quot;Apply insert position&quot; (--placed) lets it count</source>
+        <translation>
+            <numerusform>%n Blatt wird von seiner Einfügung verschoben, gedreht oder skaliert, was nicht zählt; mit „Einfügeposition anwenden“ (--placed) zählt es</numerusform>
+            <numerusform>%n Blätter werden von ihren Einfügungen verschoben, gedreht oder skaliert, was nicht zählt; mit „Einfügeposition anwenden“ (--placed) zählt es</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; stays where its block is drawn: its insert is tilted out of the plane</source>
+        <translation>Blatt „%1“ bleibt, wo sein Block gezeichnet ist: Seine Einfügung ist aus der Ebene gekippt</translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; stays where its block is drawn: the position of its insert is no usable number</source>
+        <translation>Blatt „%1“ bleibt, wo sein Block gezeichnet ist: Die Position seiner Einfügung ist keine brauchbare Zahl</translation>
+    </message>
+    <message>
+        <source>as their blocks are drawn, insert positions not applied</source>
+        <translation>wie ihre Blöcke gezeichnet sind, ohne Einfügepositionen</translation>
     </message>
 </context>
 <context>
@@ -1213,6 +1267,22 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>Example values</source>
         <translation>Beispielwerte</translation>
+    </message>
+    <message>
+        <source>Apply the position of each insert to its sheet: insertion point, scale, rotation, mirroring, rows and columns.</source>
+        <translation>Auf jedes Blatt die Position seiner Einfügung anwenden: Einfügepunkt, Skalierung, Drehung, Spiegelung, Zeilen und Spalten.</translation>
+    </message>
+    <message>
+        <source>Take sheet numbers from the attribute TAG, not from BL_NR or Bl_Nr.</source>
+        <translation>Blattnummern aus dem Attribut TAG nehmen, nicht aus BL_NR oder Bl_Nr.</translation>
+    </message>
+    <message>
+        <source>Read the plan&apos;s texts as NAME (ANSI_1252, UTF-8, ...), whatever it says.</source>
+        <translation>Die Texte des Plans als NAME lesen (ANSI_1252, UTF-8 usw.), was immer er angibt.</translation>
+    </message>
+    <message>
+        <source>--encoding does not know &apos;%1&apos;</source>
+        <translation>--encoding kennt „%1“ nicht</translation>
     </message>
 </context>
 </TS>
