@@ -204,7 +204,7 @@
     </message>
     <message>
         <source>&apos;%1&apos; is no encoding</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist keine Zeichenkodierung</translation>
     </message>
 </context>
 <context>
@@ -352,64 +352,64 @@
     </message>
     <message>
         <source>An insert of block &apos;%1&apos; has no sheet number and is not exported: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert: %2</translation>
     </message>
     <message numerus="yes">
         <source>%n inserts of block &apos;%1&apos; have no sheet number and are not exported: %2</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert: %2</numerusform>
+            <numerusform>%n Blockeinfügungen des Blocks „%1“ haben keine Blattnummer und werden nicht exportiert: %2</numerusform>
         </translation>
     </message>
     <message>
         <source>looked for the attribute BL_NR or Bl_Nr</source>
-        <translation type="unfinished"></translation>
+        <translation>gesucht ist das Attribut BL_NR oder Bl_Nr</translation>
     </message>
     <message>
         <source>looked for the attribute %1</source>
-        <translation type="unfinished"></translation>
+        <translation>gesucht ist das Attribut %1</translation>
     </message>
     <message>
         <source>%1, there are none</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, es gibt keine Attribute</translation>
     </message>
     <message>
         <source>%1, found %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, gefunden %2</translation>
     </message>
     <message>
         <source>Appl&amp;y insert position</source>
-        <translation type="unfinished"></translation>
+        <translation>Lage der Einfügung an&amp;wenden</translation>
     </message>
     <message numerus="yes">
         <source>%n sheets have the same corners as others, because they share blocks; &quot;Apply insert position&quot; (--placed) puts each where its insert stands</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Blatt hat dieselben Ecken wie ein anderes, weil sie einen Block gemeinsam haben; „Einfügeposition anwenden“ (--placed) setzt jedes dorthin, wo seine Einfügung steht</numerusform>
+            <numerusform>%n Blätter haben dieselben Ecken wie andere, weil sie Blöcke gemeinsam haben; „Einfügeposition anwenden“ (--placed) setzt jedes dorthin, wo seine Einfügung steht</numerusform>
         </translation>
     </message>
     <message>
         <source>A sheet is moved, turned or scaled by its insert, which does not count; &quot;Apply insert position&quot; (--placed) lets it count</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Blatt wird von seiner Einfügung verschoben, gedreht oder skaliert, was nicht zählt; mit „Einfügeposition anwenden“ (--placed) zählt es</translation>
     </message>
     <message numerus="yes">
         <source>%n sheets are moved, turned or scaled by their inserts, which does not count; &quot;Apply insert position&quot; (--placed) lets it count</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Blatt wird von seiner Einfügung verschoben, gedreht oder skaliert, was nicht zählt; mit „Einfügeposition anwenden“ (--placed) zählt es</numerusform>
+            <numerusform>%n Blätter werden von ihren Einfügungen verschoben, gedreht oder skaliert, was nicht zählt; mit „Einfügeposition anwenden“ (--placed) zählt es</numerusform>
         </translation>
     </message>
     <message>
         <source>Sheet &apos;%1&apos; stays where its block is drawn: its insert is tilted out of the plane</source>
-        <translation type="unfinished"></translation>
+        <translation>Blatt „%1“ bleibt, wo sein Block gezeichnet ist: Seine Einfügung ist aus der Ebene gekippt</translation>
     </message>
     <message>
         <source>Sheet &apos;%1&apos; stays where its block is drawn: the position of its insert is no usable number</source>
-        <translation type="unfinished"></translation>
+        <translation>Blatt „%1“ bleibt, wo sein Block gezeichnet ist: Die Position seiner Einfügung ist keine brauchbare Zahl</translation>
     </message>
     <message>
         <source>as their blocks are drawn, insert positions not applied</source>
-        <translation type="unfinished"></translation>
+        <translation>wie ihre Blöcke gezeichnet sind, ohne Einfügepositionen</translation>
     </message>
     <message>
         <source>not marked: %1</source>
@@ -1669,19 +1669,19 @@ Ohne Befehle empfängt es nur. Beispiel:
     </message>
     <message>
         <source>Apply the position of each insert to its sheet: insertion point, scale, rotation, mirroring, rows and columns.</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf jedes Blatt die Position seiner Einfügung anwenden: Einfügepunkt, Skalierung, Drehung, Spiegelung, Zeilen und Spalten.</translation>
     </message>
     <message>
         <source>Take sheet numbers from the attribute TAG, not from BL_NR or Bl_Nr.</source>
-        <translation type="unfinished"></translation>
+        <translation>Blattnummern aus dem Attribut TAG nehmen, nicht aus BL_NR oder Bl_Nr.</translation>
     </message>
     <message>
         <source>Read the plan&apos;s texts as NAME (ANSI_1252, UTF-8, ...), whatever it says.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Texte des Plans als NAME lesen (ANSI_1252, UTF-8 usw.), was immer er angibt.</translation>
     </message>
     <message>
         <source>--encoding does not know &apos;%1&apos;</source>
-        <translation type="unfinished"></translation>
+        <translation>--encoding kennt „%1“ nicht</translation>
     </message>
 </context>
 </TS>
