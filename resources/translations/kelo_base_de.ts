@@ -35,13 +35,6 @@
     </message>
 </context>
 <context>
-    <name>DiagnosticModel</name>
-    <message>
-        <source>Line %1: %2</source>
-        <translation>Zeile %1: %2</translation>
-    </message>
-</context>
-<context>
     <name>DxfReader</name>
     <message>
         <source>The file ends in the middle of a pair of lines</source>
@@ -819,6 +812,13 @@
     <message>
         <source>Screen</source>
         <translation>Bildschirm</translation>
+    </message>
+</context>
+<context>
+    <name>FindingModel</name>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
     </message>
 </context>
 <context>
