@@ -295,7 +295,8 @@ void paintSpots(QPainter &painter, const SheetScene &scene, const std::vector<qu
         return;
     Spots image(scene, painter.device()->devicePixelRatio());
     for (const quint32 i : spots)
-        image.add(scene.picture.places[i]);
+        if (!isSelected(scene, i))
+            image.add(scene.picture.places[i]);
     for (const quint32 i : spots)
         if (isSelected(scene, i))
             image.addSelected(scene.picture.places[i]);

@@ -12,7 +12,7 @@
 class DxfToolsForm;
 
 /// Keeps list, picture and findings in step with the plan, the filter and each other. While someone
-/// types, list and picture follow every key; the findings follow when the typing pauses.
+/// types, only the list follows every key; what takes longer follows when the typing pauses.
 class SheetDesk : public QObject
 {
     Q_OBJECT
@@ -46,6 +46,8 @@ private:
     [[nodiscard]] QString whyEmpty() const;
 
     DxfToolsForm &m_form;
-    std::unique_ptr<PlanSession> m_plan;
+    std::shared_ptr<PlanSession> m_plan; ///< shared with a review that is under way
     QTimer m_reviewDue;
+    bool m_isReviewing = false;
+    bool m_isReviewStale = false; ///< plan, labels or filter changed since it began
 };
