@@ -73,7 +73,7 @@ struct DxfPlacement
     };
     static constexpr int kMostCells = 32'767; ///< in a row or a column
 
-    DxfVertex position;
+    DxfVertex position = {};
     double scaleX = 1;
     double scaleY = 1;
     double angle = 0; ///< in degrees, counter-clockwise

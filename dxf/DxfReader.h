@@ -31,8 +31,9 @@ struct [[nodiscard]] DxfReadResult
 /// What the user knows better than the plan.
 struct DxfReadOptions
 {
-    QString encoding;  ///< of the plan's texts, see DxfDrawing::SetEncoding(); empty: as it says
-    QString numberTag; ///< see DxfDrawing::NumberTag(); empty: the usual ones
+    QString encoding =
+        {}; ///< of the plan's texts, see DxfDrawing::SetEncoding(); empty: as it says
+    QString numberTag = {}; ///< see DxfDrawing::NumberTag(); empty: the usual ones
 };
 
 /// Called now and then while reading, at least ten times a second.

@@ -42,7 +42,9 @@ struct [[nodiscard]] PlacingResult
 {
     DxfDrawing drawing;
     bool cancelled = false; ///< the caller's progress function said so; there is no drawing
-    bool tooLarge = false;  ///< more than 2^27 vertices would be needed; there is no drawing
+    /// Rows and columns make more than 2^18 sheets, or there are more than 2^27 vertices; there is
+    /// no drawing.
+    bool tooLarge = false;
     explicit operator bool() const { return !cancelled && !tooLarge; }
 };
 

@@ -33,12 +33,10 @@ quint16 cells(int count)
 
 DxfPlacement placementOf(const DL_InsertData &insert, DxfPlacement::Plane plane)
 {
-    DxfPlacement unreadable;
-    unreadable.plane = DxfPlacement::Plane::Unreadable;
     const double sum = insert.ipx + insert.ipy + insert.sx + insert.sy + insert.angle +
                        insert.colSp + insert.rowSp;
-    if (std::isnan(sum) || plane == unreadable.plane)
-        return unreadable;
+    if (std::isnan(sum) || plane == DxfPlacement::Plane::Unreadable)
+        return {.plane = DxfPlacement::Plane::Unreadable};
     return {.position = {insert.ipx, insert.ipy},
             .scaleX = insert.sx,
             .scaleY = insert.sy,

@@ -5,6 +5,7 @@
 #include <QStringEncoder>
 #include <algorithm>
 #include <array>
+#include <numeric>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -133,14 +134,13 @@ std::optional<QByteArray> codecOf(std::string_view name)
 
 QString charactersOf(const QByteArray &codec)
 {
-    QString characters;
-    for (int byte = 0; byte < 256; ++byte) {
-        QStringDecoder decoder(codec.constData());
-        const QString character = decoder(QByteArray(1, static_cast<char>(byte)));
-        if (character.size() != 1 || decoder.hasError())
-            return {};
-        characters += character;
-    }
+    QByteArray bytes(256, Qt::Uninitialized);
+    std::iota(bytes.begin(), bytes.end(), char{0});
+    QString characters = QStringDecoder(codec.constData())(bytes);
+    if (characters.size() != bytes.size())
+        return {};
+    for (qsizetype ascii = 0; ascii < 128; ++ascii) // some codecs exchange control characters
+        characters[ascii] = QChar(static_cast<char16_t>(ascii));
     return characters;
 }
 

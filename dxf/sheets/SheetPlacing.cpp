@@ -12,8 +12,9 @@ namespace {
 
 using Plane = DxfPlacement::Plane;
 
-constexpr quint32 kMostPoints = 400; ///< of one sheet
+constexpr quint32 kMostPoints = 100; ///< of one sheet
 constexpr qint64 kMostVertices = qint64{1} << 27;
+constexpr qint64 kMostGridSheets = qint64{1} << 18;
 
 struct Turn
 {
@@ -86,6 +87,7 @@ private:
 
     const DxfDrawing &m_from;
     DxfDrawing m_to;
+    qint64 m_gridSheets = 0;         ///< beside the first of each grid
     std::vector<quint32> m_newIndex; ///< of blocks that are not placed, once they are needed
 };
 
@@ -106,7 +108,8 @@ bool InsertPlacer::place(std::size_t index)
                 append(insert, *block, &map);
             else
                 keep(insert, Plane::Unreadable);
-            if (m_to.m_vertices.size() > kMostVertices || m_to.m_inserts.size() > kMostVertices)
+            m_gridSheets += row + column > 0 ? 1 : 0;
+            if (m_to.m_vertices.size() > kMostVertices || m_gridSheets > kMostGridSheets)
                 return false;
         }
     }

@@ -16,6 +16,25 @@
     </message>
 </context>
 <context>
+    <name>CoreFacadeI</name>
+    <message>
+        <source>&apos;%1&apos; could not be started: %2.</source>
+        <translation>„%1“ konnte nicht gestartet werden: %2.</translation>
+    </message>
+    <message>
+        <source>What needs it is left out: %1.</source>
+        <translation>Was darauf aufbaut, entfällt: %1.</translation>
+    </message>
+    <message>
+        <source>it needs &apos;%1&apos;, which does not run</source>
+        <translation>„%1“ wird dafür gebraucht und läuft nicht</translation>
+    </message>
+    <message>
+        <source>it did not say why</source>
+        <translation>ein Grund wurde nicht genannt</translation>
+    </message>
+</context>
+<context>
     <name>DiagnosticModel</name>
     <message>
         <source>Line %1: %2</source>
@@ -183,6 +202,10 @@
         <source>An insert without a block name is left out</source>
         <translation>Eine Blockeinfügung ohne Blocknamen wird ausgelassen</translation>
     </message>
+    <message>
+        <source>&apos;%1&apos; is no encoding</source>
+        <translation>„%1“ ist keine Zeichenkodierung</translation>
+    </message>
 </context>
 <context>
     <name>DxfTools</name>
@@ -219,17 +242,6 @@
         <translation>
             <numerusform>Die Rechteckerkennung ergab weniger oder mehr als ein Rechteck (Block: %1): %n gefunden</numerusform>
             <numerusform>Die Rechteckerkennung ergab weniger oder mehr als ein Rechteck (Block: %1): %n gefunden</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>An insert of block &apos;%1&apos; has no sheet number and is not exported</source>
-        <translation>Eine Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n inserts of block &apos;%1&apos; have no sheet number and are not exported</source>
-        <translation>
-            <numerusform>%n Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert</numerusform>
-            <numerusform>%n Blockeinfügungen des Blocks „%1“ haben keine Blattnummer und werden nicht exportiert</numerusform>
         </translation>
     </message>
     <message>
@@ -337,6 +349,67 @@
     <message>
         <source>Picture of the sheets</source>
         <translation>Bild der Blätter</translation>
+    </message>
+    <message>
+        <source>An insert of block &apos;%1&apos; has no sheet number and is not exported: %2</source>
+        <translation>Eine Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n inserts of block &apos;%1&apos; have no sheet number and are not exported: %2</source>
+        <translation>
+            <numerusform>%n Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert: %2</numerusform>
+            <numerusform>%n Blockeinfügungen des Blocks „%1“ haben keine Blattnummer und werden nicht exportiert: %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>looked for the attribute BL_NR or Bl_Nr</source>
+        <translation>gesucht ist das Attribut BL_NR oder Bl_Nr</translation>
+    </message>
+    <message>
+        <source>looked for the attribute %1</source>
+        <translation>gesucht ist das Attribut %1</translation>
+    </message>
+    <message>
+        <source>%1, there are none</source>
+        <translation>%1, es gibt keine Attribute</translation>
+    </message>
+    <message>
+        <source>%1, found %2</source>
+        <translation>%1, gefunden %2</translation>
+    </message>
+    <message>
+        <source>Appl&amp;y insert position</source>
+        <translation>Lage der Einfügung an&amp;wenden</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets have the same corners as others, because they share blocks; &quot;Apply insert position&quot; (--placed) puts each where its insert stands</source>
+        <translation>
+            <numerusform>%n Blatt hat dieselben Ecken wie ein anderes, weil sie einen Block gemeinsam haben; „Einfügeposition anwenden“ (--placed) setzt jedes dorthin, wo seine Einfügung steht</numerusform>
+            <numerusform>%n Blätter haben dieselben Ecken wie andere, weil sie Blöcke gemeinsam haben; „Einfügeposition anwenden“ (--placed) setzt jedes dorthin, wo seine Einfügung steht</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>A sheet is moved, turned or scaled by its insert, which does not count; &quot;Apply insert position&quot; (--placed) lets it count</source>
+        <translation>Ein Blatt wird von seiner Einfügung verschoben, gedreht oder skaliert, was nicht zählt; mit „Einfügeposition anwenden“ (--placed) zählt es</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets are moved, turned or scaled by their inserts, which does not count; &quot;Apply insert position&quot; (--placed) lets it count</source>
+        <translation>
+            <numerusform>%n Blatt wird von seiner Einfügung verschoben, gedreht oder skaliert, was nicht zählt; mit „Einfügeposition anwenden“ (--placed) zählt es</numerusform>
+            <numerusform>%n Blätter werden von ihren Einfügungen verschoben, gedreht oder skaliert, was nicht zählt; mit „Einfügeposition anwenden“ (--placed) zählt es</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; stays where its block is drawn: its insert is tilted out of the plane</source>
+        <translation>Blatt „%1“ bleibt, wo sein Block gezeichnet ist: Seine Einfügung ist aus der Ebene gekippt</translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; stays where its block is drawn: the position of its insert is no usable number</source>
+        <translation>Blatt „%1“ bleibt, wo sein Block gezeichnet ist: Die Position seiner Einfügung ist keine brauchbare Zahl</translation>
+    </message>
+    <message>
+        <source>as their blocks are drawn, insert positions not applied</source>
+        <translation>wie ihre Blöcke gezeichnet sind, ohne Einfügepositionen</translation>
     </message>
     <message>
         <source>not marked: %1</source>
@@ -654,6 +727,101 @@
     </message>
 </context>
 <context>
+    <name>Environment</name>
+    <message>
+        <source>User settings</source>
+        <translation>Benutzereinstellungen</translation>
+    </message>
+    <message>
+        <source>User layout</source>
+        <translation>Benutzerlayout</translation>
+    </message>
+    <message>
+        <source>Project settings</source>
+        <translation>Projekteinstellungen</translation>
+    </message>
+    <message>
+        <source>Project layout</source>
+        <translation>Projektlayout</translation>
+    </message>
+    <message>
+        <source>Menu defaults</source>
+        <translation>Menüvorgaben</translation>
+    </message>
+    <message>
+        <source>Database</source>
+        <translation>Datenbank</translation>
+    </message>
+    <message>
+        <source>Server settings</source>
+        <translation>Servereinstellungen</translation>
+    </message>
+    <message>
+        <source>%1: %2 × %3, scale factor %4, %5 DPI (the screen itself says %6)</source>
+        <translation>%1: %2 × %3, Skalierung %4, %5 DPI (der Bildschirm selbst meldet %6)</translation>
+    </message>
+    <message>
+        <source>can be read and written</source>
+        <translation>lesbar und beschreibbar</translation>
+    </message>
+    <message>
+        <source>can be read</source>
+        <translation>lesbar</translation>
+    </message>
+    <message>
+        <source>can be written</source>
+        <translation>beschreibbar</translation>
+    </message>
+    <message>
+        <source>cannot be read</source>
+        <translation>nicht lesbar</translation>
+    </message>
+    <message>
+        <source>does not exist yet</source>
+        <translation>noch nicht vorhanden</translation>
+    </message>
+    <message>
+        <source>does not exist and cannot be made</source>
+        <translation>nicht vorhanden, kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>Organisation</source>
+        <translation>Organisation</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Command line</source>
+        <translation>Befehlszeile</translation>
+    </message>
+    <message>
+        <source>Locale</source>
+        <translation>Gebietsschema</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Operating system</source>
+        <translation>Betriebssystem</translation>
+    </message>
+    <message>
+        <source>Screen</source>
+        <translation>Bildschirm</translation>
+    </message>
+</context>
+<context>
     <name>OfferModel</name>
     <message>
         <source>%1 (1 insert)</source>
@@ -947,6 +1115,29 @@ Ohne Befehle empfängt es nur. Beispiel:
     </message>
 </context>
 <context>
+    <name>ServerProcess::Run</name>
+    <message>
+        <source>The folder &apos;%1&apos; for the server cannot be made.</source>
+        <translation>Der Ordner „%1“ für den Server kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>The file &apos;%1&apos; for the server cannot be written.</source>
+        <translation>Die Datei „%1“ für den Server kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>it ended at once</source>
+        <translation>er endete sofort</translation>
+    </message>
+    <message>
+        <source>The server &apos;%1&apos; ended five times within ten minutes and is not started again. Its output is in &apos;%2&apos;.</source>
+        <translation>Der Server „%1“ endete fünfmal innerhalb von zehn Minuten und wird nicht mehr gestartet. Seine Ausgaben stehen in „%2“.</translation>
+    </message>
+    <message>
+        <source>The server &apos;%1&apos; cannot be started: %2.</source>
+        <translation>Der Server „%1“ kann nicht gestartet werden: %2.</translation>
+    </message>
+</context>
+<context>
     <name>SheetCorners</name>
     <message>
         <source>no corners</source>
@@ -1190,10 +1381,6 @@ Ohne Befehle empfängt es nur. Beispiel:
         <translation>--%1 ist mehrfach angegeben</translation>
     </message>
     <message>
-        <source>--%1 wants a value</source>
-        <translation>--%1 braucht einen Wert</translation>
-    </message>
-    <message>
         <source>--include wants TAG=VALUE, not &apos;%1&apos;</source>
         <translation>--include braucht TAG=VALUE, nicht „%1“</translation>
     </message>
@@ -1239,10 +1426,6 @@ Ohne Befehle empfängt es nur. Beispiel:
             <numerusform>%n Blatt</numerusform>
             <numerusform>%n Blätter</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>standard output</source>
-        <translation>Standardausgabe</translation>
     </message>
     <message>
         <source>1 sheet written to %1</source>
@@ -1304,6 +1487,201 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>Example values</source>
         <translation>Beispielwerte</translation>
+    </message>
+    <message>
+        <source>it is write-protected</source>
+        <translation>sie ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>memory does not suffice to analyse it</source>
+        <translation>der Speicher reicht nicht, um ihn auszuwerten</translation>
+    </message>
+    <message>
+        <source>cannot read &apos;%1&apos;: %2</source>
+        <translation>„%1“ kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no GK2 file</source>
+        <translation>„%1“ ist keine GK2-Datei</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is damaged: line %2 should hold a corner</source>
+        <translation>„%1“ ist beschädigt: In Zeile %2 sollte eine Ecke stehen</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no GK2 file; it is replaced only with --force</source>
+        <translation>„%1“ ist keine GK2-Datei und wird nur mit --force ersetzt</translation>
+    </message>
+    <message>
+        <source>no sheet is left; &apos;%1&apos; would lose its sheets, and does only with --allow-empty</source>
+        <translation>es bleibt kein Blatt übrig; „%1“ verlöre seine Blätter, was nur mit --allow-empty geschieht</translation>
+    </message>
+    <message>
+        <source>Print what changed since the GK2 file OLD: sheets that are new, gone, moved or renamed. Writes sheets only with --output or --output-dir.</source>
+        <translation>Gibt aus, was sich seit der GK2-Datei OLD geändert hat: neue, weggefallene, verschobene und umbenannte Blätter. Schreibt Blätter nur mit --output oder --output-dir.</translation>
+    </message>
+    <message>
+        <source>How far a corner may lie from where it was (--compare). Default: 0.005.</source>
+        <translation>Wie weit eine Ecke von ihrem früheren Ort liegen darf (--compare). Vorgabe: 0.005.</translation>
+    </message>
+    <message>
+        <source>Replace files that are no GK2 files, too.</source>
+        <translation>Ersetzt auch Dateien, die keine GK2-Dateien sind.</translation>
+    </message>
+    <message>
+        <source>Replace a file that holds sheets even by one without any.</source>
+        <translation>Ersetzt eine Datei mit Blättern auch durch eine ohne.</translation>
+    </message>
+    <message>
+        <source>unknown option &apos;%1&apos;</source>
+        <translation>unbekannte Option &apos;%1&apos;</translation>
+    </message>
+    <message>
+        <source>%1 takes no value</source>
+        <translation>%1 nimmt keinen Wert</translation>
+    </message>
+    <message>
+        <source>%1 wants a value</source>
+        <translation>%1 verlangt einen Wert</translation>
+    </message>
+    <message>
+        <source>--compare looks at one plan only</source>
+        <translation>--compare betrachtet nur einen Plan</translation>
+    </message>
+    <message>
+        <source>--compare and a list make one output only with --json</source>
+        <translation>--compare und eine Liste ergeben nur mit --json eine gemeinsame Ausgabe</translation>
+    </message>
+    <message>
+        <source>the changes and the sheets cannot both go to standard output</source>
+        <translation>Änderungen und Blätter können nicht beide auf die Standardausgabe</translation>
+    </message>
+    <message>
+        <source>Exit status:</source>
+        <translation>Rückgabewerte:</translation>
+    </message>
+    <message>
+        <source>All done.</source>
+        <translation>Alles erledigt.</translation>
+    </message>
+    <message>
+        <source>A plan could not be read, or a result not be written.</source>
+        <translation>Ein Plan war nicht zu lesen oder ein Ergebnis nicht zu schreiben.</translation>
+    </message>
+    <message>
+        <source>Wrong usage; nothing was done.</source>
+        <translation>Falscher Aufruf; nichts wurde getan.</translation>
+    </message>
+    <message>
+        <source>Done, with warnings, and --strict was given.</source>
+        <translation>Erledigt, mit Warnungen, und --strict war angegeben.</translation>
+    </message>
+    <message>
+        <source>--compare found changes, and no sheets were to be written.</source>
+        <translation>--compare fand Änderungen, und Blätter waren nicht zu schreiben.</translation>
+    </message>
+    <message>
+        <source>Examples:</source>
+        <translation>Beispiele:</translation>
+    </message>
+    <message>
+        <source>Writes roads.txt.</source>
+        <translation>Schreibt roads.txt.</translation>
+    </message>
+    <message>
+        <source>Writes each into the folder out.</source>
+        <translation>Schreibt jeden in den Ordner out.</translation>
+    </message>
+    <message>
+        <source>What could be filtered by?</source>
+        <translation>Wonach ließe sich filtern?</translation>
+    </message>
+    <message>
+        <source>Only these sheets.</source>
+        <translation>Nur diese Blätter.</translation>
+    </message>
+    <message>
+        <source>Only looks.</source>
+        <translation>Sieht nur nach.</translation>
+    </message>
+    <message>
+        <source>What would change?</source>
+        <translation>Was würde sich ändern?</translation>
+    </message>
+    <message>
+        <source>--tolerance wants a length such as 0.5, not &apos;%1&apos;</source>
+        <translation>--tolerance verlangt eine Länge wie 0.5, nicht „%1“</translation>
+    </message>
+    <message>
+        <source>--tolerance belongs to --compare</source>
+        <translation>--tolerance gehört zu --compare</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>neu</translation>
+    </message>
+    <message>
+        <source>gone</source>
+        <translation>weggefallen</translation>
+    </message>
+    <message>
+        <source>moved</source>
+        <translation>verschoben</translation>
+    </message>
+    <message>
+        <source>renamed</source>
+        <translation>umbenannt</translation>
+    </message>
+    <message>
+        <source>was %1</source>
+        <translation>früher %1</translation>
+    </message>
+    <message>
+        <source>by %1</source>
+        <translation>um %1</translation>
+    </message>
+    <message>
+        <source>other corners</source>
+        <translation>andere Ecken</translation>
+    </message>
+    <message>
+        <source>1 sheet written to standard output</source>
+        <translation>1 Blatt auf die Standardausgabe geschrieben</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets written to standard output</source>
+        <translation>
+            <numerusform>%n Blatt auf die Standardausgabe geschrieben</numerusform>
+            <numerusform>%n Blätter auf die Standardausgabe geschrieben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>no changes</source>
+        <translation>keine Änderungen</translation>
+    </message>
+    <message>
+        <source>%1 compared with %2: %3</source>
+        <translation>%1 verglichen mit %2: %3</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Änderung</translation>
+    </message>
+    <message>
+        <source>Apply the position of each insert to its sheet: insertion point, scale, rotation, mirroring, rows and columns.</source>
+        <translation>Auf jedes Blatt die Position seiner Einfügung anwenden: Einfügepunkt, Skalierung, Drehung, Spiegelung, Zeilen und Spalten.</translation>
+    </message>
+    <message>
+        <source>Take sheet numbers from the attribute TAG, not from BL_NR or Bl_Nr.</source>
+        <translation>Blattnummern aus dem Attribut TAG nehmen, nicht aus BL_NR oder Bl_Nr.</translation>
+    </message>
+    <message>
+        <source>Read the plan&apos;s texts as NAME (ANSI_1252, UTF-8, ...), whatever it says.</source>
+        <translation>Die Texte des Plans als NAME lesen (ANSI_1252, UTF-8 usw.), was immer er angibt.</translation>
+    </message>
+    <message>
+        <source>--encoding does not know &apos;%1&apos;</source>
+        <translation>--encoding kennt „%1“ nicht</translation>
     </message>
 </context>
 </TS>
