@@ -11,6 +11,7 @@
 #include "dxf/workbench/findingpanel_p.h"
 #include "dxf/workbench/messageline_p.h"
 #include "dxf/workbench/picturepanel_p.h"
+#include "dxf/workbench/planchanges_p.h"
 #include "dxf/workbench/readpanel_p.h"
 #include "dxf/workbench/sheetpanel_p.h"
 #include "dxf/workbench/sheetpictureview_p.h"
@@ -66,6 +67,15 @@ AnalysisOptions SheetDesk::options() const
     return m_form.filter().options();
 }
 
+void SheetDesk::showChanges(const PlanChanges &changes)
+{
+    m_changes = changes.findings;
+    SheetPictureView &picture = m_form.picture().view();
+    picture.showNews(changes.sheets, changes.gone);
+    picture.showStates(m_plan->Sheets());
+    showFindings();
+}
+
 void SheetDesk::showInstead(const QString &text)
 {
     if (m_plan)
@@ -80,6 +90,7 @@ void SheetDesk::show(std::unique_ptr<PlanSession> plan)
     m_reviewDue.stop();
     m_isReviewStale = true;
     const std::shared_ptr<PlanSession> old = std::exchange(m_plan, std::move(plan)); // still shown
+    m_changes.clear();
     m_form.sheets().setDrawing(&m_plan->Drawing());
     m_form.filter().offerFrom(&m_plan->Drawing());
     showSheets();
@@ -143,6 +154,7 @@ void SheetDesk::relabel()
     m_isReviewStale = true;
     const std::vector<quint32> selected = m_form.sheets().selected();
     const std::size_t inserts = m_plan->Drawing().Inserts().size();
+    m_changes.clear();
     m_form.sheets().setDrawing(nullptr); // its inserts may become others
     m_form.picture().view().clear();
     if (!m_plan->Relabel(options()))
@@ -181,7 +193,9 @@ void SheetDesk::showPicture()
 
 void SheetDesk::showFindings()
 {
-    m_form.findings().setFindings(m_plan->Findings());
+    std::vector<Diagnostic> findings = m_plan->Findings();
+    findings.insert(findings.begin(), m_changes.begin(), m_changes.end());
+    m_form.findings().setFindings(std::move(findings));
     showFindingsOf(m_form.sheets().selected());
 }
 

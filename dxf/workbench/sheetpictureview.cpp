@@ -61,8 +61,10 @@ void sortSheets(std::vector<quint32> &sheets)
     constexpr std::size_t kMany = 10'000;
     if (std::ranges::is_sorted(sheets))
         return;
-    if (sheets.size() < kMany)
-        return std::ranges::sort(sheets);
+    if (sheets.size() < kMany) {
+        std::ranges::sort(sheets);
+        return;
+    }
     std::vector<bool> isThere(std::size_t{*std::ranges::max_element(sheets)} + 1);
     for (const quint32 sheet : sheets)
         isThere[sheet] = true;
@@ -116,6 +118,11 @@ void SheetPictureView::showStates(std::span<const quint32> chosen)
     ShowSheetStates(m_picture, *m_drawing, chosen);
     m_legend = m_picture.legend;
     layOut();
+}
+
+void SheetPictureView::showNews(std::span<const ChangedSheet> changed, qint64 gone)
+{
+    ShowSheetNews(m_picture, changed, gone);
 }
 
 void SheetPictureView::clear(const QString &message)

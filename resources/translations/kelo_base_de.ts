@@ -379,7 +379,7 @@
     </message>
     <message>
         <source>Appl&amp;y insert position</source>
-        <translation>Lage der Einfügung an&amp;wenden</translation>
+        <translation>Einfüge&amp;position anwenden</translation>
     </message>
     <message numerus="yes">
         <source>%n sheets have the same corners as others, because they share blocks; &quot;Apply insert position&quot; (--placed) puts each where its insert stands</source>
@@ -642,7 +642,7 @@
     </message>
     <message>
         <source>Mar&amp;k Selected</source>
-        <translation>Ausw&amp;ahl markieren</translation>
+        <translation>Auswahl ma&amp;rkieren</translation>
     </message>
     <message>
         <source>Marks the sheets that are selected; all others stay as they are. The space bar marks them or takes their marks away.</source>
