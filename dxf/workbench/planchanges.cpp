@@ -45,20 +45,21 @@ QString sentenceFor(const SheetChange &change, const QString &before, const QStr
 
 } // namespace
 
-PlanChanges ChangesAgainst(std::span<const Gk2Record> older, const DxfDrawing &drawing,
-                           std::span<const quint32> sheets)
+PlanChanges dxftools::changesAgainst(std::span<const Gk2Record> older, const DxfDrawing &drawing,
+                                     std::span<const quint32> sheets)
 {
     std::vector<quint32> written;
     const std::vector<Gk2Record> newer = Gk2RecordsOf(drawing, sheets, &written);
     const auto shown = [&](std::span<const Gk2Record> records, std::size_t i) {
-        return i < records.size() ? drawing.DisplayText(records[i].number.toStdString()) : QString();
+        return i < records.size() ? drawing.DisplayText(records[i].number.toStdString())
+                                  : QString();
     };
     PlanChanges changes;
     std::array<qint64, 4> counts{};
     for (const SheetChange &change : CompareSheets(older, newer)) {
         ++counts[static_cast<std::size_t>(change.kind)];
-        Diagnostic &note = changes.findings.emplace_back();
-        note.severity = Severity::Note;
+        PlanFinding &note = changes.findings.emplace_back();
+        note.severity = PlanFinding::Severity::Note;
         note.text = sentenceFor(change, shown(older, change.older), shown(newer, change.newer));
         if (change.newer == SheetChange::kNone)
             continue;
@@ -67,9 +68,9 @@ PlanChanges ChangesAgainst(std::span<const Gk2Record> older, const DxfDrawing &d
         changes.sheets.push_back({sheet, newsOf(change.kind)});
     }
     changes.gone = counts[static_cast<std::size_t>(Kind::Gone)];
-    changes.summary = DxfDialogTexts::ChangesCounted(
-        counts[static_cast<std::size_t>(Kind::New)], changes.gone,
-        counts[static_cast<std::size_t>(Kind::Moved)],
-        counts[static_cast<std::size_t>(Kind::Renamed)]);
+    changes.summary =
+        DxfDialogTexts::ChangesCounted(counts[static_cast<std::size_t>(Kind::New)], changes.gone,
+                                       counts[static_cast<std::size_t>(Kind::Moved)],
+                                       counts[static_cast<std::size_t>(Kind::Renamed)]);
     return changes;
 }

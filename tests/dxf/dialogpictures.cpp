@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Saves a picture of the workbench dialog in a state that is worth looking at.
-#include "dxf/workbench/readingprogress_p.h"
+#include "dxf/workbench/readingbar_p.h"
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QGroupBox>
@@ -55,7 +55,7 @@ QPixmap onScreen(QWidget &dialog)
 QPixmap grabWhileReading(DxfToolsDialog &dialog, const QString &plan)
 {
     QPixmap picture;
-    dialog.findChild<ReadingProgress *>()->setPace({.shownAfter = 0, .eventsEvery = 0});
+    dialog.findChild<ReadingBar *>()->setPace({.shownAfter = 0, .eventsEvery = 0});
     const auto *bar = dialog.findChild<QProgressBar *>();
     QTimer poll;
     bool hasWaited = false;
@@ -95,7 +95,8 @@ int main(int argc, char **argv)
 {
     QApplication app(argc, argv);
     QCommandLineParser parser;
-    const QCommandLineOption state(u"state"_s, u"empty, reading, filtered or any other name."_s, u"name"_s);
+    const QCommandLineOption state(u"state"_s, u"empty, reading, filtered or any other name."_s,
+                                   u"name"_s);
     const QCommandLineOption theme(u"theme"_s, u"light or dark."_s, u"name"_s, u"light"_s);
     const QCommandLineOption language(u"language"_s, u"en or de."_s, u"code"_s, u"en"_s);
     const QCommandLineOption picture(u"picture"_s, u"The file to save."_s, u"file"_s);
