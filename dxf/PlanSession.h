@@ -91,8 +91,11 @@ public:
     /// Chooses the sheets anew, but reviews nothing: the findings stay those of before. False when
     /// memory does not suffice; so with Review().
     bool Choose(const SheetFilter &filter);
-    /// Chooses and reviews; takes several times as long as choosing.
-    bool Review(const SheetFilter &filter);
+    /// Chooses and reviews; takes several times as long as choosing. Also false, and nothing
+    /// changed, when @p progress gave up.
+    bool Review(const SheetFilter &filter, const PlanProgress &progress = {});
+    /// All that can be sheets, as without a filter. May throw std::bad_alloc the first time.
+    [[nodiscard]] const std::vector<quint32> &AllSheets();
 
     /// Whether any of the sheets chosen would be written: has a number and its mark.
     [[nodiscard]] bool HasRecords() const;
@@ -118,6 +121,7 @@ private:
     std::optional<DxfDrawing> m_asRead;      ///< the drawing without placement, while it has one
     std::vector<PlanFinding> m_readFindings; ///< faults that did not hinder reading
     SheetAnalysis m_analysis;
+    std::optional<std::vector<quint32>> m_all; ///< AllSheets(), once somebody asked
 };
 
 /// What became of opening a plan.

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The way of one plan, from its file to the sheets' file.
 #include "dxf/sheets/gk2records_p.h"
+#include "dxf/sheets/insertfilter_p.h"
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
+#include <iterator>
 #include <kelo_base/core/FileName.h>
 #include <kelo_base/dxf/Gk2Writer.h>
 #include <kelo_base/dxf/PlanSession.h>
@@ -151,6 +153,7 @@ bool PlanSession::place(bool appliesPlacement, const PlanProgress &progress)
 
 bool PlanSession::Relabel(const AnalysisOptions &options)
 {
+    m_all.reset();
     return attempt([&] {
                return place(options.appliesPlacement) && LabelSheets(m_drawing, options.order);
            }) &&
@@ -160,17 +163,32 @@ bool PlanSession::Relabel(const AnalysisOptions &options)
 bool PlanSession::Choose(const SheetFilter &filter)
 {
     return attempt([&] {
-        m_analysis.sheets = SelectSheets(m_drawing, filter).value();
+        const InsertFilter wanted(filter, m_drawing);
+        std::vector<quint32> chosen; // in order already, and their numbers need no second look
+        chosen.reserve(AllSheets().size());
+        std::ranges::copy_if(AllSheets(), std::back_inserter(chosen), [&](quint32 sheet) {
+            return wanted.Passes(m_drawing.Inserts()[sheet]);
+        });
+        m_analysis.sheets = std::move(chosen);
         return true;
     });
 }
 
-bool PlanSession::Review(const SheetFilter &filter)
+bool PlanSession::Review(const SheetFilter &filter, const PlanProgress &progress)
 {
     return attempt([&] {
-        m_analysis = ReviewSheets(m_drawing, filter, m_path).value();
-        return true;
+        auto analysis = ReviewSheets(m_drawing, filter, m_path, progress);
+        if (analysis)
+            m_analysis = *std::move(analysis);
+        return analysis.has_value();
     });
+}
+
+const std::vector<quint32> &PlanSession::AllSheets()
+{
+    if (!m_all)
+        m_all = SelectSheets(m_drawing, {});
+    return *m_all;
 }
 
 bool PlanSession::HasRecords() const

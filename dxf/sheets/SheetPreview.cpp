@@ -12,6 +12,7 @@
 #include <kelo_base/dxf/SheetPlacing.h>
 #include <limits>
 #include <numbers>
+#include <unordered_map>
 #include <utility>
 
 namespace {
@@ -333,6 +334,12 @@ struct StateCounts ///< in sheets
     qint64 filteredOut = 0;
 };
 
+/// How many places have some news.
+qint64 countNews(const SheetPicture &picture, SheetNews news)
+{
+    return std::ranges::count(picture.places, news, &SheetPlace::news);
+}
+
 /// The state of a place: the best one of its sheets.
 StateCounts showStates(SheetPicture &picture, const DxfDrawing &drawing,
                        const std::vector<bool> &isChosen)
@@ -382,6 +389,14 @@ void writeLegend(SheetPicture &picture, double margin, double top, const StateCo
         legend.Add(Mark::Unmarked, DxfToolTexts::UnmarkedInPreview(counts.unmarked));
     if (counts.filteredOut > 0)
         legend.Add(Mark::FilteredOut, DxfToolTexts::FilteredOutInPreview(counts.filteredOut));
+    if (const qint64 count = countNews(picture, SheetNews::New); count > 0)
+        legend.Add(Mark::New, DxfToolTexts::NewInPreview(count));
+    if (const qint64 count = countNews(picture, SheetNews::Moved); count > 0)
+        legend.Add(Mark::Moved, DxfToolTexts::MovedInPreview(count));
+    if (const qint64 count = countNews(picture, SheetNews::Renamed); count > 0)
+        legend.Add(Mark::Renamed, DxfToolTexts::RenamedInPreview(count));
+    if (picture.gone > 0)
+        legend.Add(Mark::None, DxfToolTexts::GoneInPreview(picture.gone));
     const double length = dxftools::roundLength(picture.size.width() / 7 / picture.pixelsPerUnit);
     if (!picture.places.empty() && std::isnormal(length))
         legend.Add({.mark = Mark::ScaleBar,
@@ -506,12 +521,27 @@ void ShowSheetStates(SheetPicture &picture, const DxfDrawing &drawing,
     writeLegend(picture, marginOf(picture), legendTop(picture), counts);
 }
 
+void ShowSheetNews(SheetPicture &picture, std::span<const ChangedSheet> changed, qint64 gone)
+{
+    std::unordered_map<quint32, SheetNews> newsOf;
+    for (const ChangedSheet &change : changed)
+        newsOf.emplace(change.sheet, change.news);
+    picture.gone = gone;
+    for (SheetPlace &place : picture.places) {
+        place.news = SheetNews::None;
+        for (const quint32 sheet : picture.SheetsAt(place))
+            if (const auto news = newsOf.find(sheet); news != newsOf.end())
+                place.news = news->second;
+    }
+}
+
 SheetFigure FigureOf(const SheetPicture &picture, const SheetPlace &place,
                      const DxfDrawing &drawing)
 {
     SheetFigure figure;
     figure.kind = place.kind;
     figure.state = place.state;
+    figure.news = place.news;
     figure.bounds = place.bounds;
     const DxfInsert &insert = drawing.Inserts()[picture.sheets[place.firstSheet]];
     const DxfBlock &block = *drawing.BlockOf(insert);

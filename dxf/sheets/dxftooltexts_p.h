@@ -130,6 +130,10 @@ public:
     {
         return tr("not included: %1").arg(sheets);
     }
+    static QString NewInPreview(qint64 sheets) { return tr("new: %1").arg(sheets); }
+    static QString MovedInPreview(qint64 sheets) { return tr("moved: %1").arg(sheets); }
+    static QString RenamedInPreview(qint64 sheets) { return tr("renamed: %1").arg(sheets); }
+    static QString GoneInPreview(qint64 sheets) { return tr("gone: %1").arg(sheets); }
     static QString NoNumberInPreview() { return tr("Without sheet number"); }
     static QString PictureName() { return tr("Picture of the sheets"); }
     static QString PictureHelp()

@@ -26,15 +26,27 @@ bool WantedText::matches(std::string_view bytes) const
     if ((m_encoded && bytes == dxftools::viewOf(*m_encoded)) ||
         (m_latin1 && bytes == dxftools::viewOf(*m_latin1)))
         return true;
-    const bool hasEscape = bytes.find("\\U+") != std::string_view::npos ||
-                           bytes.find("\\M+") != std::string_view::npos;
+    const bool mayHaveEscape = bytes.find('\\') != std::string_view::npos;
+    const bool hasEscape = mayHaveEscape && (bytes.find("\\U+") != std::string_view::npos ||
+                                             bytes.find("\\M+") != std::string_view::npos);
     return hasEscape && m_drawing.DisplayText(bytes) == m_text;
+}
+
+bool WantedText::matchesTag(const DxfAttribute &attribute) const
+{
+    for (const KnownTag &known : m_knownTags)
+        if (known.tag == attribute.tag)
+            return known.matches;
+    const KnownTag found{attribute.tag, matches(m_drawing.Tag(attribute))};
+    if (m_knownTags.size() < kMostKnownTags)
+        m_knownTags.push_back(found);
+    return found.matches;
 }
 
 std::optional<std::string_view> WantedText::valueIn(const DxfInsert &insert) const
 {
     for (const DxfAttribute &attribute : m_drawing.Attributes(insert))
-        if (matches(m_drawing.Tag(attribute)))
+        if (matchesTag(attribute))
             return m_drawing.Value(attribute);
     return std::nullopt;
 }

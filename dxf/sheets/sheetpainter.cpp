@@ -91,6 +91,8 @@ public:
         const Ink &ink =
             m_inks[static_cast<std::size_t>(place.kind)][static_cast<std::size_t>(place.state)];
         const QRect spot = spotOf(place.bounds);
+        if (place.news != SheetNews::None)
+            return fill(spot, m_scene.look.Of(place.news).rgba());
         fill(spot, ink.rim);
         if (spot.width() > 2 && spot.height() > 2)
             fill(spot.adjusted(1, 1, -1, -1), ink.inside);
@@ -286,13 +288,26 @@ void paintSelected(QPainter &painter, const SheetScene &scene, const SheetFigure
     paintOutlines(painter, figure);
 }
 
+/// A frame inside of the sheet's own.
+void paintNews(QPainter &painter, const SheetScene &scene, const SheetFigure &figure)
+{
+    if (figure.news == SheetNews::None)
+        return;
+    constexpr double kLine = 3;
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(
+        QPen(scene.look.Of(figure.news), kLine, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    paintOutlines(painter, figure);
+}
+
 void paintSpots(QPainter &painter, const SheetScene &scene, const std::vector<quint32> &spots)
 {
     if (spots.empty())
         return;
     Spots image(scene, painter.device()->devicePixelRatio());
     for (const quint32 i : spots)
-        image.add(scene.picture.places[i]);
+        if (!isSelected(scene, i))
+            image.add(scene.picture.places[i]);
     for (const quint32 i : spots)
         if (isSelected(scene, i))
             image.addSelected(scene.picture.places[i]);
@@ -312,6 +327,8 @@ void paintLarge(QPainter &painter, const SheetScene &scene, const std::vector<qu
     for (std::size_t i = 0; i < large.size(); ++i)
         if (isSelected(scene, large[i]))
             paintSelected(painter, scene, figures[i]);
+    for (const SheetFigure &figure : figures)
+        paintNews(painter, scene, figure);
     for (const SheetFigure &figure : figures)
         paintNumber(painter, figure, scene);
 }
@@ -447,6 +464,15 @@ void dxftools::paintLegendMark(QPainter &painter, const LegendEntry &entry, doub
     case Mark::FilteredOut:
         paintBox(SheetKind::Labelled, SheetState::FilteredOut);
         break;
+    case Mark::New:
+    case Mark::Moved:
+    case Mark::Renamed: {
+        const int kind = static_cast<int>(entry.mark) - static_cast<int>(Mark::New) + 1;
+        paintBox(SheetKind::Labelled);
+        painter.setPen(QPen(look.Of(static_cast<SheetNews>(kind)), 2.5));
+        painter.drawRect(box);
+        break;
+    }
     case Mark::Corner: {
         const std::array corners{box.topLeft(), box.topRight(), box.bottomRight(),
                                  box.bottomLeft()};

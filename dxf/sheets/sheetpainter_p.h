@@ -26,7 +26,15 @@ struct SheetLook
     Style unnumbered;
     /// Clockwise from top left; they differ in brightness too, for those who do not see all hues.
     std::array<QColor, 4> corners;
-    QFont font; ///< of any size
+    /// Of frames around sheets that are new, moved and renamed.
+    std::array<QColor, 3> news{QColor(0x1A, 0x7F, 0x37), QColor(0xD9, 0x6A, 0x00),
+                               QColor(0x8A, 0x3F, 0xC8)};
+    QFont font = {}; ///< of any size
+
+    [[nodiscard]] QColor Of(SheetNews kind) const
+    {
+        return news[static_cast<std::size_t>(kind) - 1];
+    }
 
     /// Sheets that are not exported are fainter than others, those that are not chosen most.
     [[nodiscard]] Style Of(SheetKind kind, SheetState state) const;

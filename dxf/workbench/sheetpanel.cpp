@@ -149,8 +149,12 @@ void SheetPanel::showCounts()
 
 std::vector<quint32> SheetPanel::selected() const
 {
+    const QItemSelection ranges = selection().selection();
+    const bool areAll = ranges.size() == 1 && ranges.first().height() == m_model->rowCount();
+    if (areAll)
+        return m_model->sheets();
     std::vector<quint32> sheets;
-    for (const QItemSelectionRange &range : selection().selection())
+    for (const QItemSelectionRange &range : ranges)
         for (int row = range.top(); row <= range.bottom(); ++row)
             sheets.push_back(m_model->sheetAt(row));
     return sheets;

@@ -55,6 +55,25 @@ QRectF boundsOf(const std::vector<SheetPlace> &places)
     return {low, high};
 }
 
+/// Ascending. Of a million, looking at each insert once is quicker than comparing.
+void sortSheets(std::vector<quint32> &sheets)
+{
+    constexpr std::size_t kMany = 10'000;
+    if (std::ranges::is_sorted(sheets))
+        return;
+    if (sheets.size() < kMany) {
+        std::ranges::sort(sheets);
+        return;
+    }
+    std::vector<bool> isThere(std::size_t{*std::ranges::max_element(sheets)} + 1);
+    for (const quint32 sheet : sheets)
+        isThere[sheet] = true;
+    sheets.clear();
+    for (quint32 sheet = 0; sheet < isThere.size(); ++sheet)
+        if (isThere[sheet])
+            sheets.push_back(sheet);
+}
+
 /// Sheets are what people look for; most of the room is theirs.
 bool hasRoomForLegend(double legend, double whole)
 {
@@ -100,6 +119,11 @@ void SheetPictureView::showStates(std::span<const quint32> chosen)
     layOut();
 }
 
+void SheetPictureView::showNews(std::span<const ChangedSheet> changed, qint64 gone)
+{
+    ShowSheetNews(m_picture, changed, gone);
+}
+
 void SheetPictureView::clear(const QString &message)
 {
     const DxfDrawing none;
@@ -114,8 +138,9 @@ void SheetPictureView::clear(const QString &message)
 
 void SheetPictureView::setSelectedSheets(std::vector<quint32> sheets)
 {
-    if (!std::ranges::is_sorted(sheets))
-        std::ranges::sort(sheets);
+    sortSheets(sheets);
+    if (sheets.empty() && m_selected.empty() && m_isSelected.size() == m_picture.places.size())
+        return;
     m_selected = std::move(sheets);
     m_isSelected.assign(m_picture.places.size(), false);
     for (const quint32 sheet : m_selected)

@@ -35,6 +35,8 @@ public:
                    const QString &title);
     /// Shows which of the sheets are chosen and marked; the others are fainter.
     void showStates(std::span<const quint32> chosen);
+    /// Shows what changed against an older file, until other sheets are set.
+    void showNews(std::span<const ChangedSheet> changed, qint64 gone);
     /// @param message  one sentence to show instead of a picture
     void clear(const QString &message = {});
     /// What is shown, as a page to save.

@@ -428,6 +428,22 @@
         <source>%1 - not included</source>
         <translation>%1 – nicht einbezogen</translation>
     </message>
+    <message>
+        <source>new: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>moved: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>renamed: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>gone: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>DxfToolsDialog</name>
@@ -702,6 +718,38 @@
     <message>
         <source>Copy as Table</source>
         <translation>Als Tabelle kopieren</translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; is new</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; is not in the file any more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; has moved by %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; has another number of corners</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; is now called &apos;%2&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>nothing changed against the older file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>against the older file: %1 new, %2 gone, %3 moved, %4 renamed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 - %2</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <kelo_base/dxf/Gk2Writer.h>
 #include <kelo_base/dxf/RoutingTilesRevisor.h>
+#include <kelo_base/dxf/SheetAnalysis.h>
 #include <kelo_base/dxf/SheetPreview.h>
 
 using namespace Qt::Literals::StringLiterals;
