@@ -52,6 +52,11 @@ std::unique_ptr<QtPieItem> newEmptyPlace()
     return item;
 }
 
+bool isEmptyPlace(const QtPieItem &item)
+{
+    return item.text().isEmpty() && item.icon().isNull();
+}
+
 /// Announces and triggers. Listeners may delete whatever they like.
 void trigger(ActionManager &manager, int id)
 {
@@ -71,6 +76,7 @@ ActionSectorMenu::ActionSectorMenu(ActionManager &manager, int innerRadius, int 
                                    QWidget *parent, const QString &name)
     : QtPieMenu(innerRadius, outerRadius, parent, name), m_manager(&manager)
 {
+    setGrowing(true);
 }
 
 void ActionSectorMenu::fillByLayout(const ContextMenuLayout &layout, const FunctionFilter &filter)
@@ -129,12 +135,15 @@ std::unique_ptr<QtPieItem> ActionSectorMenu::newItem(int id, const ActionData &r
 
 std::unique_ptr<QtPieMenu> ActionSectorMenu::newSubMenu(const QString &text, Entries entries) const
 {
-    auto menu = std::make_unique<QtPieMenu>(text, innerRadius(), outerRadius());
+    auto menu = std::make_unique<QtPieMenu>(text, innerRadius(), leastOuterRadius());
     menu->setAutoActivateSubMenus(autoActivateSubMenus());
     menu->setHoverInterval(hoverInterval());
     menu->setTapThreshold(tapThreshold());
     menu->setSubMenuPlacement(subMenuPlacement());
     menu->setFading(isFading());
+    menu->setGrowing(isGrowing());
+    menu->setDigitsShown(areDigitsShown());
+    menu->setCancelDistance(cancelDistance());
     insertEntries(*menu, std::move(entries));
     return menu;
 }
@@ -142,11 +151,14 @@ std::unique_ptr<QtPieMenu> ActionSectorMenu::newSubMenu(const QString &text, Ent
 void ActionSectorMenu::insertEntries(QtPieMenu &menu, Entries entries) const
 {
     if (entries.size() > kMostEntries) {
-        const auto rest = entries.begin() + (kMostEntries - 1);
-        auto more = newSubMenu(tr("More"), Entries(std::make_move_iterator(rest),
-                                                   std::make_move_iterator(entries.end())));
-        entries.erase(rest, entries.end());
-        entries.push_back(std::move(more));
+        const auto first = entries.begin() + (kMostEntries - 1);
+        Entries rest(std::make_move_iterator(first), std::make_move_iterator(entries.end()));
+        entries.erase(first, entries.end());
+        std::erase_if(rest, [](const auto &entry) { return isEmptyPlace(*entry); });
+        if (rest.size() > 1)
+            entries.push_back(newSubMenu(tr("More"), std::move(rest)));
+        else // the first ones keep their directions
+            entries.push_back(rest.empty() ? newEmptyPlace() : std::move(rest.front()));
     }
     for (std::unique_ptr<QtPieItem> &entry : entries)
         menu.insertItem(entry.release());

@@ -14,7 +14,7 @@ class FunctionFilter;
 struct ActionData;
 
 /// Shows functions from the action registry, with their large icons where the application has
-/// them, and keeps in step with the actions while it is open.
+/// them, and keeps in step with the actions while it is open. It grows as its texts need it.
 ///
 /// An item that is chosen looks its action up in the registry again, announces it by
 /// ActionManager::SignalBeforeActionTrigger(), and triggers it. An action that is checkable and
@@ -26,7 +26,7 @@ class KELO_BASE_EXPORT ActionSectorMenu : public QtPieMenu
 
 public:
     /// More entries than that do not tell directions apart: the last becomes "More", a sub-menu
-    /// with the rest.
+    /// with the rest, in which empty places are left out.
     static constexpr int kMostEntries = 12;
 
     /// @param manager  not owned; may die first
