@@ -3,7 +3,6 @@
 #include "benchmarks/ratio.h"
 #include "ipc/inbox_p.h"
 #include "ipc/outbox_p.h"
-#include <QDateTime>
 #include <QPointF>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -89,14 +88,13 @@ void idlePoll(benchmark::State &state)
 {
     const QTemporaryDir dir;
     const qint64 hour = 3'600'000;
-    channel::Inbox inbox(dir.path(), hour);
+    channel::Inbox inbox(dir.path(), hour, hour);
     channel::Outbox outbox(dir.path(), u"v"_s, hour, hour);
     if (state.range(0) == 1)
-        outbox.put({u"NamedCommand"_s, u"Test"_s, {}, u"v"_s, 1},
-                   QDateTime::currentMSecsSinceEpoch());
+        outbox.put({u"NamedCommand"_s, u"Test"_s, {}, u"v"_s, 1}, channel::steadyNow());
     const NoHandler handler;
     for (auto _ : state) {
-        const qint64 now = QDateTime::currentMSecsSinceEpoch();
+        const qint64 now = channel::steadyNow();
         if (!outbox.poll(now).empty() || inbox.poll(now, handler))
             state.SkipWithError("something came");
     }

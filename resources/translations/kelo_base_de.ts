@@ -780,13 +780,17 @@
 Commands: &quot;goto X Y [NORTH [HEIGHT]]&quot;, &quot;find OBJECT&quot;, test, &quot;integer N&quot;,
 &quot;raw NAME PARAMETERS&quot;; with the word front behind it, the viewer shall come to the front.
 Without commands it listens. Example:
-  partner-sim /tmp/exchange &quot;goto 3500000 5800000 0 250&quot; &quot;find ABC front&quot;</source>
+  partner-sim /tmp/exchange &quot;goto 3500000 5800000 0 250&quot; &quot;find ABC front&quot;
+
+Exits with 0 when all was accepted, 1 after refusal or silence, 2 when it cannot start.</source>
         <translation>Spielt das Partnerprogramm: sendet Befehle an den Betrachter und gibt aus, was es empfängt.
 
 Befehle: &quot;goto X Y [NORTH [HEIGHT]]&quot;, &quot;find OBJECT&quot;, test, &quot;integer N&quot;,
 &quot;raw NAME PARAMETERS&quot;; mit dem Wort front dahinter soll der Betrachter nach vorn kommen.
 Ohne Befehle empfängt es nur. Beispiel:
-  partner-sim /tmp/exchange &quot;goto 3500000 5800000 0 250&quot; &quot;find ABC front&quot;</translation>
+  partner-sim /tmp/exchange &quot;goto 3500000 5800000 0 250&quot; &quot;find ABC front&quot;
+
+Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, wenn es nicht beginnen kann.</translation>
     </message>
     <message>
         <source>%1 (--help explains)</source>
@@ -843,6 +847,18 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>there is no exchange directory</source>
         <translation>das Austauschverzeichnis gibt es nicht</translation>
+    </message>
+    <message>
+        <source>a sender has 1 to 64 of A-Z a-z 0-9 . _ -</source>
+        <translation>ein Absender hat 1 bis 64 der Zeichen A-Z a-z 0-9 . _ -</translation>
+    </message>
+    <message>
+        <source>milliseconds are whole numbers from 1 on</source>
+        <translation>Millisekunden sind ganze Zahlen ab 1</translation>
+    </message>
+    <message>
+        <source>cannot write &apos;%1&apos;</source>
+        <translation>„%1“ lässt sich nicht schreiben</translation>
     </message>
     <message>
         <source>unknown manner</source>
@@ -936,10 +952,6 @@ Ohne Befehle empfängt es nur. Beispiel:
         <translation>Kreismenüs</translation>
     </message>
     <message>
-        <source>Sub-menus at the same place</source>
-        <translation>Untermenüs an derselben Stelle</translation>
-    </message>
-    <message>
         <source>Sub-menus at once</source>
         <translation>Untermenüs sofort öffnen</translation>
     </message>
@@ -969,6 +981,14 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>Save a picture instead of opening a window.</source>
         <translation>Ein Bild speichern, statt ein Fenster zu öffnen.</translation>
+    </message>
+    <message>
+        <source>Sub-menus around the pointer</source>
+        <translation>Untermenüs um den Mauszeiger</translation>
+    </message>
+    <message>
+        <source>Digits</source>
+        <translation>Ziffern</translation>
     </message>
 </context>
 <context>
