@@ -64,3 +64,10 @@ bool InstallTranslation(const QLocale &locale)
     }
     return false;
 }
+
+QString InstalledTranslation()
+{
+    const auto *ours =
+        QCoreApplication::instance()->findChild<QTranslator *>(kOurs, Qt::FindDirectChildrenOnly);
+    return ours ? QLocale(ours->language()).bcp47Name() : u"en"_s;
+}

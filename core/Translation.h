@@ -16,3 +16,6 @@
 /// Wants an application object, and the main thread.
 /// @return whether a catalogue was installed; when not, all texts are English
 KELO_BASE_EXPORT bool InstallTranslation(const QLocale &locale = QLocale::system());
+
+/// The language of the catalogue that is installed, as in "de"; "en" when there is none.
+[[nodiscard]] KELO_BASE_EXPORT QString InstalledTranslation();

@@ -2,6 +2,7 @@
 // What every operating system does in its own way; one source per system, none of which needs Qt.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <system_error>
@@ -12,6 +13,26 @@ namespace platform {
 /// The names of the programs that run, in UTF-8, without their directories; empty when the system
 /// does not tell. One process may appear under two names.
 std::vector<std::string> processNames();
+
+/// The number of the calling process.
+std::uint32_t currentProcess();
+
+/// What processStartTime() says of a process that runs but does not tell when it began.
+inline constexpr std::uint64_t kUnknownStart = 1;
+
+/// When a process began, in a unit and from an origin of the system's own: number and start
+/// together tell a process from a later one that was given the same number, after a restart of the
+/// computer too. Good for comparing only.
+/// @return kUnknownStart when the system does not tell; 0 when no process of that number runs
+std::uint64_t processStartTime(std::uint32_t process);
+
+/// Whether the process that had this number and start still runs. True in doubt.
+inline bool isStillRunning(std::uint32_t process, std::uint64_t start)
+{
+    const std::uint64_t present = processStartTime(process);
+    const bool isUnknown = present == kUnknownStart || start == kUnknownStart;
+    return present != 0 && (isUnknown || present == start);
+}
 
 /// Names the calling thread for debuggers; no effect where nobody listens.
 /// @param name  UTF-8, not null

@@ -3,9 +3,13 @@
 #include "core/platform/platform.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <csignal>
 #include <fcntl.h>
+#include <filesystem>
 #include <fstream>
 #include <pthread.h>
+#include <sstream>
 #include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -36,7 +40,47 @@ std::string baseName(const std::string &path)
     return path.substr(path.find_last_of("/\\") + 1);
 }
 
+/// 32 bits that every start of the computer draws anew; 0 when it does not tell.
+std::uint64_t bootMark()
+{
+    std::uint64_t mark = 0;
+    std::istringstream(readUntil("/proc/sys/kernel/random/boot_id", '-')) >> std::hex >> mark;
+    return mark & 0xFFFFFFFF;
+}
+
+/// Whether somebody has this number, for systems that hide the processes of others.
+bool isTaken(pid_t process)
+{
+    return kill(process, 0) == 0 || errno == EPERM;
+}
+
 } // namespace
+
+std::uint32_t currentProcess()
+{
+    return static_cast<std::uint32_t>(getpid());
+}
+
+std::uint64_t processStartTime(std::uint32_t process)
+{
+    const auto pid = static_cast<pid_t>(process);
+    if (pid <= 0)
+        return 0; // would stand for a group of processes
+    const std::string line = readUntil("/proc/" + std::to_string(pid) + "/stat", '\0');
+    if (line.empty())
+        return isTaken(pid) ? kUnknownStart : 0;
+    // Behind the name, which may hold anything: the state, 18 numbers, and the ticks since boot.
+    std::istringstream fields(line.substr(line.rfind(')') + 1));
+    char state = 0;
+    std::string number;
+    std::uint64_t ticks = 0;
+    fields >> state;
+    for (int skipped = 0; skipped < 18; ++skipped)
+        fields >> number;
+    fields >> ticks;
+    const bool hasEnded = state == 'Z' || state == 'X'; // only its parent has not asked yet
+    return hasEnded ? 0 : bootMark() << 32 | (ticks & 0xFFFFFFFF);
+}
 
 std::vector<std::string> processNames()
 {

@@ -3,9 +3,12 @@
 #include "core/platform/platform.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <libproc.h>
 #include <pthread.h>
+#include <sys/proc.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -16,6 +19,24 @@ constexpr mode_t kNewFile = 0666; // less what the user's mask takes away
 constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
 
 } // namespace
+
+std::uint32_t currentProcess()
+{
+    return static_cast<std::uint32_t>(getpid());
+}
+
+std::uint64_t processStartTime(std::uint32_t process)
+{
+    const auto pid = static_cast<pid_t>(process);
+    if (pid <= 0)
+        return 0; // would stand for a group of processes
+    proc_bsdinfo info{};
+    const int size = static_cast<int>(sizeof info);
+    if (proc_pidinfo(pid, PROC_PIDTBSDINFO, 0, &info, size) != size)
+        return kill(pid, 0) == 0 || errno == EPERM ? kUnknownStart : 0;
+    const bool hasEnded = info.pbi_status == SZOMB; // only its parent has not asked yet
+    return hasEnded ? 0 : info.pbi_start_tvsec * 1'000'000 + info.pbi_start_tvusec;
+}
 
 std::vector<std::string> processNames()
 {

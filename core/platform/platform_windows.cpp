@@ -27,6 +27,8 @@ std::string utf8(const wchar_t *text)
     return result;
 }
 
+using Handle = std::unique_ptr<void, decltype(&CloseHandle)>;
+
 LONG CALLBACK swallowThreadName(EXCEPTION_POINTERS *exception)
 {
     const bool isThreadName = exception->ExceptionRecord->ExceptionCode == kThreadNameException;
@@ -43,12 +45,35 @@ bool isHeldByOthers(DWORD error)
 
 } // namespace
 
+std::uint32_t currentProcess()
+{
+    return GetCurrentProcessId();
+}
+
+std::uint64_t processStartTime(std::uint32_t process)
+{
+    constexpr DWORD kWanted = PROCESS_QUERY_LIMITED_INFORMATION | SYNCHRONIZE;
+    const Handle handle(OpenProcess(kWanted, FALSE, process), &CloseHandle);
+    if (!handle)
+        return GetLastError() == ERROR_ACCESS_DENIED ? kUnknownStart : 0;
+    // One that has ended stays known while somebody holds a handle of it.
+    if (WaitForSingleObject(handle.get(), 0) != WAIT_TIMEOUT)
+        return 0;
+    FILETIME created{};
+    FILETIME exited{};
+    FILETIME inKernel{};
+    FILETIME inUser{};
+    if (!GetProcessTimes(handle.get(), &created, &exited, &inKernel, &inUser))
+        return kUnknownStart;
+    return std::uint64_t{created.dwHighDateTime} << 32 | created.dwLowDateTime;
+}
+
 std::vector<std::string> processNames()
 {
     const HANDLE handle = CreateToolhelp32Snapshot(TH32CS_SNAPALL, 0);
     if (handle == INVALID_HANDLE_VALUE)
         return {};
-    const std::unique_ptr<void, decltype(&CloseHandle)> snapshot(handle, &CloseHandle);
+    const Handle snapshot(handle, &CloseHandle);
     std::vector<std::string> names;
     PROCESSENTRY32W entry{};
     entry.dwSize = sizeof entry; // the system refuses any other size

@@ -16,6 +16,25 @@
     </message>
 </context>
 <context>
+    <name>CoreFacadeI</name>
+    <message>
+        <source>&apos;%1&apos; could not be started: %2.</source>
+        <translation>„%1“ konnte nicht gestartet werden: %2.</translation>
+    </message>
+    <message>
+        <source>What needs it is left out: %1.</source>
+        <translation>Was darauf aufbaut, entfällt: %1.</translation>
+    </message>
+    <message>
+        <source>it needs &apos;%1&apos;, which does not run</source>
+        <translation>„%1“ wird dafür gebraucht und läuft nicht</translation>
+    </message>
+    <message>
+        <source>it did not say why</source>
+        <translation>ein Grund wurde nicht genannt</translation>
+    </message>
+</context>
+<context>
     <name>DiagnosticModel</name>
     <message>
         <source>Line %1: %2</source>
@@ -621,6 +640,101 @@
     </message>
 </context>
 <context>
+    <name>Environment</name>
+    <message>
+        <source>User settings</source>
+        <translation>Benutzereinstellungen</translation>
+    </message>
+    <message>
+        <source>User layout</source>
+        <translation>Benutzerlayout</translation>
+    </message>
+    <message>
+        <source>Project settings</source>
+        <translation>Projekteinstellungen</translation>
+    </message>
+    <message>
+        <source>Project layout</source>
+        <translation>Projektlayout</translation>
+    </message>
+    <message>
+        <source>Menu defaults</source>
+        <translation>Menüvorgaben</translation>
+    </message>
+    <message>
+        <source>Database</source>
+        <translation>Datenbank</translation>
+    </message>
+    <message>
+        <source>Server settings</source>
+        <translation>Servereinstellungen</translation>
+    </message>
+    <message>
+        <source>%1: %2 × %3, scale factor %4, %5 DPI (the screen itself says %6)</source>
+        <translation>%1: %2 × %3, Skalierung %4, %5 DPI (der Bildschirm selbst meldet %6)</translation>
+    </message>
+    <message>
+        <source>can be read and written</source>
+        <translation>lesbar und beschreibbar</translation>
+    </message>
+    <message>
+        <source>can be read</source>
+        <translation>lesbar</translation>
+    </message>
+    <message>
+        <source>can be written</source>
+        <translation>beschreibbar</translation>
+    </message>
+    <message>
+        <source>cannot be read</source>
+        <translation>nicht lesbar</translation>
+    </message>
+    <message>
+        <source>does not exist yet</source>
+        <translation>noch nicht vorhanden</translation>
+    </message>
+    <message>
+        <source>does not exist and cannot be made</source>
+        <translation>nicht vorhanden, kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>Organisation</source>
+        <translation>Organisation</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Command line</source>
+        <translation>Befehlszeile</translation>
+    </message>
+    <message>
+        <source>Locale</source>
+        <translation>Gebietsschema</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Operating system</source>
+        <translation>Betriebssystem</translation>
+    </message>
+    <message>
+        <source>Screen</source>
+        <translation>Bildschirm</translation>
+    </message>
+</context>
+<context>
     <name>PartnerSim</name>
     <message>
         <source>Plays the partner program: sends commands to the viewer and prints what it receives.
@@ -892,6 +1006,29 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>about 1 hour left</source>
         <translation>noch etwa 1 Stunde</translation>
+    </message>
+</context>
+<context>
+    <name>ServerProcess::Run</name>
+    <message>
+        <source>The folder &apos;%1&apos; for the server cannot be made.</source>
+        <translation>Der Ordner „%1“ für den Server kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>The file &apos;%1&apos; for the server cannot be written.</source>
+        <translation>Die Datei „%1“ für den Server kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>it ended at once</source>
+        <translation>er endete sofort</translation>
+    </message>
+    <message>
+        <source>The server &apos;%1&apos; ended five times within ten minutes and is not started again. Its output is in &apos;%2&apos;.</source>
+        <translation>Der Server „%1“ endete fünfmal innerhalb von zehn Minuten und wird nicht mehr gestartet. Seine Ausgaben stehen in „%2“.</translation>
+    </message>
+    <message>
+        <source>The server &apos;%1&apos; cannot be started: %2.</source>
+        <translation>Der Server „%1“ kann nicht gestartet werden: %2.</translation>
     </message>
 </context>
 <context>

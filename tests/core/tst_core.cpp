@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Identifiers, texts, natural order, and the small services of the core.
+#include "core/platform/platform.h"
 #include <kelo_base/core/FileName.h>
 #include <kelo_base/core/History.h>
 #include <kelo_base/core/Md5Signator.h>
@@ -13,11 +14,14 @@
 #include <kelo_base/core/Uid.h>
 
 #include <QtTest>
+#include <csignal>
 #include <map>
 #include <memory>
 #include <pthread.h>
 #include <set>
+#include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 #include <unordered_map>
 
 using namespace Qt::Literals::StringLiterals;
@@ -286,6 +290,30 @@ private slots:
         QVERIFY(!IsProcessRunning(u"no_such_argument_4711"_s));
         process.closeWriteChannel();
         QVERIFY(process.waitForFinished() && !IsProcessRunning(u"than_15_letters"_s));
+    }
+
+    void tellsProcessesApart()
+    {
+        using namespace platform;
+        const std::uint64_t own = processStartTime(currentProcess());
+        QVERIFY(own > kUnknownStart && isStillRunning(currentProcess(), own));
+        QVERIFY(!isStillRunning(currentProcess(), own - 1)); // the number alone is not enough
+        const QTemporaryDir dir;
+        const QString program = dir.filePath(u"a) S 1 2 (b"_s); // looks like what follows the name
+        QVERIFY(QFile::link(QStandardPaths::findExecutable(u"sleep"_s), program));
+        const pid_t pid = fork();
+        if (pid == 0) {
+            execl(qPrintable(program), qPrintable(program), "60", nullptr);
+            _exit(1);
+        }
+        const auto child = static_cast<std::uint32_t>(pid);
+        const std::uint64_t start = processStartTime(child);
+        QVERIFY(start >= own && isStillRunning(child, start));
+        kill(pid, SIGKILL);
+        QTRY_VERIFY(!isStillRunning(child, start)); // though nobody has waited for it yet
+        QCOMPARE(waitpid(pid, nullptr, 0), pid);
+        for (const std::uint32_t none : {0U, child, 0xFFFFFFFFU})
+            QCOMPARE(processStartTime(none), 0U);
     }
 
     void namesThreads()

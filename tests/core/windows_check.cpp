@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Exercises the Windows source on its own; scripts/windows-check builds and runs it. Says what
+// Exercises the Windows sources on their own; scripts/windows-check builds and runs it. Says what
 // failed, and returns how much did.
+#include "core/platform/childprocess.h"
+#include "core/platform/filelock.h"
 #include "core/platform/platform.h"
+#include "core/platform/windowsquoting.h"
 
 #include <algorithm>
 #include <cctype>
@@ -10,8 +13,10 @@
 #include <fstream>
 #include <io.h>
 #include <thread>
+#include <vector>
 #include <windows.h>
 
+#include <shellapi.h>
 #include <tlhelp32.h>
 
 // The entry that the walk hands over by sizeof.
@@ -42,6 +47,79 @@ LONG CALLBACK hearException(EXCEPTION_POINTERS *)
 {
     ++s_heardExceptions;
     return EXCEPTION_CONTINUE_SEARCH;
+}
+
+/// A program of the system that runs until it is told to end.
+PROCESS_INFORMATION startProgram()
+{
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION program{};
+    wchar_t command[] = L"ping -n 60 127.0.0.1";
+    CreateProcessW(nullptr, command, nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr, nullptr,
+                   &startup, &program);
+    return program;
+}
+
+void tellsProcessesApart()
+{
+    using namespace platform;
+    const std::uint64_t own = processStartTime(currentProcess());
+    check(own > kUnknownStart && own == processStartTime(currentProcess()), "knows its own start");
+    const PROCESS_INFORMATION program = startProgram();
+    const std::uint64_t start = processStartTime(program.dwProcessId);
+    check(start >= own && isStillRunning(program.dwProcessId, start), "knows another's start");
+    check(!isStillRunning(program.dwProcessId, start - 1), "the number alone is not enough");
+    TerminateProcess(program.hProcess, 0);
+    WaitForSingleObject(program.hProcess, 5000);
+    check(processStartTime(program.dwProcessId) == 0, "one that has ended has no start");
+    CloseHandle(program.hProcess);
+    CloseHandle(program.hThread);
+    check(processStartTime(0x7FFFFFF0) == 0, "nor has one that never was");
+}
+
+/// The system itself takes the line apart that we put together.
+void checkQuoting()
+{
+    const std::vector<std::u16string> arguments{
+        u"",         u"plain",         u"a b",       u"say \"hi\"", u"C:\\a b\\", u"\\\"\\",
+        u"\\\\h\\x", u"\u00c4 \u20ac", u"tab\there", u"a\\\\\"b",   u"\""};
+    std::u16string line = u"program";
+    for (const std::u16string &argument : arguments)
+        line += u' ' + platform::windowsQuoted(argument);
+    int count = 0;
+    wchar_t **const parts =
+        CommandLineToArgvW(reinterpret_cast<const wchar_t *>(line.c_str()), &count);
+    check(count == static_cast<int>(arguments.size()) + 1, "as many arguments as were quoted");
+    for (std::size_t i = 0; i < arguments.size() && static_cast<int>(i) + 1 < count; ++i)
+        check(arguments[i] == reinterpret_cast<const char16_t *>(parts[i + 1]),
+              "an argument arrives as written");
+    LocalFree(parts);
+}
+
+void checkProcessTree()
+{
+    check(platform::processProgram(platform::currentProcess()).find("windows_check\xC3\xBC") !=
+              std::string::npos,
+          "tells the file of this program");
+    const PROCESS_INFORMATION child = startProgram();
+    const platform::ProcessTree tree(child.dwProcessId, "marker");
+    check(tree.isRunning(), "the tree holds the child");
+    tree.kill();
+    check(WaitForSingleObject(child.hProcess, 5000) == WAIT_OBJECT_0 && !tree.isRunning(),
+          "the tree ends the child");
+    CloseHandle(child.hThread);
+    CloseHandle(child.hProcess);
+}
+
+void checkFileLock()
+{
+    platform::FileLock first, second;
+    const std::string path = "windows_check_\xC3\xBC.lock";
+    check(first.tryLock(path) && first.tryLock(path), "holds a file");
+    check(!second.tryLock(path), "nobody else can hold it");
+    first.unlock();
+    check(second.tryLock(path), "until it is let go");
 }
 
 /// Holds a file as careless programs do: nobody else may delete or replace it meanwhile.
@@ -100,6 +178,10 @@ void replacesFiles()
 
 int main()
 {
+    tellsProcessesApart();
+    checkProcessTree();
+    checkQuoting();
+    checkFileLock();
     replacesFiles();
     check(isRunning("windows_check"), "finds this program");
     check(isRunning("dows_check\xC3\xBC"), "finds it by a part that is not ASCII");
