@@ -224,6 +224,6 @@ FileFault PlanSession::ExportPicture(const QString &path) const
     const SheetPicture picture = LayOutSheets(m_drawing, m_analysis.sheets, m_name);
     ReplacedFile file(path);
     const bool isStored =
-        file.Open() && WriteSheetPicture(file.Device(), picture, format) && file.Commit();
+        file.Open() && WriteSheetPicture(file.Device(), picture, m_drawing, format) && file.Commit();
     return isStored ? FileFault() : file.Fault();
 }

@@ -62,7 +62,7 @@ public:
                    ? tr("%1, there are none").arg(wanted)
                    : tr("%1, found %2").arg(wanted, shown(tags.join(QLatin1StringView(", "))));
     }
-    static QString ApplyInsertPosition() { return tr("Apply insert &position"); }
+    static QString ApplyInsertPosition() { return tr("Appl&y insert position"); }
     static QString SharedCorners(qint64 sheets)
     {
         return tr("%n sheets have the same corners as others, because they share blocks; \"Apply "
@@ -102,12 +102,9 @@ public:
     {
         return tr("Sheet '%1' is not exported: its insert lies inside a block").arg(shown(sheet));
     }
-    static QString SheetsDrawn(qint64 sheets, std::size_t drawn)
+    static QString SheetsDrawn(qint64 sheets)
     {
-        const int count = textAmount(sheets);
-        if (drawn < static_cast<std::size_t>(sheets))
-            return tr("the first %1 of %n sheets", nullptr, count).arg(drawn);
-        return count == 1 ? tr("1 sheet") : tr("%n sheets", nullptr, count);
+        return sheets == 1 ? tr("1 sheet") : tr("%n sheets", nullptr, textAmount(sheets));
     }
     static QString DrawnInPlace() { return tr("as they lie in the plan"); }
     static QString DrawnWithoutPlacement()
@@ -128,11 +125,28 @@ public:
     {
         return tr("without number: %1").arg(sheets);
     }
+    static QString UnmarkedInPreview(qint64 sheets) { return tr("not marked: %1").arg(sheets); }
+    static QString FilteredOutInPreview(qint64 sheets)
+    {
+        return tr("not included: %1").arg(sheets);
+    }
     static QString NoNumberInPreview() { return tr("Without sheet number"); }
     static QString PictureName() { return tr("Picture of the sheets"); }
     static QString PictureHelp()
     {
-        return tr("Arrow keys move the picture, plus and minus zoom, Home shows all of it.");
+        return tr("Arrow keys move the picture, plus and minus zoom, Home shows all of it, Space "
+                  "marks the selected sheets or takes their marks away.");
+    }
+    static QString PictureMouseHelp()
+    {
+        return tr("The wheel zooms, dragging moves the picture. A click selects a sheet, with Ctrl "
+                  "or Shift further ones, and on the number marks it. Dragging with Shift selects "
+                  "all within a rectangle. A double click shows a sheet closely, or everything.");
+    }
+    static QString UnmarkedSheet(const QString &number) { return tr("%1 - not marked").arg(number); }
+    static QString FilteredOutSheet(const QString &number)
+    {
+        return tr("%1 - not included").arg(number);
     }
     static QString UnitsInPreview(const QString &length)
     {

@@ -37,10 +37,20 @@ QVariant DiagnosticModel::data(const QModelIndex &index, int role) const
     }
 }
 
+namespace {
+
+/// Where a finding is, as blocks and inserts tell it; 0 when it is about all of the plan.
+qint64 placeOf(const Diagnostic &diagnostic, const DxfDrawing &drawing)
+{
+    return drawing.IsBinary() ? diagnostic.offset : diagnostic.line;
+}
+
+} // namespace
+
 std::optional<quint32> SheetOf(const Diagnostic &diagnostic, const DxfDrawing &drawing,
                                std::span<const quint32> sheets)
 {
-    const qint64 place = drawing.IsBinary() ? diagnostic.offset : diagnostic.line;
+    const qint64 place = placeOf(diagnostic, drawing);
     if (place <= 0)
         return std::nullopt;
     const auto insertOf = [&](quint32 sheet) -> const DxfInsert & {
@@ -55,4 +65,18 @@ std::optional<quint32> SheetOf(const Diagnostic &diagnostic, const DxfDrawing &d
     if (found == sheets.end())
         found = std::ranges::find_if(sheets, usesBlockMeant);
     return found == sheets.end() ? std::nullopt : std::optional(*found);
+}
+
+std::vector<int> FindingsOf(quint32 sheet, const DxfDrawing &drawing,
+                            const DiagnosticModel &findings)
+{
+    const DxfInsert &insert = drawing.Inserts()[sheet];
+    const DxfBlock *block = drawing.BlockOf(insert);
+    std::vector<int> rows;
+    for (int row = 0; row < findings.rowCount(); ++row) {
+        const qint64 place = placeOf(findings.diagnosticAt(row), drawing);
+        if (place > 0 && (place == insert.line || (block && place == block->line)))
+            rows.push_back(row);
+    }
+    return rows;
 }

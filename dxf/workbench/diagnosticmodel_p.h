@@ -36,3 +36,7 @@ private:
 /// @param sheets  those shown, in export order
 [[nodiscard]] std::optional<quint32>
 SheetOf(const Diagnostic &diagnostic, const DxfDrawing &drawing, std::span<const quint32> sheets);
+
+/// The rows of the findings that mean a sheet's insert or its block.
+[[nodiscard]] std::vector<int> FindingsOf(quint32 sheet, const DxfDrawing &drawing,
+                                          const DiagnosticModel &findings);

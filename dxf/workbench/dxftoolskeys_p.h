@@ -7,6 +7,8 @@
 namespace dxftools {
 inline constexpr QLatin1StringView kDialogGeometry{"DxfToolsDialog/Dialog_Geometry"};
 inline constexpr QLatin1StringView kLastUsedFile{"DxfToolsDialog/LastUsedFile"};
+/// Of the frame: the geometry has only that of its inside for sure.
+inline constexpr QLatin1StringView kPosition{"DxfToolsDialog/Position"};
 /// How the room is divided: steps and results, picture and findings; widths of the list's columns.
 inline constexpr QLatin1StringView kSides{"DxfToolsDialog/Sides"};
 inline constexpr QLatin1StringView kResults{"DxfToolsDialog/Results"};

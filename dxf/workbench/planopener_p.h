@@ -35,6 +35,7 @@ signals:
     void closeWanted();
 
 private:
+    void showReading();
     [[nodiscard]] PlanProgress progressFor(const QString &name) const;
     void show(std::unique_ptr<PlanSession> plan);
     void tellFailure(const QString &path, const PlanOpening &opening);
@@ -48,5 +49,6 @@ private:
     DxfToolsStore &m_store;
     bool m_isReading = false;
     bool m_closesAfterwards = false;
+    QString m_path;     ///< being read
     QString m_vanished; ///< the recent plan that the message offers to remove
 };

@@ -2,20 +2,17 @@
 // The plan on the desk: its sheets are chosen, listed, drawn and reviewed.
 #pragma once
 
-#include "dxf/workbench/filtercompletion_p.h"
 #include <QObject>
 #include <QTimer>
-#include <kelo_base/core/ScopedOverrideCursor.h>
 #include <kelo_base/dxf/PlanSession.h>
 #include <memory>
 #include <optional>
 #include <vector>
 
 class DxfToolsForm;
-class QModelIndex;
 
 /// Keeps list, picture and findings in step with the plan, the filter and each other. While someone
-/// types, only the list follows every key; what takes longer follows when the typing pauses.
+/// types, list and picture follow every key; the findings follow when the typing pauses.
 class SheetDesk : public QObject
 {
     Q_OBJECT
@@ -30,28 +27,25 @@ public:
     [[nodiscard]] const PlanSession *plan() const { return m_plan.get(); }
     /// As they stand in the form.
     [[nodiscard]] AnalysisOptions options() const;
+    /// While there is no plan: what stands in its place, or the invitation to open one.
+    void showInstead(const QString &text);
 
 private:
-    void connectFilter();
     void connectSheets();
-    void connectSelection();
     void choose();
     void review();
     void relabel();
     void tellFailure();
     void showSheets();
-    void showReview();
-    void showCounts();
+    void showPicture();
+    void showFindings();
+    void select(const std::vector<quint32> &sheets);
+    void followList();
+    void showFindingsOf(const std::vector<quint32> &sheets);
+    void showFinding(const Diagnostic &finding);
     [[nodiscard]] QString whyEmpty() const;
-    [[nodiscard]] std::vector<quint32> selectedSheets() const;
-    void selectSheets(const std::vector<quint32> &sheets);
-    void showFinding(const QModelIndex &index);
-    void toggleMarks();
 
     DxfToolsForm &m_form;
-    FilterCompletion m_completion;
     std::unique_ptr<PlanSession> m_plan;
     QTimer m_reviewDue;
-    std::optional<qor::QtScopedOverrideCursor> m_sorting; ///< a million sheets take a while
-    bool m_isSharingSelection = false;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The export step of the dialog: where to, writing, and the report.
+// What the dialog writes: where to, writing, and the report.
 #pragma once
 
 class DxfToolsForm;
@@ -9,3 +9,7 @@ class SheetDesk;
 /// form as well. Does nothing when there is no plan or the user cancels; form and desk may be gone
 /// afterwards.
 void ExportSheets(DxfToolsForm &form, const SheetDesk &desk);
+
+/// Asks for the file and draws the sheets on the desk into it. What became of it stands in the
+/// form, which may be gone afterwards.
+void SavePicture(DxfToolsForm &form, const SheetDesk &desk);

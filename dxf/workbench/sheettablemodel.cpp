@@ -14,12 +14,8 @@ constexpr quint32 kNowhere = 0xFFFFFFFF;
 constexpr int kNumberAlignment = Qt::AlignRight | Qt::AlignVCenter; // views read an int
 constexpr int kTextAlignment = Qt::AlignLeft | Qt::AlignVCenter;
 
-/// Texts of damaged plans may be millions of bytes long; views measure and draw all of a text.
-QString cellText(const QString &text)
-{
-    constexpr qsizetype kLongest = 300;
-    return text.size() <= kLongest ? text : text.left(kLongest - 1) + QChar(0x2026);
-}
+constexpr qsizetype kShown = 300;    ///< characters of a text in a cell
+constexpr qsizetype kWhole = 10'000; ///< and where all of it is wanted
 
 bool hasNumber(const DxfDrawing &drawing, const DxfInsert &insert)
 {
@@ -177,7 +173,9 @@ QVariant SheetTableModel::data(const QModelIndex &index, int role) const
     const bool isNumber = index.column() == NumberColumn;
     switch (role) {
     case Qt::DisplayRole:
-        return textOf(insert, index.column());
+        return textOf(insert, index.column(), kShown);
+    case kWholeTextRole:
+        return textOf(insert, index.column(), kWhole);
     case Qt::ToolTipRole:
         return toolTipOf(insert, index.column());
     case Qt::TextAlignmentRole:
@@ -191,8 +189,13 @@ QVariant SheetTableModel::data(const QModelIndex &index, int role) const
     }
 }
 
-QString SheetTableModel::textOf(const DxfInsert &insert, int column) const
+/// @param most  texts of damaged plans may be millions of bytes long; views measure and draw all
+QString SheetTableModel::textOf(const DxfInsert &insert, int column, qsizetype most) const
 {
+    const auto shown = [&](std::string_view bytes) {
+        const QString text = m_drawing->DisplayText(bytes);
+        return text.size() <= most ? text : text.left(most - 1) + QChar(0x2026);
+    };
     const auto number = SheetNumberAttribute(*m_drawing, insert);
     switch (column) {
     case NumberColumn: {
@@ -200,9 +203,9 @@ QString SheetTableModel::textOf(const DxfInsert &insert, int column) const
         return sorted < 0 ? QString() : QString::number(sorted);
     }
     case ValueColumn:
-        return cellText(m_drawing->DisplayText(number.value_or("")));
+        return shown(number.value_or(""));
     case BlockColumn:
-        return cellText(m_drawing->DisplayText(m_drawing->ShownBlockName(insert)));
+        return shown(m_drawing->ShownBlockName(insert));
     default:
         return CornersText(CornersOf(*m_drawing, *m_drawing->BlockOf(insert)));
     }
@@ -216,6 +219,21 @@ QString SheetTableModel::toolTipOf(const DxfInsert &insert, int column) const
     return isOfNumber && !hasNumber(*m_drawing, insert)
                ? tr("Not exported: the block insert has no sheet number")
                : QString();
+}
+
+bool SheetTableModel::isMarkable(int row) const
+{
+    return row >= 0 && row < rowCount() && hasNumber(*m_drawing, insertAt(row));
+}
+
+bool SheetTableModel::isMarked(int row) const
+{
+    return isMarkable(row) && insertAt(row).exportMark;
+}
+
+void SheetTableModel::setMark(int row, bool mark)
+{
+    setData(index(row, NumberColumn), mark ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
 }
 
 bool SheetTableModel::setData(const QModelIndex &index, const QVariant &value, int role)

@@ -260,13 +260,6 @@
         <source>Sheet &apos;%1&apos; is not exported: its insert lies inside a block</source>
         <translation>Blatt „%1“ wird nicht exportiert: Seine Blockeinfügung liegt innerhalb eines Blocks</translation>
     </message>
-    <message numerus="yes">
-        <source>the first %1 of %n sheets</source>
-        <translation>
-            <numerusform>die ersten %1 von %n Blatt</numerusform>
-            <numerusform>die ersten %1 von %n Blättern</numerusform>
-        </translation>
-    </message>
     <message>
         <source>1 sheet</source>
         <translation>1 Blatt</translation>
@@ -358,10 +351,6 @@
         <translation>Bild der Blätter</translation>
     </message>
     <message>
-        <source>Arrow keys move the picture, plus and minus zoom, Home shows all of it.</source>
-        <translation>Die Pfeiltasten verschieben das Bild, Plus vergrößert, Minus verkleinert, Pos1 zeigt alles.</translation>
-    </message>
-    <message>
         <source>An insert of block &apos;%1&apos; has no sheet number and is not exported: %2</source>
         <translation>Eine Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert: %2</translation>
     </message>
@@ -389,8 +378,8 @@
         <translation>%1, gefunden %2</translation>
     </message>
     <message>
-        <source>Apply insert &amp;position</source>
-        <translation>Einfüge&amp;position anwenden</translation>
+        <source>Appl&amp;y insert position</source>
+        <translation>Lage der Einfügung an&amp;wenden</translation>
     </message>
     <message numerus="yes">
         <source>%n sheets have the same corners as others, because they share blocks; &quot;Apply insert position&quot; (--placed) puts each where its insert stands</source>
@@ -421,6 +410,30 @@
     <message>
         <source>as their blocks are drawn, insert positions not applied</source>
         <translation>wie ihre Blöcke gezeichnet sind, ohne Einfügepositionen</translation>
+    </message>
+    <message>
+        <source>not marked: %1</source>
+        <translation>nicht markiert: %1</translation>
+    </message>
+    <message>
+        <source>not included: %1</source>
+        <translation>nicht einbezogen: %1</translation>
+    </message>
+    <message>
+        <source>Arrow keys move the picture, plus and minus zoom, Home shows all of it, Space marks the selected sheets or takes their marks away.</source>
+        <translation>Pfeiltasten verschieben das Bild, Plus und Minus vergrößern und verkleinern es, Pos1 zeigt alles, die Leertaste markiert die ausgewählten Blätter oder nimmt ihnen die Markierung.</translation>
+    </message>
+    <message>
+        <source>The wheel zooms, dragging moves the picture. A click selects a sheet, with Ctrl or Shift further ones, and on the number marks it. Dragging with Shift selects all within a rectangle. A double click shows a sheet closely, or everything.</source>
+        <translation>Das Mausrad vergrößert und verkleinert, Ziehen verschiebt das Bild. Ein Klick wählt ein Blatt aus, mit Strg oder Umschalt weitere, und auf der Nummer markiert er es. Ziehen mit Umschalt wählt alles in einem Rechteck aus. Ein Doppelklick zeigt ein Blatt von Nahem oder alles.</translation>
+    </message>
+    <message>
+        <source>%1 - not marked</source>
+        <translation>%1 – nicht markiert</translation>
+    </message>
+    <message>
+        <source>%1 - not included</source>
+        <translation>%1 – nicht einbezogen</translation>
     </message>
 </context>
 <context>
@@ -525,10 +538,6 @@
         <translation>Aus&amp;gewählte Blätter:</translation>
     </message>
     <message>
-        <source>Selected sheets</source>
-        <translation>Ausgewählte Blätter</translation>
-    </message>
-    <message>
         <source>Number of selected sheets</source>
         <translation>Anzahl der ausgewählten Blätter</translation>
     </message>
@@ -563,10 +572,6 @@
     <message>
         <source>&amp;Findings:</source>
         <translation>&amp;Hinweise:</translation>
-    </message>
-    <message>
-        <source>Findings</source>
-        <translation>Hinweise</translation>
     </message>
     <message>
         <source>No findings</source>
@@ -622,6 +627,88 @@
     <message>
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>Opens a DXF plan (%1)</source>
+        <translation>Öffnet einen DXF-Plan (%1)</translation>
+    </message>
+    <message>
+        <source>Only one plan can be shown at a time: drop one file</source>
+        <translation>Es kann nur ein Plan auf einmal gezeigt werden: bitte eine einzelne Datei ablegen</translation>
+    </message>
+    <message>
+        <source>The Down key offers what the plan has.</source>
+        <translation>Die Taste „Nach unten“ bietet an, was der Plan enthält.</translation>
+    </message>
+    <message>
+        <source>Mar&amp;k Selected</source>
+        <translation>Ausw&amp;ahl markieren</translation>
+    </message>
+    <message>
+        <source>Marks the sheets that are selected; all others stay as they are. The space bar marks them or takes their marks away.</source>
+        <translation>Markiert die ausgewählten Blätter; alle anderen bleiben, wie sie sind. Die Leertaste markiert sie oder nimmt ihnen die Markierung.</translation>
+    </message>
+    <message>
+        <source>Save Picture...</source>
+        <translation>Bild speichern …</translation>
+    </message>
+    <message>
+        <source>What mouse and keys do in the picture</source>
+        <translation>Was Maus und Tasten im Bild bewirken</translation>
+    </message>
+    <message>
+        <source>SVG drawing (*.svg);;PNG image (*.png)</source>
+        <translation>SVG-Zeichnung (*.svg);;PNG-Bild (*.png)</translation>
+    </message>
+    <message>
+        <source>Picture saved as %1</source>
+        <translation>Bild gespeichert als %1</translation>
+    </message>
+    <message>
+        <source>1 warning</source>
+        <translation>1 Warnung</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln warnings</source>
+        <translation>
+            <numerusform>%Ln Warnung</numerusform>
+            <numerusform>%Ln Warnungen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 note</source>
+        <translation>1 Hinweis</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln notes</source>
+        <translation>
+            <numerusform>%Ln Hinweis</numerusform>
+            <numerusform>%Ln Hinweise</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Findings: %1</source>
+        <translation>&amp;Hinweise: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Findings: %1, %2</source>
+        <translation>&amp;Hinweise: %1, %2</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>Finding</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Copy as Table</source>
+        <translation>Als Tabelle kopieren</translation>
     </message>
 </context>
 <context>
@@ -732,6 +819,25 @@
     <message>
         <source>Screen</source>
         <translation>Bildschirm</translation>
+    </message>
+</context>
+<context>
+    <name>OfferModel</name>
+    <message>
+        <source>%1 (1 insert)</source>
+        <extracomment>%1 is a tag or a value of attributes</extracomment>
+        <translation>%1 (1 Blockeinfügung)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 (%n inserts)</source>
+        <translation>
+            <numerusform>%1 (%n Blockeinfügung)</numerusform>
+            <numerusform>%1 (%n Blockeinfügungen)</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(leer)</translation>
     </message>
 </context>
 <context>
@@ -1137,21 +1243,6 @@ Ohne Befehle empfängt es nur. Beispiel:
     </message>
 </context>
 <context>
-    <name>TagModel</name>
-    <message numerus="yes">
-        <source>%1 (%n inserts)</source>
-        <translation>
-            <numerusform>%1 (%n Blockeinfügung)</numerusform>
-            <numerusform>%1 (%n Blockeinfügungen)</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>%1 (1 insert)</source>
-        <extracomment>%1 is an attribute tag</extracomment>
-        <translation>%1 (1 Blockeinfügung)</translation>
-    </message>
-</context>
-<context>
     <name>dxf2gk2</name>
     <message>
         <source>reading</source>
@@ -1290,10 +1381,6 @@ Ohne Befehle empfängt es nur. Beispiel:
         <translation>--%1 ist mehrfach angegeben</translation>
     </message>
     <message>
-        <source>--%1 wants a value</source>
-        <translation>--%1 braucht einen Wert</translation>
-    </message>
-    <message>
         <source>--include wants TAG=VALUE, not &apos;%1&apos;</source>
         <translation>--include braucht TAG=VALUE, nicht „%1“</translation>
     </message>
@@ -1339,10 +1426,6 @@ Ohne Befehle empfängt es nur. Beispiel:
             <numerusform>%n Blatt</numerusform>
             <numerusform>%n Blätter</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>standard output</source>
-        <translation>Standardausgabe</translation>
     </message>
     <message>
         <source>1 sheet written to %1</source>
@@ -1404,6 +1487,185 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>Example values</source>
         <translation>Beispielwerte</translation>
+    </message>
+    <message>
+        <source>it is write-protected</source>
+        <translation>sie ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>memory does not suffice to analyse it</source>
+        <translation>der Speicher reicht nicht, um ihn auszuwerten</translation>
+    </message>
+    <message>
+        <source>cannot read &apos;%1&apos;: %2</source>
+        <translation>„%1“ kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no GK2 file</source>
+        <translation>„%1“ ist keine GK2-Datei</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is damaged: line %2 should hold a corner</source>
+        <translation>„%1“ ist beschädigt: In Zeile %2 sollte eine Ecke stehen</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no GK2 file; it is replaced only with --force</source>
+        <translation>„%1“ ist keine GK2-Datei und wird nur mit --force ersetzt</translation>
+    </message>
+    <message>
+        <source>no sheet is left; &apos;%1&apos; would lose its sheets, and does only with --allow-empty</source>
+        <translation>es bleibt kein Blatt übrig; „%1“ verlöre seine Blätter, was nur mit --allow-empty geschieht</translation>
+    </message>
+    <message>
+        <source>Print what changed since the GK2 file OLD: sheets that are new, gone, moved or renamed. Writes sheets only with --output or --output-dir.</source>
+        <translation>Gibt aus, was sich seit der GK2-Datei OLD geändert hat: neue, weggefallene, verschobene und umbenannte Blätter. Schreibt Blätter nur mit --output oder --output-dir.</translation>
+    </message>
+    <message>
+        <source>How far a corner may lie from where it was (--compare). Default: 0.005.</source>
+        <translation>Wie weit eine Ecke von ihrem früheren Ort liegen darf (--compare). Vorgabe: 0.005.</translation>
+    </message>
+    <message>
+        <source>Replace files that are no GK2 files, too.</source>
+        <translation>Ersetzt auch Dateien, die keine GK2-Dateien sind.</translation>
+    </message>
+    <message>
+        <source>Replace a file that holds sheets even by one without any.</source>
+        <translation>Ersetzt eine Datei mit Blättern auch durch eine ohne.</translation>
+    </message>
+    <message>
+        <source>unknown option &apos;%1&apos;</source>
+        <translation>unbekannte Option &apos;%1&apos;</translation>
+    </message>
+    <message>
+        <source>%1 takes no value</source>
+        <translation>%1 nimmt keinen Wert</translation>
+    </message>
+    <message>
+        <source>%1 wants a value</source>
+        <translation>%1 verlangt einen Wert</translation>
+    </message>
+    <message>
+        <source>--compare looks at one plan only</source>
+        <translation>--compare betrachtet nur einen Plan</translation>
+    </message>
+    <message>
+        <source>--compare and a list make one output only with --json</source>
+        <translation>--compare und eine Liste ergeben nur mit --json eine gemeinsame Ausgabe</translation>
+    </message>
+    <message>
+        <source>the changes and the sheets cannot both go to standard output</source>
+        <translation>Änderungen und Blätter können nicht beide auf die Standardausgabe</translation>
+    </message>
+    <message>
+        <source>Exit status:</source>
+        <translation>Rückgabewerte:</translation>
+    </message>
+    <message>
+        <source>All done.</source>
+        <translation>Alles erledigt.</translation>
+    </message>
+    <message>
+        <source>A plan could not be read, or a result not be written.</source>
+        <translation>Ein Plan war nicht zu lesen oder ein Ergebnis nicht zu schreiben.</translation>
+    </message>
+    <message>
+        <source>Wrong usage; nothing was done.</source>
+        <translation>Falscher Aufruf; nichts wurde getan.</translation>
+    </message>
+    <message>
+        <source>Done, with warnings, and --strict was given.</source>
+        <translation>Erledigt, mit Warnungen, und --strict war angegeben.</translation>
+    </message>
+    <message>
+        <source>--compare found changes, and no sheets were to be written.</source>
+        <translation>--compare fand Änderungen, und Blätter waren nicht zu schreiben.</translation>
+    </message>
+    <message>
+        <source>Examples:</source>
+        <translation>Beispiele:</translation>
+    </message>
+    <message>
+        <source>Writes roads.txt.</source>
+        <translation>Schreibt roads.txt.</translation>
+    </message>
+    <message>
+        <source>Writes each into the folder out.</source>
+        <translation>Schreibt jeden in den Ordner out.</translation>
+    </message>
+    <message>
+        <source>What could be filtered by?</source>
+        <translation>Wonach ließe sich filtern?</translation>
+    </message>
+    <message>
+        <source>Only these sheets.</source>
+        <translation>Nur diese Blätter.</translation>
+    </message>
+    <message>
+        <source>Only looks.</source>
+        <translation>Sieht nur nach.</translation>
+    </message>
+    <message>
+        <source>What would change?</source>
+        <translation>Was würde sich ändern?</translation>
+    </message>
+    <message>
+        <source>--tolerance wants a length such as 0.5, not &apos;%1&apos;</source>
+        <translation>--tolerance verlangt eine Länge wie 0.5, nicht „%1“</translation>
+    </message>
+    <message>
+        <source>--tolerance belongs to --compare</source>
+        <translation>--tolerance gehört zu --compare</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>neu</translation>
+    </message>
+    <message>
+        <source>gone</source>
+        <translation>weggefallen</translation>
+    </message>
+    <message>
+        <source>moved</source>
+        <translation>verschoben</translation>
+    </message>
+    <message>
+        <source>renamed</source>
+        <translation>umbenannt</translation>
+    </message>
+    <message>
+        <source>was %1</source>
+        <translation>früher %1</translation>
+    </message>
+    <message>
+        <source>by %1</source>
+        <translation>um %1</translation>
+    </message>
+    <message>
+        <source>other corners</source>
+        <translation>andere Ecken</translation>
+    </message>
+    <message>
+        <source>1 sheet written to standard output</source>
+        <translation>1 Blatt auf die Standardausgabe geschrieben</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets written to standard output</source>
+        <translation>
+            <numerusform>%n Blatt auf die Standardausgabe geschrieben</numerusform>
+            <numerusform>%n Blätter auf die Standardausgabe geschrieben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>no changes</source>
+        <translation>keine Änderungen</translation>
+    </message>
+    <message>
+        <source>%1 compared with %2: %3</source>
+        <translation>%1 verglichen mit %2: %3</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Änderung</translation>
     </message>
     <message>
         <source>Apply the position of each insert to its sheet: insertion point, scale, rotation, mirroring, rows and columns.</source>

@@ -207,19 +207,24 @@ void TestDialogParts::offersWhatFiltersExactly()
         addInsert(plan, "symbol", {{"V", "of no sheet"}});
         const DxfDrawing drawing = plan.Take();
         const bool isUtf8 = drawing.HasUtf8Texts();
-        const QStringList values = OfferValues(drawing, u"V"_s);
+        QStringList values;
+        for (const AttributeOffer &offer : OfferValues(drawing, u"V"_s)) {
+            values << offer.text;
+            QCOMPARE(offer.inserts, offer.text == u"b10"_s ? 2 : 1);
+        }
         QCOMPARE(values.join(u'|'), isUtf8 ? u"|B|b9|b10|ü"_s : u"|B|b9|b10|Ã¼|ü"_s);
         for (const QString &value : values)
             QVERIFY(!SelectSheets(drawing, {With{u"V"_s, value}, {}})->empty());
-        std::vector<TagOffer> tags{{u"V"_s, 9}};
+        std::vector<AttributeOffer> tags{{u"V"_s, 9}};
         if (!isUtf8) // where it is broken
             tags.push_back({u"Ä"_s, 7});
         QCOMPARE(OfferTags(drawing), tags);
     }
-    TagModel model;
-    model.setTags({{u"%n"_s, 3}});
+    OfferModel model;
+    model.setOffers({{u"%n"_s, 3}, {u""_s, 1}});
     QCOMPARE(model.index(0).data().toString(), u"%n (3 inserts)"_s);
     QCOMPARE(model.index(0).data(Qt::EditRole).toString(), u"%n"_s);
+    QCOMPARE(model.index(1).data().toString(), u"(empty) (1 insert)"_s);
 }
 
 void TestDialogParts::keepsRecentPlans()
