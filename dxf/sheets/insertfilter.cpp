@@ -5,6 +5,11 @@
 
 namespace {
 
+std::string_view viewOf(const QByteArray &bytes)
+{
+    return {bytes.data(), static_cast<std::size_t>(bytes.size())};
+}
+
 std::optional<QByteArray> latin1Of(const QString &text)
 {
     const auto isLatin1 = [](QChar c) { return c.unicode() < 0x100; };
@@ -23,7 +28,7 @@ WantedText::WantedText(const DxfDrawing &drawing, const QString &text)
 
 bool WantedText::matches(std::string_view bytes) const
 {
-    if ((m_encoded && bytes == ViewOf(*m_encoded)) || (m_latin1 && bytes == ViewOf(*m_latin1)))
+    if ((m_encoded && bytes == viewOf(*m_encoded)) || (m_latin1 && bytes == viewOf(*m_latin1)))
         return true;
     const bool hasEscape = bytes.find("\\U+") != std::string_view::npos ||
                            bytes.find("\\M+") != std::string_view::npos;
@@ -36,12 +41,6 @@ std::optional<std::string_view> WantedText::valueIn(const DxfInsert &insert) con
         if (matches(m_drawing.Tag(attribute)))
             return m_drawing.Value(attribute);
     return std::nullopt;
-}
-
-std::optional<QByteArray> BytesIn(const DxfDrawing &drawing, const QString &text)
-{
-    const auto encoded = drawing.EncodedText(text);
-    return encoded || drawing.HasUtf8Texts() ? encoded : latin1Of(text);
 }
 
 InsertFilter::InsertFilter(const SheetFilter &filter, const DxfDrawing &drawing)
