@@ -33,7 +33,7 @@ enum class SheetState : quint8 {
 /// there may be a million; what is seen of it is FigureOf().
 struct SheetPlace
 {
-    QRectF bounds; ///< pixels of the page, y growing downwards
+    QRectF bounds;          ///< pixels of the page, y growing downwards
     quint32 firstSheet = 0; ///< index into SheetPicture::sheets
     quint32 sheetCount = 0; ///< at least 1
     SheetKind kind = SheetKind::Labelled;
@@ -82,7 +82,7 @@ struct SheetPicture
     QString title;
     QSizeF size;
     bool isMap = false;
-    bool isMoved = false; ///< inserts move some of the sheets, which is not shown
+    bool isMoved = false;     ///< inserts move some of the sheets, which is not shown
     double pixelsPerUnit = 0; ///< the scale; units are the drawing's
     double legendTextHeight = 0;
     std::vector<SheetPlace> places;
@@ -116,9 +116,9 @@ KELO_BASE_EXPORT void ShowSheetStates(SheetPicture &picture, const DxfDrawing &d
 KELO_BASE_EXPORT void PaintSheets(QPainter &painter, const SheetPicture &picture,
                                   const DxfDrawing &drawing);
 
-enum class PictureFormat { Svg, Png };
+enum class SheetPictureFormat { Svg, Png };
 
 /// Of very many sheets an SVG leaves details out, so that it stays below 5 MB. Wants an application
 /// object with fonts (QGuiApplication). False when the device failed.
 KELO_BASE_EXPORT bool WriteSheetPicture(QIODevice &device, const SheetPicture &picture,
-                                        const DxfDrawing &drawing, PictureFormat format);
+                                        const DxfDrawing &drawing, SheetPictureFormat format);

@@ -63,7 +63,7 @@ bool InsertFilter::Passes(const DxfInsert &insert) const
     return !m_excludeTag || !m_excludeTag->valueIn(insert);
 }
 
-bool HasPolylines(const DxfDrawing &drawing, const DxfInsert &insert)
+bool dxftools::hasPolylines(const DxfDrawing &drawing, const DxfInsert &insert)
 {
     const DxfBlock *block = drawing.BlockOf(insert);
     return block && block->polylineCount > 0;

@@ -40,5 +40,9 @@ private:
     std::optional<WantedText> m_excludeTag;
 };
 
+namespace dxftools {
+
 /// Whether the insert's block exists and has something to frame a sheet with.
-bool HasPolylines(const DxfDrawing &drawing, const DxfInsert &insert);
+bool hasPolylines(const DxfDrawing &drawing, const DxfInsert &insert);
+
+} // namespace dxftools

@@ -42,7 +42,7 @@ private:
     void select(const std::vector<quint32> &sheets);
     void followList();
     void showFindingsOf(const std::vector<quint32> &sheets);
-    void showFinding(const Diagnostic &finding);
+    void showFinding(const PlanFinding &finding);
     [[nodiscard]] QString whyEmpty() const;
 
     DxfToolsForm &m_form;

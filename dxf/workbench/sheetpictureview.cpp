@@ -86,9 +86,8 @@ void SheetPictureView::setSheets(const DxfDrawing &drawing, std::span<const quin
             m_placeOfSheet[sheet] = place;
     m_drag = Drag::None;
     setSelectedSheets({});
-    changeView([this] {
-        m_viewport.SetPicture(boundsOf(m_picture.places), detailOf(m_picture.places));
-    });
+    changeView(
+        [this] { m_viewport.SetPicture(boundsOf(m_picture.places), detailOf(m_picture.places)); });
     layOut();
 }
 
@@ -177,8 +176,8 @@ void SheetPictureView::layOut()
 
 double SheetPictureView::layOutLegend()
 {
-    return LayOutLegend(m_legend, QFontMetricsF(font()), width(),
-                        m_picture.pixelsPerUnit * m_viewport.Scale(), layoutDirection());
+    return dxftools::layOutLegend(m_legend, QFontMetricsF(font()), width(),
+                                  m_picture.pixelsPerUnit * m_viewport.Scale(), layoutDirection());
 }
 
 void SheetPictureView::repaintAll()
@@ -201,8 +200,8 @@ std::optional<std::size_t> SheetPictureView::placeAt(QPointF pos) const
     const QRectF near(point - QPointF(tolerance, tolerance), 2 * QSizeF(tolerance, tolerance));
     for (std::size_t i = m_picture.places.size(); i-- > 0;) { // the one painted last
         const SheetPlace &place = m_picture.places[i];
-        if (Touch(place.bounds, near) &&
-            IsAt(FigureOf(m_picture, place, *m_drawing), point, tolerance))
+        if (dxftools::touch(place.bounds, near) &&
+            dxftools::isAt(FigureOf(m_picture, place, *m_drawing), point, tolerance))
             return i;
     }
     return std::nullopt;
@@ -213,9 +212,9 @@ std::vector<std::size_t> SheetPictureView::placesIn(const QRectF &area) const
     std::vector<std::size_t> places;
     for (std::size_t i = 0; m_drawing && i < m_picture.places.size(); ++i) {
         const SheetPlace &place = m_picture.places[i];
-        const bool touches = Touch(place.bounds, area) &&
+        const bool touches = dxftools::touch(place.bounds, area) &&
                              (area.contains(place.bounds) ||
-                              Touches(FigureOf(m_picture, place, *m_drawing), area));
+                              dxftools::touches(FigureOf(m_picture, place, *m_drawing), area));
         if (touches)
             places.push_back(i);
     }
@@ -236,9 +235,9 @@ SheetScene SheetPictureView::sceneWith(const SheetLook &look) const
 
 bool SheetPictureView::isOnNumber(std::size_t place, QPointF pos) const
 {
-    const SheetLook look = ScreenLook(palette(), font());
-    const SheetFigure figure = FigureIn(sceneWith(look), m_picture.places[place]);
-    return MarkBoxOf(figure) && IsOnNumber(figure, pos);
+    const SheetLook look = dxftools::screenLook(palette(), font());
+    const SheetFigure figure = dxftools::figureIn(sceneWith(look), m_picture.places[place]);
+    return dxftools::markBoxOf(figure) && dxftools::isOnNumber(figure, pos);
 }
 
 const SheetPlace *SheetPictureView::placeOf(quint32 sheet) const
@@ -259,8 +258,8 @@ std::vector<quint32> SheetPictureView::sheetsAt(const std::vector<std::size_t> &
 }
 
 /// What a click with Ctrl finds selected it takes away; everything else adds, or begins anew.
-void SheetPictureView::pick(const std::vector<std::size_t> &places,
-                            Qt::KeyboardModifiers modifiers, bool isBand)
+void SheetPictureView::pick(const std::vector<std::size_t> &places, Qt::KeyboardModifiers modifiers,
+                            bool isBand)
 {
     std::vector<quint32> picked = sheetsAt(places);
     const bool hasControl = modifiers.testFlag(Qt::ControlModifier);
@@ -298,8 +297,9 @@ bool SheetPictureView::event(QEvent *event)
 bool SheetPictureView::showToolTip(const QPoint &pos, const QPoint &globalPos)
 {
     const auto place = placeAt(pos);
-    const QString text = !m_drawing ? QString() : !place ? DxfToolTexts::PictureMouseHelp()
-                                                         : toolTipOf(*place);
+    const QString text = !m_drawing ? QString()
+                         : !place   ? DxfToolTexts::PictureMouseHelp()
+                                    : toolTipOf(*place);
     if (text.isEmpty())
         QToolTip::hideText();
     else
@@ -476,10 +476,10 @@ void SheetPictureView::paintEvent(QPaintEvent *)
 
 void SheetPictureView::paintPicture(QPainter &painter)
 {
-    const SheetLook look = ScreenLook(palette(), font());
+    const SheetLook look = dxftools::screenLook(palette(), font());
     painter.setClipRect(canvas());
     if (m_drawing)
-        PaintScene(painter, sceneWith(look));
+        dxftools::paintScene(painter, sceneWith(look));
     else
         painter.fillRect(canvas(), look.page);
     painter.setClipping(false);
@@ -491,7 +491,7 @@ void SheetPictureView::paintPicture(QPainter &painter)
     painter.translate(strip.topLeft());
     painter.setFont(font());
     layOutLegend(); // the scale bar follows the zoom
-    PaintLegend(painter, m_legend, look, layoutDirection());
+    dxftools::paintLegend(painter, m_legend, look, layoutDirection());
 }
 
 void SheetPictureView::paintMessage(QPainter &painter) const

@@ -35,7 +35,7 @@
     </message>
 </context>
 <context>
-    <name>DiagnosticModel</name>
+    <name>FindingModel</name>
     <message>
         <source>Line %1: %2</source>
         <translation>Zeile %1: %2</translation>

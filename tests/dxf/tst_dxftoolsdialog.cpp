@@ -3,7 +3,7 @@
 #include "dxf/workbench/dxfdialogtexts_p.h"
 #include "dxf/workbench/messageline_p.h"
 #include "dxf/workbench/panelparts_p.h"
-#include "dxf/workbench/readingprogress_p.h"
+#include "dxf/workbench/readingbar_p.h"
 #include "dxf/workbench/sheetpictureview_p.h"
 #include "dxf/workbench/sheettablemodel_p.h"
 #include "tests/support/PlanPairs.h"
@@ -105,9 +105,9 @@ struct Bench
     /// Does this as soon as the progress is shown.
     void whileReading(const std::function<void()> &action) const
     {
-        auto *progress = dialog->findChild<ReadingProgress *>();
+        auto *progress = dialog->findChild<ReadingBar *>();
         progress->setPace({.shownAfter = 0, .eventsEvery = 0});
-        QObject::connect(progress, &ReadingProgress::becameLong, qApp,
+        QObject::connect(progress, &ReadingBar::becameLong, qApp,
                          [action] { QTimer::singleShot(0, qApp, action); });
     }
 
@@ -250,7 +250,7 @@ void TestDxfToolsDialog::keepsThePlaceOfTheKeyboard()
     const Bench bench;
     bench.put("large.dxf", kLargePlan);
     bench.dialog->activateWindow();
-    auto *progress = bench.dialog->findChild<ReadingProgress *>();
+    auto *progress = bench.dialog->findChild<ReadingBar *>();
     progress->setPace({.shownAfter = 0, .eventsEvery = 0});
     bench.read("large.dxf"); // gives the focus back to the first button
     progress->setPace({});
@@ -607,8 +607,8 @@ void TestDxfToolsDialog::tellsScreenReadersWhatIsWhat()
     bench.find<QGroupBox>("grpExclude")->setChecked(true);
     QMap<QString, const QWidget *> owners;
     for (QWidget *widget : bench.dialog->findChildren<QWidget *>()) {
-        const bool isReached = widget->focusPolicy() & Qt::TabFocus && widget->isVisible() &&
-                               !widget->focusProxy();
+        const bool isReached =
+            widget->focusPolicy() & Qt::TabFocus && widget->isVisible() && !widget->focusProxy();
         if (!isReached)
             continue;
         const QString name = QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
@@ -650,8 +650,10 @@ void TestDxfToolsDialog::keepsItsLayoutWhileReading()
 
 void TestDxfToolsDialog::writesQuietlyButReadably()
 {
-    for (const auto &[ink, ground] : {std::pair(Qt::black, Qt::white), {Qt::white, Qt::black},
-                                      {Qt::darkBlue, Qt::yellow}, {Qt::lightGray, Qt::darkGray}}) {
+    for (const auto &[ink, ground] : {std::pair(Qt::black, Qt::white),
+                                      {Qt::white, Qt::black},
+                                      {Qt::darkBlue, Qt::yellow},
+                                      {Qt::lightGray, Qt::darkGray}}) {
         QPalette palette;
         palette.setColor(QPalette::Text, ink);
         palette.setColor(QPalette::Base, ground);
