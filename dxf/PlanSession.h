@@ -91,8 +91,8 @@ public:
     /// Chooses the sheets anew, but reviews nothing: the findings stay those of before. False when
     /// memory does not suffice; so with Review().
     bool Choose(const SheetFilter &filter);
-    /// Chooses and reviews; takes several times as long as choosing. Also false, and nothing changed,
-    /// when @p progress gave up.
+    /// Chooses and reviews; takes several times as long as choosing. Also false, and nothing
+    /// changed, when @p progress gave up.
     bool Review(const SheetFilter &filter, const SheetProgress &progress = {});
     /// All that can be sheets, as without a filter. May throw std::bad_alloc the first time.
     [[nodiscard]] const std::vector<quint32> &AllSheets();

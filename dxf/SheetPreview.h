@@ -36,7 +36,7 @@ enum class SheetNews : quint8 { None, New, Moved, Renamed };
 /// there may be a million; what is seen of it is FigureOf().
 struct SheetPlace
 {
-    QRectF bounds; ///< pixels of the page, y growing downwards
+    QRectF bounds;          ///< pixels of the page, y growing downwards
     quint32 firstSheet = 0; ///< index into SheetPicture::sheets
     quint32 sheetCount = 0; ///< at least 1
     SheetKind kind = SheetKind::Labelled;
@@ -90,7 +90,7 @@ struct SheetPicture
     QString title;
     QSizeF size;
     bool isMap = false;
-    bool isMoved = false; ///< inserts move some of the sheets, which is not shown
+    bool isMoved = false;     ///< inserts move some of the sheets, which is not shown
     double pixelsPerUnit = 0; ///< the scale; units are the drawing's
     double legendTextHeight = 0;
     qint64 gone = 0; ///< sheets of an older file that are no more

@@ -241,7 +241,8 @@ FileFault PlanSession::ExportPicture(const QString &path) const
         path.endsWith(".svg"_L1, Qt::CaseInsensitive) ? PictureFormat::Svg : PictureFormat::Png;
     const SheetPicture picture = LayOutSheets(m_drawing, m_analysis.sheets, m_name);
     ReplacedFile file(path);
-    const bool isStored =
-        file.Open() && WriteSheetPicture(file.Device(), picture, m_drawing, format) && file.Commit();
+    const bool isStored = file.Open() &&
+                          WriteSheetPicture(file.Device(), picture, m_drawing, format) &&
+                          file.Commit();
     return isStored ? FileFault() : file.Fault();
 }

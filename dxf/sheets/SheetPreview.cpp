@@ -206,15 +206,15 @@ Placement placeInRows(const std::vector<SheetPlace> &places, double side)
     }
     Placement placement;
     placement.shifts.reserve(places.size());
-    placement.size = walkInRows(places, widest, gap,
-                                [&](QPointF shift) { placement.shifts.push_back(shift); });
+    placement.size =
+        walkInRows(places, widest, gap, [&](QPointF shift) { placement.shifts.push_back(shift); });
     return placement;
 }
 
 /// The drawing's part of the page: enough for each sheet, in the shape of what it has to hold.
 QSizeF pageFor(const Placement &placement, std::size_t figures)
 {
-    constexpr double kCell = 50; // pixels for a sheet among many
+    constexpr double kCell = 50;      // pixels for a sheet among many
     constexpr double kLargest = 3600; // with margins and legend below 4,000
     const double side = std::max(kCell * std::sqrt(static_cast<double>(figures)), 800.0);
     const double width = placement.size.width();
@@ -349,8 +349,9 @@ StateCounts showStates(SheetPicture &picture, const DxfDrawing &drawing,
         place.state = SheetState::FilteredOut;
         for (const quint32 sheet : picture.SheetsAt(place)) {
             const DxfInsert &insert = drawing.Inserts()[sheet];
-            const bool isNumbered = place.kind != SheetKind::Unnumbered &&
-                                    (place.sheetCount == 1 || SheetNumberAttribute(drawing, insert));
+            const bool isNumbered =
+                place.kind != SheetKind::Unnumbered &&
+                (place.sheetCount == 1 || SheetNumberAttribute(drawing, insert));
             SheetState state = SheetState::Exported;
             if (!isChosen[sheet])
                 ++counts.filteredOut, state = SheetState::FilteredOut;
@@ -504,8 +505,8 @@ SheetPicture LayOutSheets(const DxfDrawing &drawing, std::span<const quint32> sh
         bounds = {origin + (bounds.topLeft() + placement.shifts[i]) * picture.pixelsPerUnit,
                   bounds.size() * picture.pixelsPerUnit};
     }
-    picture.isMoved = std::ranges::any_of(
-        picture.sheets, [&](quint32 sheet) { return IsMoved(drawing, sheet); });
+    picture.isMoved =
+        std::ranges::any_of(picture.sheets, [&](quint32 sheet) { return IsMoved(drawing, sheet); });
     ShowSheetStates(picture, drawing, sheets);
     return picture;
 }

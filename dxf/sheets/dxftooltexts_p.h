@@ -147,7 +147,10 @@ public:
                   "or Shift further ones, and on the number marks it. Dragging with Shift selects "
                   "all within a rectangle. A double click shows a sheet closely, or everything.");
     }
-    static QString UnmarkedSheet(const QString &number) { return tr("%1 - not marked").arg(number); }
+    static QString UnmarkedSheet(const QString &number)
+    {
+        return tr("%1 - not marked").arg(number);
+    }
     static QString FilteredOutSheet(const QString &number)
     {
         return tr("%1 - not included").arg(number);

@@ -101,10 +101,7 @@ public:
     {
         fill(spotOf(place.bounds).adjusted(-1, -1, 1, 1), m_scene.highlight.rgba());
     }
-    void paint(QPainter &painter) const
-    {
-        painter.drawImage(m_scene.area.topLeft(), m_image);
-    }
+    void paint(QPainter &painter) const { painter.drawImage(m_scene.area.topLeft(), m_image); }
 
 private:
     struct Ink
@@ -255,8 +252,8 @@ void paintBundles(QPainter &painter, const SheetScene &scene,
     std::array<std::array<QPainterPath, 3>, 3> outlines;
     std::array<QPainterPath, 4> corners;
     for (const SheetFigure &figure : figures) {
-        QPainterPath &path = outlines[static_cast<std::size_t>(figure.kind)]
-                                     [static_cast<std::size_t>(figure.state)];
+        QPainterPath &path =
+            outlines[static_cast<std::size_t>(figure.kind)][static_cast<std::size_t>(figure.state)];
         for (const QPolygonF &points : figure.outlines)
             path.addPolygon(points);
         if (sideOf(figure.bounds) >= scene.leastCornered)
@@ -298,8 +295,8 @@ void paintNews(QPainter &painter, const SheetScene &scene, const SheetFigure &fi
         return;
     constexpr double kLine = 3;
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(scene.look.Of(figure.news), kLine, Qt::SolidLine, Qt::FlatCap,
-                        Qt::MiterJoin));
+    painter.setPen(
+        QPen(scene.look.Of(figure.news), kLine, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
     paintOutlines(painter, figure);
 }
 
@@ -402,8 +399,7 @@ std::optional<MarkBox> MarkBoxOf(const SheetFigure &figure)
 {
     constexpr double kLeastText = 9; // smaller boxes cannot be told apart
     const bool hasBox = figure.kind != SheetKind::Unnumbered &&
-                        figure.state != SheetState::FilteredOut &&
-                        figure.textHeight >= kLeastText;
+                        figure.state != SheetState::FilteredOut && figure.textHeight >= kLeastText;
     if (!hasBox)
         return std::nullopt;
     const double side = std::min(0.75 * figure.textHeight, 16.0);

@@ -51,7 +51,7 @@ struct SheetLook
 /// Boxes that are ticked stand beside numbers where marks can be set.
 struct MarkBox
 {
-    QRectF box; ///< before it is turned with the number about the figure's centre
+    QRectF box;       ///< before it is turned with the number about the figure's centre
     double shift = 0; ///< by which the number makes room
 };
 [[nodiscard]] std::optional<MarkBox> MarkBoxOf(const SheetFigure &figure);
@@ -64,14 +64,15 @@ struct SheetScene
     const SheetLook &look;
     double scale = 1;
     QPointF origin = {};
-    QRectF area = {};              ///< in pixels; what lies outside is not painted
+    QRectF area = {};          ///< in pixels; what lies outside is not painted
     double leastOutlined = 12; ///< pixels; smaller sheets are spots
     double leastCornered = 22; ///< smaller ones have no marks in their corners
     double leastText = 7;      ///< heights of numbers: smaller ones cannot be read,
     double mostText = 60;      ///< larger ones say no more
     double lineWidth = 1;
-    bool hasBoxes = false;  ///< beside the numbers
-    bool isBundled = false; ///< few paths instead of many: short to write, but overlaps run together
+    bool hasBoxes = false; ///< beside the numbers
+    bool isBundled =
+        false; ///< few paths instead of many: short to write, but overlaps run together
     QColor highlight = {};
     const std::vector<bool> *isSelected = nullptr; ///< one for each place
 };

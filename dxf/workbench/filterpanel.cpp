@@ -135,5 +135,5 @@ void FilterPanel::offerValues()
 
 std::vector<QWidget *> FilterPanel::tabOrder() const
 {
-    return {m_correct,      m_placed,  m_include, m_includeTag, m_includeValue, m_exclude, m_excludeTag};
+    return {m_correct, m_placed, m_include, m_includeTag, m_includeValue, m_exclude, m_excludeTag};
 }

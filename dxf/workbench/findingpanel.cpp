@@ -122,8 +122,8 @@ void FindingPanel::selectRows(const std::vector<int> &rows)
 
 void FindingPanel::copy() const
 {
-    workbench::TableText table({DxfDialogTexts::Severity(), DxfDialogTexts::Line(),
-                                DxfDialogTexts::Finding()});
+    workbench::TableText table(
+        {DxfDialogTexts::Severity(), DxfDialogTexts::Line(), DxfDialogTexts::Finding()});
     const QItemSelectionModel &selection = *m_list->selectionModel();
     for (int row = 0; row < m_model->rowCount(); ++row) {
         if (selection.hasSelection() && !selection.isRowSelected(row, {}))

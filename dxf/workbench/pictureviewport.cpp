@@ -207,8 +207,8 @@ bool IsOnNumber(const SheetFigure &figure, QPointF point)
         return false;
     const QPointF own = QTransform().rotate(-figure.angle).map(point - figure.centre);
     const auto mark = MarkBoxOf(figure);
-    const double text = kCharacterWidth * figure.textHeight *
-                        static_cast<double>(figure.number.size());
+    const double text =
+        kCharacterWidth * figure.textHeight * static_cast<double>(figure.number.size());
     const double half = mark ? -mark->box.left() : text / 2;
     return std::abs(own.x()) <= half && std::abs(own.y()) <= 0.6 * figure.textHeight;
 }

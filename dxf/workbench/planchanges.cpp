@@ -51,7 +51,8 @@ PlanChanges ChangesAgainst(std::span<const Gk2Record> older, const DxfDrawing &d
     std::vector<quint32> written;
     const std::vector<Gk2Record> newer = Gk2RecordsOf(drawing, sheets, &written);
     const auto shown = [&](std::span<const Gk2Record> records, std::size_t i) {
-        return i < records.size() ? drawing.DisplayText(records[i].number.toStdString()) : QString();
+        return i < records.size() ? drawing.DisplayText(records[i].number.toStdString())
+                                  : QString();
     };
     PlanChanges changes;
     std::array<qint64, 4> counts{};
@@ -67,9 +68,9 @@ PlanChanges ChangesAgainst(std::span<const Gk2Record> older, const DxfDrawing &d
         changes.sheets.push_back({sheet, newsOf(change.kind)});
     }
     changes.gone = counts[static_cast<std::size_t>(Kind::Gone)];
-    changes.summary = DxfDialogTexts::ChangesCounted(
-        counts[static_cast<std::size_t>(Kind::New)], changes.gone,
-        counts[static_cast<std::size_t>(Kind::Moved)],
-        counts[static_cast<std::size_t>(Kind::Renamed)]);
+    changes.summary =
+        DxfDialogTexts::ChangesCounted(counts[static_cast<std::size_t>(Kind::New)], changes.gone,
+                                       counts[static_cast<std::size_t>(Kind::Moved)],
+                                       counts[static_cast<std::size_t>(Kind::Renamed)]);
     return changes;
 }

@@ -2,8 +2,8 @@
 // What an export changes against the file that was there before, as the dialog tells it.
 #pragma once
 
-#include <kelo_base/dxf/Gk2Reader.h>
 #include <kelo_base/dxf/Diagnostic.h>
+#include <kelo_base/dxf/Gk2Reader.h>
 #include <kelo_base/dxf/SheetPreview.h>
 #include <vector>
 

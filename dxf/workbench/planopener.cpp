@@ -69,7 +69,8 @@ PlanOpener::PlanOpener(DxfToolsForm &form, SheetDesk &desk, DxfToolsStore &store
             [this] { showReading(); });
     fillRecentMenu();
     connect(&m_form.read().recentMenu(), &QMenu::aboutToShow, this, &PlanOpener::fillRecentMenu);
-    connect(&m_form.read().message(), &MessageLine::actionClicked, this, &PlanOpener::forgetVanished);
+    connect(&m_form.read().message(), &MessageLine::actionClicked, this,
+            &PlanOpener::forgetVanished);
 }
 
 bool PlanOpener::read(const QString &path)
@@ -164,8 +165,8 @@ void PlanOpener::askAndRead()
     const QString last = settings ? settings->value(dxftools::kLastUsedFile).toString() : QString();
     // Not on the stack: it is its parent's, which may be deleted while it is open.
     const QPointer<QFileDialog> dialog =
-        new QFileDialog(&m_form.dialog(), DxfToolTexts::ReadFileTitle(),
-                        QFileInfo(last).path(), DxfDialogTexts::PlanFiles());
+        new QFileDialog(&m_form.dialog(), DxfToolTexts::ReadFileTitle(), QFileInfo(last).path(),
+                        DxfDialogTexts::PlanFiles());
     dialog->setFileMode(QFileDialog::ExistingFile);
     const bool isChosen = dialog->exec() == QDialog::Accepted && dialog;
     const QString path = isChosen ? dialog->selectedFiles().value(0) : QString();

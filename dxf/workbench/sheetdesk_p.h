@@ -51,7 +51,7 @@ private:
 
     DxfToolsForm &m_form;
     std::shared_ptr<PlanSession> m_plan; ///< shared with a review that is under way
-    std::vector<Diagnostic> m_changes; ///< of the last export, as findings
+    std::vector<Diagnostic> m_changes;   ///< of the last export, as findings
     QTimer m_reviewDue;
     bool m_isReviewing = false;
     bool m_isReviewStale = false; ///< plan, labels or filter changed since it began

@@ -103,9 +103,8 @@ void ExportSheets(DxfToolsForm &form, SheetDesk &desk)
         return;
     const QPointer<MessageLine> line = &form.exportMessage();
     QWidget *const window = line->window();
-    const QString target =
-        askForTarget(window, desk.plan()->Path(),
-                     {DxfToolTexts::ExportFileTitle(), u"*.txt"_s, u"txt"_s});
+    const QString target = askForTarget(window, desk.plan()->Path(),
+                                        {DxfToolTexts::ExportFileTitle(), u"*.txt"_s, u"txt"_s});
     if (!line || target.isEmpty())
         return;
     Gk2Export result;
@@ -128,10 +127,9 @@ void SavePicture(DxfToolsForm &form, const SheetDesk &desk)
     if (!desk.plan())
         return;
     const QPointer<MessageLine> line = &form.exportMessage();
-    const QString target =
-        askForTarget(line->window(), desk.plan()->Path(),
-                     {workbench::spoken(DxfDialogTexts::SavePicture()),
-                      DxfDialogTexts::PictureFiles(), u"svg"_s});
+    const QString target = askForTarget(line->window(), desk.plan()->Path(),
+                                        {workbench::spoken(DxfDialogTexts::SavePicture()),
+                                         DxfDialogTexts::PictureFiles(), u"svg"_s});
     if (!line || target.isEmpty())
         return;
     const qor::QtScopedOverrideCursor wait(Qt::WaitCursor);

@@ -105,9 +105,8 @@ void SheetPictureView::setSheets(const DxfDrawing &drawing, std::span<const quin
             m_placeOfSheet[sheet] = place;
     m_drag = Drag::None;
     setSelectedSheets({});
-    changeView([this] {
-        m_viewport.SetPicture(boundsOf(m_picture.places), detailOf(m_picture.places));
-    });
+    changeView(
+        [this] { m_viewport.SetPicture(boundsOf(m_picture.places), detailOf(m_picture.places)); });
     layOut();
 }
 
@@ -238,9 +237,9 @@ std::vector<std::size_t> SheetPictureView::placesIn(const QRectF &area) const
     std::vector<std::size_t> places;
     for (std::size_t i = 0; m_drawing && i < m_picture.places.size(); ++i) {
         const SheetPlace &place = m_picture.places[i];
-        const bool touches = Touch(place.bounds, area) &&
-                             (area.contains(place.bounds) ||
-                              Touches(FigureOf(m_picture, place, *m_drawing), area));
+        const bool touches =
+            Touch(place.bounds, area) &&
+            (area.contains(place.bounds) || Touches(FigureOf(m_picture, place, *m_drawing), area));
         if (touches)
             places.push_back(i);
     }
@@ -284,8 +283,8 @@ std::vector<quint32> SheetPictureView::sheetsAt(const std::vector<std::size_t> &
 }
 
 /// What a click with Ctrl finds selected it takes away; everything else adds, or begins anew.
-void SheetPictureView::pick(const std::vector<std::size_t> &places,
-                            Qt::KeyboardModifiers modifiers, bool isBand)
+void SheetPictureView::pick(const std::vector<std::size_t> &places, Qt::KeyboardModifiers modifiers,
+                            bool isBand)
 {
     std::vector<quint32> picked = sheetsAt(places);
     const bool hasControl = modifiers.testFlag(Qt::ControlModifier);
@@ -323,8 +322,9 @@ bool SheetPictureView::event(QEvent *event)
 bool SheetPictureView::showToolTip(const QPoint &pos, const QPoint &globalPos)
 {
     const auto place = placeAt(pos);
-    const QString text = !m_drawing ? QString() : !place ? DxfToolTexts::PictureMouseHelp()
-                                                         : toolTipOf(*place);
+    const QString text = !m_drawing ? QString()
+                         : !place   ? DxfToolTexts::PictureMouseHelp()
+                                    : toolTipOf(*place);
     if (text.isEmpty())
         QToolTip::hideText();
     else

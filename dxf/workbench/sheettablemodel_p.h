@@ -77,7 +77,7 @@ private:
 
     DxfDrawing *m_drawing = nullptr;
     std::vector<bool> m_isNumbered; ///< of each insert
-    int m_column = -1; ///< sorted by; the number's ascending order is the export's
+    int m_column = -1;              ///< sorted by; the number's ascending order is the export's
     Qt::SortOrder m_order = Qt::AscendingOrder;
     qint64 m_marked = 0;
     std::vector<quint32> m_sheets; ///< export order

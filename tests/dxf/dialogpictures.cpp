@@ -95,7 +95,8 @@ int main(int argc, char **argv)
 {
     QApplication app(argc, argv);
     QCommandLineParser parser;
-    const QCommandLineOption state(u"state"_s, u"empty, reading, filtered or any other name."_s, u"name"_s);
+    const QCommandLineOption state(u"state"_s, u"empty, reading, filtered or any other name."_s,
+                                   u"name"_s);
     const QCommandLineOption theme(u"theme"_s, u"light or dark."_s, u"name"_s, u"light"_s);
     const QCommandLineOption language(u"language"_s, u"en or de."_s, u"code"_s, u"en"_s);
     const QCommandLineOption picture(u"picture"_s, u"The file to save."_s, u"file"_s);

@@ -609,8 +609,8 @@ void TestDxfToolsDialog::tellsScreenReadersWhatIsWhat()
     bench.find<QGroupBox>("grpExclude")->setChecked(true);
     QMap<QString, const QWidget *> owners;
     for (QWidget *widget : bench.dialog->findChildren<QWidget *>()) {
-        const bool isReached = widget->focusPolicy() & Qt::TabFocus && widget->isVisible() &&
-                               !widget->focusProxy();
+        const bool isReached =
+            widget->focusPolicy() & Qt::TabFocus && widget->isVisible() && !widget->focusProxy();
         if (!isReached)
             continue;
         const QString name = QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
@@ -652,8 +652,10 @@ void TestDxfToolsDialog::keepsItsLayoutWhileReading()
 
 void TestDxfToolsDialog::writesQuietlyButReadably()
 {
-    for (const auto &[ink, ground] : {std::pair(Qt::black, Qt::white), {Qt::white, Qt::black},
-                                      {Qt::darkBlue, Qt::yellow}, {Qt::lightGray, Qt::darkGray}}) {
+    for (const auto &[ink, ground] : {std::pair(Qt::black, Qt::white),
+                                      {Qt::white, Qt::black},
+                                      {Qt::darkBlue, Qt::yellow},
+                                      {Qt::lightGray, Qt::darkGray}}) {
         QPalette palette;
         palette.setColor(QPalette::Text, ink);
         palette.setColor(QPalette::Base, ground);
