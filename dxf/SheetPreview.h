@@ -135,9 +135,9 @@ KELO_BASE_EXPORT void ShowSheetNews(SheetPicture &picture, std::span<const Chang
 KELO_BASE_EXPORT void PaintSheets(QPainter &painter, const SheetPicture &picture,
                                   const DxfDrawing &drawing);
 
-enum class PictureFormat { Svg, Png };
+enum class SheetPictureFormat { Svg, Png };
 
 /// Of very many sheets an SVG leaves details out, so that it stays below 5 MB. Wants an application
 /// object with fonts (QGuiApplication). False when the device failed.
 KELO_BASE_EXPORT bool WriteSheetPicture(QIODevice &device, const SheetPicture &picture,
-                                        const DxfDrawing &drawing, PictureFormat format);
+                                        const DxfDrawing &drawing, SheetPictureFormat format);

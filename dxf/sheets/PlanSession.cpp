@@ -62,7 +62,7 @@ OlderFile olderFile(const QString &path)
 } // namespace
 
 PlanOpening PlanSession::Open(const QString &path, const AnalysisOptions &options,
-                              const PlanProgress &progress)
+                              const PlanStages &progress)
 {
     PlanOpening opening;
     DxfReadResult read = ReadDxfFile(path, progress.reading, options.reading);
@@ -76,7 +76,7 @@ PlanOpening PlanSession::Open(const QString &path, const AnalysisOptions &option
 }
 
 PlanOpening PlanSession::Open(QIODevice &device, const QString &name,
-                              const AnalysisOptions &options, const PlanProgress &progress)
+                              const AnalysisOptions &options, const PlanStages &progress)
 {
     PlanOpening opening;
     DxfReadResult read = ReadDxf(device, name, progress.reading, options.reading);
@@ -95,11 +95,11 @@ PlanSession::PlanSession(const QString &path, const QString &name, DxfReadResult
 }
 
 PlanOpening PlanSession::analysed(std::unique_ptr<PlanSession> session,
-                                  const AnalysisOptions &options, const SheetProgress &progress)
+                                  const AnalysisOptions &options, const PlanProgress &progress)
 {
     std::optional<SheetAnalysis> analysis;
     bool isCancelled = false;
-    const SheetProgress noting = [&](qint64 done, qint64 total) {
+    const PlanProgress noting = [&](qint64 done, qint64 total) {
         isCancelled = progress && !progress(done, total);
         return !isCancelled;
     };
@@ -118,20 +118,20 @@ PlanOpening PlanSession::analysed(std::unique_ptr<PlanSession> session,
     return {.session = std::move(session)};
 }
 
-std::vector<Diagnostic> PlanSession::Findings() const
+std::vector<PlanFinding> PlanSession::Findings() const
 {
-    std::vector<Diagnostic> all = m_readFindings;
+    std::vector<PlanFinding> all = m_readFindings;
     all.insert(all.end(), m_analysis.diagnostics.begin(), m_analysis.diagnostics.end());
     return all;
 }
 
 qint64 PlanSession::Warnings() const
 {
-    return m_analysis.warnings +
-           std::ranges::count(m_readFindings, Severity::Warning, &Diagnostic::severity);
+    return m_analysis.warnings + std::ranges::count(m_readFindings, PlanFinding::Severity::Warning,
+                                                    &PlanFinding::severity);
 }
 
-bool PlanSession::place(bool appliesPlacement, const SheetProgress &progress)
+bool PlanSession::place(bool appliesPlacement, const PlanProgress &progress)
 {
     if (appliesPlacement == m_asRead.has_value())
         return true;
@@ -174,7 +174,7 @@ bool PlanSession::Choose(const SheetFilter &filter)
     });
 }
 
-bool PlanSession::Review(const SheetFilter &filter, const SheetProgress &progress)
+bool PlanSession::Review(const SheetFilter &filter, const PlanProgress &progress)
 {
     return attempt([&] {
         auto analysis = ReviewSheets(m_drawing, filter, m_path, progress);
@@ -193,7 +193,7 @@ const std::vector<quint32> &PlanSession::AllSheets()
 
 bool PlanSession::HasRecords() const
 {
-    return HasGk2Records(m_drawing, m_analysis.sheets);
+    return dxftools::hasGk2Records(m_drawing, m_analysis.sheets);
 }
 
 Gk2Export::Outcome PlanSession::refusal(const QString &path, const Gk2ExportOptions &options) const
@@ -211,7 +211,7 @@ Gk2Export::Outcome PlanSession::refusal(const QString &path, const Gk2ExportOpti
 }
 
 Gk2Export PlanSession::Export(const QString &path, const Gk2ExportOptions &options,
-                              const SheetProgress &progress) const
+                              const PlanProgress &progress) const
 {
     Gk2Export result;
     result.outcome = refusal(path, options);
@@ -229,7 +229,7 @@ Gk2Export PlanSession::Export(const QString &path, const Gk2ExportOptions &optio
     if (!isStored) {
         result.outcome = result ? Outcome::NotStored : result.outcome;
         result.fault = file.Fault();
-        result.written = CountGk2Records(m_drawing, m_analysis.sheets);
+        result.written = dxftools::countGk2Records(m_drawing, m_analysis.sheets);
         result.keptOlder = file.HasOlder();
     }
     return result;
@@ -237,8 +237,8 @@ Gk2Export PlanSession::Export(const QString &path, const Gk2ExportOptions &optio
 
 FileFault PlanSession::ExportPicture(const QString &path) const
 {
-    const auto format =
-        path.endsWith(".svg"_L1, Qt::CaseInsensitive) ? PictureFormat::Svg : PictureFormat::Png;
+    const auto format = path.endsWith(".svg"_L1, Qt::CaseInsensitive) ? SheetPictureFormat::Svg
+                                                                      : SheetPictureFormat::Png;
     const SheetPicture picture = LayOutSheets(m_drawing, m_analysis.sheets, m_name);
     ReplacedFile file(path);
     const bool isStored = file.Open() &&

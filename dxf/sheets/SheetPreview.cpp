@@ -4,7 +4,7 @@
 
 #include "dxf/read/sheetnumber_p.h"
 #include "dxf/sheets/dxftooltexts_p.h"
-#include "dxf/sheets/sheetpicture_p.h"
+#include "dxf/sheets/figurelayout_p.h"
 #include <QLocale>
 #include <algorithm>
 #include <cmath>
@@ -96,7 +96,7 @@ std::vector<SheetPlace> draftPlaces(const DxfDrawing &drawing, std::span<const q
         SheetPlace &place = places.emplace_back(ofBlock);
         place.firstSheet = i;
         place.sheetCount = 1;
-        if (!SheetNumberAttribute(drawing, insert))
+        if (!dxftools::sheetNumberAttribute(drawing, insert))
             place.kind = SheetKind::Unnumbered;
     }
     return places;
@@ -272,7 +272,7 @@ QString numberText(const SheetPicture &picture, const SheetPlace &place, const D
     constexpr QChar kMore(0x2026); // an ellipsis
     QString text;
     for (const quint32 sheet : picture.SheetsAt(place)) {
-        const auto number = SheetNumberAttribute(drawing, drawing.Inserts()[sheet]);
+        const auto number = dxftools::sheetNumberAttribute(drawing, drawing.Inserts()[sheet]);
         if (!number)
             continue;
         if (text.size() > 20)
@@ -351,7 +351,7 @@ StateCounts showStates(SheetPicture &picture, const DxfDrawing &drawing,
             const DxfInsert &insert = drawing.Inserts()[sheet];
             const bool isNumbered =
                 place.kind != SheetKind::Unnumbered &&
-                (place.sheetCount == 1 || SheetNumberAttribute(drawing, insert));
+                (place.sheetCount == 1 || dxftools::sheetNumberAttribute(drawing, insert));
             SheetState state = SheetState::Exported;
             if (!isChosen[sheet])
                 ++counts.filteredOut, state = SheetState::FilteredOut;
@@ -397,7 +397,7 @@ void writeLegend(SheetPicture &picture, double margin, double top, const StateCo
         legend.Add(Mark::Renamed, DxfToolTexts::RenamedInPreview(count));
     if (picture.gone > 0)
         legend.Add(Mark::None, DxfToolTexts::GoneInPreview(picture.gone));
-    const double length = RoundLength(picture.size.width() / 7 / picture.pixelsPerUnit);
+    const double length = dxftools::roundLength(picture.size.width() / 7 / picture.pixelsPerUnit);
     if (!picture.places.empty() && std::isnormal(length))
         legend.Add({.mark = Mark::ScaleBar,
                     .position = {},
@@ -421,13 +421,13 @@ double legendTop(const SheetPicture &picture)
 
 } // namespace
 
-double LeastTextHeight(const SheetPicture &picture)
+double dxftools::leastTextHeight(const SheetPicture &picture)
 {
     constexpr std::size_t kMany = 2'000;
     return picture.places.size() > kMany ? 7 : 4; // a few may be zoomed into, but no crowd is
 }
 
-void MoveFigure(SheetFigure &figure, QPointF shift, double scale, QPointF origin)
+void dxftools::moveFigure(SheetFigure &figure, QPointF shift, double scale, QPointF origin)
 {
     const auto moved = [=](QPointF p) { return origin + (p + shift) * scale; };
     for (QPolygonF &points : figure.outlines)
@@ -438,7 +438,7 @@ void MoveFigure(SheetFigure &figure, QPointF shift, double scale, QPointF origin
     figure.bounds = QRectF(moved(figure.bounds.topLeft()), moved(figure.bounds.bottomRight()));
 }
 
-void PlaceNumber(SheetFigure &figure, double least, double most, double beside)
+void dxftools::placeNumber(SheetFigure &figure, double least, double most, double beside)
 {
     double width = figure.bounds.width();
     double height = figure.bounds.height();
@@ -457,7 +457,7 @@ void PlaceNumber(SheetFigure &figure, double least, double most, double beside)
     figure.centre = figure.bounds.center();
 }
 
-double RoundLength(double most)
+double dxftools::roundLength(double most)
 {
     const double power = std::pow(10.0, std::floor(std::log10(most)));
     return most >= 5 * power ? 5 * power : most >= 2 * power ? 2 * power : power;
@@ -563,6 +563,6 @@ SheetFigure FigureOf(const SheetPicture &picture, const SheetPlace &place,
         if (corners[i])
             figure.corners[i] = placed(*corners[i]);
     figure.number = numberText(picture, place, drawing);
-    PlaceNumber(figure, LeastTextHeight(picture), 140);
+    dxftools::placeNumber(figure, dxftools::leastTextHeight(picture), 140);
     return figure;
 }

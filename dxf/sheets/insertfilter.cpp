@@ -23,7 +23,8 @@ WantedText::WantedText(const DxfDrawing &drawing, const QString &text)
 
 bool WantedText::matches(std::string_view bytes) const
 {
-    if ((m_encoded && bytes == ViewOf(*m_encoded)) || (m_latin1 && bytes == ViewOf(*m_latin1)))
+    if ((m_encoded && bytes == dxftools::viewOf(*m_encoded)) ||
+        (m_latin1 && bytes == dxftools::viewOf(*m_latin1)))
         return true;
     const bool mayHaveEscape = bytes.find('\\') != std::string_view::npos;
     const bool hasEscape = mayHaveEscape && (bytes.find("\\U+") != std::string_view::npos ||
@@ -50,7 +51,7 @@ std::optional<std::string_view> WantedText::valueIn(const DxfInsert &insert) con
     return std::nullopt;
 }
 
-std::optional<QByteArray> BytesIn(const DxfDrawing &drawing, const QString &text)
+std::optional<QByteArray> dxftools::bytesIn(const DxfDrawing &drawing, const QString &text)
 {
     const auto encoded = drawing.EncodedText(text);
     return encoded || drawing.HasUtf8Texts() ? encoded : latin1Of(text);
@@ -76,7 +77,7 @@ bool InsertFilter::Passes(const DxfInsert &insert) const
     return !m_excludeTag || !m_excludeTag->valueIn(insert);
 }
 
-bool HasPolylines(const DxfDrawing &drawing, const DxfInsert &insert)
+bool dxftools::hasPolylines(const DxfDrawing &drawing, const DxfInsert &insert)
 {
     const DxfBlock *block = drawing.BlockOf(insert);
     return block && block->polylineCount > 0;

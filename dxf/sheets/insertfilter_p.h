@@ -51,13 +51,17 @@ private:
     std::optional<WantedText> m_excludeTag;
 };
 
-/// A text as it would stand in the drawing; nothing when that cannot hold it.
-std::optional<QByteArray> BytesIn(const DxfDrawing &drawing, const QString &text);
+namespace dxftools {
 
-inline std::string_view ViewOf(const QByteArray &bytes)
+/// A text as it would stand in the drawing; nothing when that cannot hold it.
+std::optional<QByteArray> bytesIn(const DxfDrawing &drawing, const QString &text);
+
+inline std::string_view viewOf(const QByteArray &bytes)
 {
     return {bytes.data(), static_cast<std::size_t>(bytes.size())};
 }
 
 /// Whether the insert's block exists and has something to frame a sheet with.
-bool HasPolylines(const DxfDrawing &drawing, const DxfInsert &insert);
+bool hasPolylines(const DxfDrawing &drawing, const DxfInsert &insert);
+
+} // namespace dxftools

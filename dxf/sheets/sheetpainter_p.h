@@ -40,13 +40,17 @@ struct SheetLook
     [[nodiscard]] Style Of(SheetKind kind, SheetState state) const;
 };
 
+namespace dxftools {
+
 /// Of pictures that are saved: the same on every machine.
-[[nodiscard]] SheetLook PaperLook();
+[[nodiscard]] SheetLook paperLook();
 /// Light on a light palette, dark on a dark one. Nothing shines through: it is quicker to paint.
-[[nodiscard]] SheetLook ScreenLook(const QPalette &palette, const QFont &font);
+[[nodiscard]] SheetLook screenLook(const QPalette &palette, const QFont &font);
 
 /// @param part  how much of @p b there is in it, from 0 to 1
-[[nodiscard]] QColor MixedColour(const QColor &a, const QColor &b, float part);
+[[nodiscard]] QColor mixedColour(const QColor &a, const QColor &b, float part);
+
+} // namespace dxftools
 
 /// Boxes that are ticked stand beside numbers where marks can be set.
 struct MarkBox
@@ -54,7 +58,11 @@ struct MarkBox
     QRectF box;       ///< before it is turned with the number about the figure's centre
     double shift = 0; ///< by which the number makes room
 };
-[[nodiscard]] std::optional<MarkBox> MarkBoxOf(const SheetFigure &figure);
+namespace dxftools {
+
+[[nodiscard]] std::optional<MarkBox> markBoxOf(const SheetFigure &figure);
+
+} // namespace dxftools
 
 /// How a picture is painted. Points of the picture times the scale plus the origin are pixels.
 struct SheetScene
@@ -77,14 +85,18 @@ struct SheetScene
     const std::vector<bool> *isSelected = nullptr; ///< one for each place
 };
 
+namespace dxftools {
+
 /// A figure as large as in the scene, with its number where it can be read.
-[[nodiscard]] SheetFigure FigureIn(const SheetScene &scene, const SheetPlace &place);
+[[nodiscard]] SheetFigure figureIn(const SheetScene &scene, const SheetPlace &place);
 
 /// Paints the page and the sheets. The smaller they are, the less of them is painted: from numbers
 /// and corners down to a spot, so that a million take no longer than some thousands. Corners go
 /// above all outlines, numbers above all corners. Selected ones have a thick outline and a tint.
-void PaintScene(QPainter &painter, const SheetScene &scene);
+void paintScene(QPainter &painter, const SheetScene &scene);
 
 /// @param textHeight  of the text beside it, in pixels; the mark stands on the same base line
-void PaintLegendMark(QPainter &painter, const LegendEntry &entry, double textHeight,
+void paintLegendMark(QPainter &painter, const LegendEntry &entry, double textHeight,
                      const SheetLook &look);
+
+} // namespace dxftools

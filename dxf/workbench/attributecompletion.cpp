@@ -21,13 +21,13 @@ std::optional<QString> enterable(const DxfDrawing &drawing, std::string_view byt
     if (bytes.size() > kLongest)
         return std::nullopt;
     const QString text = drawing.DisplayText(bytes);
-    const auto found = BytesIn(drawing, text);
-    return found && ViewOf(*found) == bytes ? std::optional(text) : std::nullopt;
+    const auto found = dxftools::bytesIn(drawing, text);
+    return found && dxftools::viewOf(*found) == bytes ? std::optional(text) : std::nullopt;
 }
 
 } // namespace
 
-std::vector<AttributeOffer> OfferTags(const DxfDrawing &drawing)
+std::vector<AttributeOffer> dxftools::offerTags(const DxfDrawing &drawing)
 {
     std::vector<AttributeOffer> offers;
     for (const TagUse &use : CollectTags(drawing))
@@ -37,15 +37,15 @@ std::vector<AttributeOffer> OfferTags(const DxfDrawing &drawing)
     return offers;
 }
 
-std::vector<AttributeOffer> OfferValues(const DxfDrawing &drawing, const QString &tag)
+std::vector<AttributeOffer> dxftools::offerValues(const DxfDrawing &drawing, const QString &tag)
 {
-    const auto tagBytes = BytesIn(drawing, tag);
+    const auto tagBytes = dxftools::bytesIn(drawing, tag);
     if (!tagBytes)
         return {};
     std::unordered_map<std::string_view, qint64> uses;
     for (const DxfInsert &insert : drawing.Inserts()) {
-        const auto value = drawing.FindAttribute(insert, ViewOf(*tagBytes));
-        if (!value || !HasPolylines(drawing, insert))
+        const auto value = drawing.FindAttribute(insert, dxftools::viewOf(*tagBytes));
+        if (!value || !dxftools::hasPolylines(drawing, insert))
             continue;
         if (uses.size() < kMostValues)
             ++uses[*value];

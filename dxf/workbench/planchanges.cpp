@@ -45,8 +45,8 @@ QString sentenceFor(const SheetChange &change, const QString &before, const QStr
 
 } // namespace
 
-PlanChanges ChangesAgainst(std::span<const Gk2Record> older, const DxfDrawing &drawing,
-                           std::span<const quint32> sheets)
+PlanChanges dxftools::changesAgainst(std::span<const Gk2Record> older, const DxfDrawing &drawing,
+                                     std::span<const quint32> sheets)
 {
     std::vector<quint32> written;
     const std::vector<Gk2Record> newer = Gk2RecordsOf(drawing, sheets, &written);
@@ -58,8 +58,8 @@ PlanChanges ChangesAgainst(std::span<const Gk2Record> older, const DxfDrawing &d
     std::array<qint64, 4> counts{};
     for (const SheetChange &change : CompareSheets(older, newer)) {
         ++counts[static_cast<std::size_t>(change.kind)];
-        Diagnostic &note = changes.findings.emplace_back();
-        note.severity = Severity::Note;
+        PlanFinding &note = changes.findings.emplace_back();
+        note.severity = PlanFinding::Severity::Note;
         note.text = sentenceFor(change, shown(older, change.older), shown(newer, change.newer));
         if (change.newer == SheetChange::kNone)
             continue;

@@ -4,10 +4,10 @@
 
 #include "dxf/sheets/dxftooltexts_p.h"
 #include "dxf/sheets/filterplan_p.h"
-#include "dxf/workbench/diagnosticmodel_p.h"
 #include "dxf/workbench/dxfdialogtexts_p.h"
 #include "dxf/workbench/dxftoolsform_p.h"
 #include "dxf/workbench/filterpanel_p.h"
+#include "dxf/workbench/findingmodel_p.h"
 #include "dxf/workbench/findingpanel_p.h"
 #include "dxf/workbench/messageline_p.h"
 #include "dxf/workbench/picturepanel_p.h"
@@ -193,7 +193,7 @@ void SheetDesk::showPicture()
 
 void SheetDesk::showFindings()
 {
-    std::vector<Diagnostic> findings = m_plan->Findings();
+    std::vector<PlanFinding> findings = m_plan->Findings();
     findings.insert(findings.begin(), m_changes.begin(), m_changes.end());
     m_form.findings().setFindings(std::move(findings));
     showFindingsOf(m_form.sheets().selected());
@@ -203,7 +203,7 @@ QString SheetDesk::whyEmpty() const
 {
     if (!m_plan->Sheets().empty())
         return {};
-    return WhyNoSheets(m_plan->Drawing(), options().filter);
+    return dxftools::whyNoSheets(m_plan->Drawing(), options().filter);
 }
 
 void SheetDesk::select(const std::vector<quint32> &sheets)
@@ -228,15 +228,15 @@ void SheetDesk::showFindingsOf(const std::vector<quint32> &sheets)
 {
     const bool isOne = m_plan && sheets.size() == 1;
     m_form.findings().selectRows(
-        isOne ? FindingsOf(sheets.front(), m_plan->Drawing(), m_form.findings().model())
+        isOne ? dxftools::findingsOf(sheets.front(), m_plan->Drawing(), m_form.findings().model())
               : std::vector<int>());
 }
 
-void SheetDesk::showFinding(const Diagnostic &finding)
+void SheetDesk::showFinding(const PlanFinding &finding)
 {
     if (!m_plan)
         return;
-    const auto sheet = SheetOf(finding, m_plan->Drawing(), m_plan->Sheets());
+    const auto sheet = dxftools::sheetOf(finding, m_plan->Drawing(), m_plan->Sheets());
     if (!sheet)
         return;
     m_form.sheets().select({*sheet});

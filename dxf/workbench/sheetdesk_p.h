@@ -46,12 +46,12 @@ private:
     void select(const std::vector<quint32> &sheets);
     void followList();
     void showFindingsOf(const std::vector<quint32> &sheets);
-    void showFinding(const Diagnostic &finding);
+    void showFinding(const PlanFinding &finding);
     [[nodiscard]] QString whyEmpty() const;
 
     DxfToolsForm &m_form;
     std::shared_ptr<PlanSession> m_plan; ///< shared with a review that is under way
-    std::vector<Diagnostic> m_changes;   ///< of the last export, as findings
+    std::vector<PlanFinding> m_changes;  ///< of the last export, as findings
     QTimer m_reviewDue;
     bool m_isReviewing = false;
     bool m_isReviewStale = false; ///< plan, labels or filter changed since it began

@@ -71,7 +71,7 @@ std::optional<PlanChanges> changesIn(const QString &target, const PlanSession &p
     const Gk2Reading older = ReadGk2File(target);
     if (!older || older.records.empty())
         return std::nullopt;
-    return ChangesAgainst(older.records, plan.Drawing(), plan.Sheets());
+    return dxftools::changesAgainst(older.records, plan.Drawing(), plan.Sheets());
 }
 
 void tellResult(MessageLine &line, const QString &target, const Gk2Export &result)
@@ -97,7 +97,7 @@ void report(QWidget *parent, qint64 written)
 
 } // namespace
 
-void ExportSheets(DxfToolsForm &form, SheetDesk &desk)
+void dxftools::exportSheets(DxfToolsForm &form, SheetDesk &desk)
 {
     if (!desk.plan())
         return;
@@ -122,7 +122,7 @@ void ExportSheets(DxfToolsForm &form, SheetDesk &desk)
         report(window, result.written);
 }
 
-void SavePicture(DxfToolsForm &form, const SheetDesk &desk)
+void dxftools::savePicture(DxfToolsForm &form, const SheetDesk &desk)
 {
     if (!desk.plan())
         return;

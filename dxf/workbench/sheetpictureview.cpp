@@ -201,8 +201,8 @@ void SheetPictureView::layOut()
 
 double SheetPictureView::layOutLegend()
 {
-    return LayOutLegend(m_legend, QFontMetricsF(font()), width(),
-                        m_picture.pixelsPerUnit * m_viewport.Scale(), layoutDirection());
+    return dxftools::layOutLegend(m_legend, QFontMetricsF(font()), width(),
+                                  m_picture.pixelsPerUnit * m_viewport.Scale(), layoutDirection());
 }
 
 void SheetPictureView::repaintAll()
@@ -225,8 +225,8 @@ std::optional<std::size_t> SheetPictureView::placeAt(QPointF pos) const
     const QRectF near(point - QPointF(tolerance, tolerance), 2 * QSizeF(tolerance, tolerance));
     for (std::size_t i = m_picture.places.size(); i-- > 0;) { // the one painted last
         const SheetPlace &place = m_picture.places[i];
-        if (Touch(place.bounds, near) &&
-            IsAt(FigureOf(m_picture, place, *m_drawing), point, tolerance))
+        if (dxftools::touch(place.bounds, near) &&
+            dxftools::isAt(FigureOf(m_picture, place, *m_drawing), point, tolerance))
             return i;
     }
     return std::nullopt;
@@ -237,9 +237,9 @@ std::vector<std::size_t> SheetPictureView::placesIn(const QRectF &area) const
     std::vector<std::size_t> places;
     for (std::size_t i = 0; m_drawing && i < m_picture.places.size(); ++i) {
         const SheetPlace &place = m_picture.places[i];
-        const bool touches =
-            Touch(place.bounds, area) &&
-            (area.contains(place.bounds) || Touches(FigureOf(m_picture, place, *m_drawing), area));
+        const bool touches = dxftools::touch(place.bounds, area) &&
+                             (area.contains(place.bounds) ||
+                              dxftools::touches(FigureOf(m_picture, place, *m_drawing), area));
         if (touches)
             places.push_back(i);
     }
@@ -260,9 +260,9 @@ SheetScene SheetPictureView::sceneWith(const SheetLook &look) const
 
 bool SheetPictureView::isOnNumber(std::size_t place, QPointF pos) const
 {
-    const SheetLook look = ScreenLook(palette(), font());
-    const SheetFigure figure = FigureIn(sceneWith(look), m_picture.places[place]);
-    return MarkBoxOf(figure) && IsOnNumber(figure, pos);
+    const SheetLook look = dxftools::screenLook(palette(), font());
+    const SheetFigure figure = dxftools::figureIn(sceneWith(look), m_picture.places[place]);
+    return dxftools::markBoxOf(figure) && dxftools::isOnNumber(figure, pos);
 }
 
 const SheetPlace *SheetPictureView::placeOf(quint32 sheet) const
@@ -501,10 +501,10 @@ void SheetPictureView::paintEvent(QPaintEvent *)
 
 void SheetPictureView::paintPicture(QPainter &painter)
 {
-    const SheetLook look = ScreenLook(palette(), font());
+    const SheetLook look = dxftools::screenLook(palette(), font());
     painter.setClipRect(canvas());
     if (m_drawing)
-        PaintScene(painter, sceneWith(look));
+        dxftools::paintScene(painter, sceneWith(look));
     else
         painter.fillRect(canvas(), look.page);
     painter.setClipping(false);
@@ -516,7 +516,7 @@ void SheetPictureView::paintPicture(QPainter &painter)
     painter.translate(strip.topLeft());
     painter.setFont(font());
     layOutLegend(); // the scale bar follows the zoom
-    PaintLegend(painter, m_legend, look, layoutDirection());
+    dxftools::paintLegend(painter, m_legend, look, layoutDirection());
 }
 
 void SheetPictureView::paintMessage(QPainter &painter) const

@@ -19,7 +19,7 @@ constexpr qsizetype kWhole = 10'000; ///< and where all of it is wanted
 
 bool hasNumber(const DxfDrawing &drawing, const DxfInsert &insert)
 {
-    return SheetNumberAttribute(drawing, insert).has_value();
+    return dxftools::sheetNumberAttribute(drawing, insert).has_value();
 }
 
 std::vector<bool> findNumbered(const DxfDrawing *drawing)
@@ -34,11 +34,11 @@ std::vector<quint32> allSheetsBy(int column, const DxfDrawing &drawing)
 {
     switch (column) {
     case SheetTableModel::ValueColumn:
-        return SheetsByValue(drawing);
+        return dxftools::sheetsByValue(drawing);
     case SheetTableModel::BlockColumn:
-        return SheetsByBlock(drawing);
+        return dxftools::sheetsByBlock(drawing);
     default:
-        return SheetsByCorners(drawing);
+        return dxftools::sheetsByCorners(drawing);
     }
 }
 
@@ -204,7 +204,7 @@ QString SheetTableModel::textOf(const DxfInsert &insert, int column, qsizetype m
         const QString text = m_drawing->DisplayText(bytes);
         return text.size() <= most ? text : text.left(most - 1) + QChar(0x2026);
     };
-    const auto number = SheetNumberAttribute(*m_drawing, insert);
+    const auto number = dxftools::sheetNumberAttribute(*m_drawing, insert);
     switch (column) {
     case NumberColumn: {
         const qint64 sorted = number ? SheetNumber(*number) : -1;
@@ -215,14 +215,15 @@ QString SheetTableModel::textOf(const DxfInsert &insert, int column, qsizetype m
     case BlockColumn:
         return shown(m_drawing->ShownBlockName(insert));
     default:
-        return CornersText(CornersOf(*m_drawing, *m_drawing->BlockOf(insert)));
+        return dxftools::cornersText(CornersOf(*m_drawing, *m_drawing->BlockOf(insert)));
     }
 }
 
 QString SheetTableModel::toolTipOf(const DxfInsert &insert, int column) const
 {
     if (column == CornersColumn)
-        return CornerLines(CornersOf(*m_drawing, *m_drawing->BlockOf(insert))).join(u'\n');
+        return dxftools::cornerLines(CornersOf(*m_drawing, *m_drawing->BlockOf(insert)))
+            .join(u'\n');
     const bool isOfNumber = column == NumberColumn || column == ValueColumn;
     return isOfNumber && !hasNumber(*m_drawing, insert)
                ? tr("Not exported: the block insert has no sheet number")

@@ -35,13 +35,6 @@
     </message>
 </context>
 <context>
-    <name>DiagnosticModel</name>
-    <message>
-        <source>Line %1: %2</source>
-        <translation>Zeile %1: %2</translation>
-    </message>
-</context>
-<context>
     <name>DxfReader</name>
     <message>
         <source>The file ends in the middle of a pair of lines</source>
@@ -379,7 +372,7 @@
     </message>
     <message>
         <source>Appl&amp;y insert position</source>
-        <translation>Einfüge&amp;position anwenden</translation>
+        <translation>Lage der Einfügung an&amp;wenden</translation>
     </message>
     <message numerus="yes">
         <source>%n sheets have the same corners as others, because they share blocks; &quot;Apply insert position&quot; (--placed) puts each where its insert stands</source>
@@ -658,7 +651,7 @@
     </message>
     <message>
         <source>Mar&amp;k Selected</source>
-        <translation>Auswahl ma&amp;rkieren</translation>
+        <translation>Ausw&amp;ahl markieren</translation>
     </message>
     <message>
         <source>Marks the sheets that are selected; all others stay as they are. The space bar marks them or takes their marks away.</source>
@@ -867,6 +860,13 @@
     <message>
         <source>Screen</source>
         <translation>Bildschirm</translation>
+    </message>
+</context>
+<context>
+    <name>FindingModel</name>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Saves a picture of the workbench dialog in a state that is worth looking at.
-#include "dxf/workbench/readingprogress_p.h"
+#include "dxf/workbench/readingbar_p.h"
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QGroupBox>
@@ -55,7 +55,7 @@ QPixmap onScreen(QWidget &dialog)
 QPixmap grabWhileReading(DxfToolsDialog &dialog, const QString &plan)
 {
     QPixmap picture;
-    dialog.findChild<ReadingProgress *>()->setPace({.shownAfter = 0, .eventsEvery = 0});
+    dialog.findChild<ReadingBar *>()->setPace({.shownAfter = 0, .eventsEvery = 0});
     const auto *bar = dialog.findChild<QProgressBar *>();
     QTimer poll;
     bool hasWaited = false;

@@ -3,7 +3,7 @@
 #include "dxf/workbench/dxfdialogtexts_p.h"
 #include "dxf/workbench/messageline_p.h"
 #include "dxf/workbench/panelparts_p.h"
-#include "dxf/workbench/readingprogress_p.h"
+#include "dxf/workbench/readingbar_p.h"
 #include "dxf/workbench/sheetpictureview_p.h"
 #include "dxf/workbench/sheettablemodel_p.h"
 #include "tests/support/PlanPairs.h"
@@ -105,9 +105,9 @@ struct Bench
     /// Does this as soon as the progress is shown.
     void whileReading(const std::function<void()> &action) const
     {
-        auto *progress = dialog->findChild<ReadingProgress *>();
+        auto *progress = dialog->findChild<ReadingBar *>();
         progress->setPace({.shownAfter = 0, .eventsEvery = 0});
-        QObject::connect(progress, &ReadingProgress::becameLong, qApp,
+        QObject::connect(progress, &ReadingBar::becameLong, qApp,
                          [action] { QTimer::singleShot(0, qApp, action); });
     }
 
@@ -252,7 +252,7 @@ void TestDxfToolsDialog::keepsThePlaceOfTheKeyboard()
     const Bench bench;
     bench.put("large.dxf", kLargePlan);
     bench.dialog->activateWindow();
-    auto *progress = bench.dialog->findChild<ReadingProgress *>();
+    auto *progress = bench.dialog->findChild<ReadingBar *>();
     progress->setPace({.shownAfter = 0, .eventsEvery = 0});
     bench.read("large.dxf"); // gives the focus back to the first button
     progress->setPace({});
