@@ -89,7 +89,12 @@ void openPicture(benchmark::State &state)
         view.repaint();
     }
 }
-BENCHMARK(openPicture)->Arg(1'000)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(openPicture)
+    ->Arg(1'000)
+    ->Arg(10'000)
+    ->Arg(100'000)
+    ->Arg(1'000'000)
+    ->Unit(benchmark::kMillisecond);
 
 /// Another sheet is chosen, with so many sheets and zoomed in by so many steps.
 void choose(benchmark::State &state)

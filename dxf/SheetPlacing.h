@@ -54,4 +54,4 @@ struct [[nodiscard]] PlacingResult
 /// shows what the block holds. Inserts whose plane is tilted, or whose numbers are none, are left
 /// where they are, and DxfDrawing::Placement() still tells why.
 KELO_BASE_EXPORT PlacingResult PlaceInserts(const DxfDrawing &drawing,
-                                            const SheetProgress &progress = {});
+                                            const PlanProgress &progress = {});

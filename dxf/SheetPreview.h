@@ -29,15 +29,19 @@ enum class SheetState : quint8 {
     FilteredOut ///< not among the sheets chosen
 };
 
+/// How a sheet differs from an older file.
+enum class SheetNews : quint8 { None, New, Moved, Renamed };
+
 /// Where a sheet lies in a picture, or all sheets of one block that lie on one place. Small, for
 /// there may be a million; what is seen of it is FigureOf().
 struct SheetPlace
 {
-    QRectF bounds; ///< pixels of the page, y growing downwards
+    QRectF bounds;          ///< pixels of the page, y growing downwards
     quint32 firstSheet = 0; ///< index into SheetPicture::sheets
     quint32 sheetCount = 0; ///< at least 1
     SheetKind kind = SheetKind::Labelled;
     SheetState state = SheetState::Exported;
+    SheetNews news = SheetNews::None;
 };
 
 /// What is to be seen at a place, in pixels of the page, y growing downwards.
@@ -45,6 +49,7 @@ struct SheetFigure
 {
     SheetKind kind = SheetKind::Labelled;
     SheetState state = SheetState::Exported;
+    SheetNews news = SheetNews::None;
     std::vector<QPolygonF> outlines;
     QRectF bounds;                  ///< of the outlines
     std::array<QPointF, 4> corners; ///< clockwise from top left; all equal when not labelled
@@ -64,6 +69,9 @@ struct LegendEntry
         Unnumbered,
         Unmarked,
         FilteredOut,
+        New,
+        Moved,
+        Renamed,
         Corner,
         ScaleBar
     };
@@ -82,9 +90,10 @@ struct SheetPicture
     QString title;
     QSizeF size;
     bool isMap = false;
-    bool isMoved = false; ///< inserts move some of the sheets, which is not shown
+    bool isMoved = false;     ///< inserts move some of the sheets, which is not shown
     double pixelsPerUnit = 0; ///< the scale; units are the drawing's
     double legendTextHeight = 0;
+    qint64 gone = 0; ///< sheets of an older file that are no more
     std::vector<SheetPlace> places;
     std::vector<quint32> sheets; ///< indices into DxfDrawing::Inserts(), ordered by places
     std::vector<LegendEntry> legend;
@@ -108,6 +117,16 @@ struct SheetPicture
 KELO_BASE_EXPORT void ShowSheetStates(SheetPicture &picture, const DxfDrawing &drawing,
                                       std::span<const quint32> chosen);
 
+/// A sheet that differs from an older file.
+struct ChangedSheet
+{
+    quint32 sheet = 0;
+    SheetNews news = SheetNews::None;
+};
+/// Shows what changed, and counts it in the legend; to be called before ShowSheetStates().
+KELO_BASE_EXPORT void ShowSheetNews(SheetPicture &picture, std::span<const ChangedSheet> changed,
+                                    qint64 gone);
+
 /// @param drawing  the one that was laid out, with the same labels
 [[nodiscard]] KELO_BASE_EXPORT SheetFigure FigureOf(const SheetPicture &picture,
                                                     const SheetPlace &place,
@@ -116,9 +135,9 @@ KELO_BASE_EXPORT void ShowSheetStates(SheetPicture &picture, const DxfDrawing &d
 KELO_BASE_EXPORT void PaintSheets(QPainter &painter, const SheetPicture &picture,
                                   const DxfDrawing &drawing);
 
-enum class PictureFormat { Svg, Png };
+enum class SheetPictureFormat { Svg, Png };
 
 /// Of very many sheets an SVG leaves details out, so that it stays below 5 MB. Wants an application
 /// object with fonts (QGuiApplication). False when the device failed.
 KELO_BASE_EXPORT bool WriteSheetPicture(QIODevice &device, const SheetPicture &picture,
-                                        const DxfDrawing &drawing, PictureFormat format);
+                                        const DxfDrawing &drawing, SheetPictureFormat format);

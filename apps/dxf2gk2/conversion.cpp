@@ -52,8 +52,8 @@ std::optional<Failure> open(Conversion &conversion, const Options &options, Prog
         .order = options.order,
         .appliesPlacement = options.placed,
         .reading = {.encoding = options.encoding, .numberTag = options.numberTag}};
-    const PlanProgress progress{.reading = showing(bar, Text::tr("reading")),
-                                .analyzing = showing(bar, Text::tr("analysing"))};
+    const PlanStages progress{.reading = showing(bar, Text::tr("reading")),
+                              .analyzing = showing(bar, Text::tr("analysing"))};
     PlanOpening opening;
     if (conversion.plan == kStandardStream) {
         QFile input;

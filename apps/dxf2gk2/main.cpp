@@ -85,7 +85,7 @@ void comment(const Conversion &conversion, const Options &options)
 {
     if (!conversion.session)
         return;
-    for (const Diagnostic &diagnostic : conversion.session->Findings())
+    for (const PlanFinding &diagnostic : conversion.session->Findings())
         tell(warningLine(conversion.plan, diagnostic));
     if (conversion.comparison)
         tell(comparisonLine(conversion, options));

@@ -214,9 +214,10 @@ QJsonArray diagnosticsJson(const Conversion &conversion)
     QJsonArray array;
     if (!conversion.session)
         return array;
-    for (const Diagnostic &d : conversion.session->Findings())
+    for (const PlanFinding &d : conversion.session->Findings())
         array.append(
-            QJsonObject{{u"severity"_s, d.severity == Severity::Warning ? u"warning"_s : u"note"_s},
+            QJsonObject{{u"severity"_s,
+                         d.severity == PlanFinding::Severity::Warning ? u"warning"_s : u"note"_s},
                         {u"line"_s, d.line},
                         {u"subject"_s, d.subject},
                         {u"text"_s, d.text}});
@@ -245,9 +246,10 @@ QString faultLine(const QString &plan, qint64 line, const QString &what)
     return printable(text + what);
 }
 
-QString warningLine(const QString &plan, const Diagnostic &diagnostic)
+QString warningLine(const QString &plan, const PlanFinding &diagnostic)
 {
-    const auto kind = diagnostic.severity == Severity::Warning ? "warning: "_L1 : "note: "_L1;
+    const auto kind =
+        diagnostic.severity == PlanFinding::Severity::Warning ? "warning: "_L1 : "note: "_L1;
     return faultLine(plan, diagnostic.line, kind + diagnostic.text);
 }
 

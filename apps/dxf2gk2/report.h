@@ -11,7 +11,7 @@ class StandardOutput;
 /// texts hold. What stands before the text is the same in every language, "warning:" too: scripts
 /// look for it.
 QString faultLine(const QString &plan, qint64 line, const QString &what);
-QString warningLine(const QString &plan, const Diagnostic &diagnostic);
+QString warningLine(const QString &plan, const PlanFinding &diagnostic);
 /// "PLAN: 12 sheets written to FILE, 1 skipped, 2 warnings"
 QString summaryLine(const Conversion &conversion);
 /// "PLAN compared with OLD: 1 new, 2 moved"

@@ -61,11 +61,11 @@ DxfReadResult failed(const QString &name, const Fault &fault, bool isBinary)
     DxfReadResult result;
     const bool hasOffset = isBinary && fault.position > 0;
     result.error =
-        ReadError{.file = name,
-                  .line = isBinary ? 0 : fault.position,
-                  .message = hasOffset ? ReaderText::tr("at byte %1: %2")
-                                             .arg(QString::number(fault.position), fault.message)
-                                       : fault.message};
+        DxfReadError{.file = name,
+                     .line = isBinary ? 0 : fault.position,
+                     .message = hasOffset ? ReaderText::tr("at byte %1: %2")
+                                                .arg(QString::number(fault.position), fault.message)
+                                          : fault.message};
     return result;
 }
 
@@ -94,7 +94,7 @@ DxfReadResult readFrom(ByteSource &source, QIODevice &device, const QString &nam
     DxfReadResult result{
         .drawing = adapter.takeDrawing(), .diagnostics = adapter.takeDiagnostics(), .error = {}};
     result.drawing.SetBinary(isBinary);
-    for (Diagnostic &diagnostic : result.diagnostics) {
+    for (PlanFinding &diagnostic : result.diagnostics) {
         diagnostic.file = name;
         if (isBinary)
             diagnostic.line = 0;
@@ -104,7 +104,7 @@ DxfReadResult readFrom(ByteSource &source, QIODevice &device, const QString &nam
 
 } // namespace
 
-DxfReadResult ReadDxf(QIODevice &device, const QString &name, const ReadProgress &progress,
+DxfReadResult ReadDxf(QIODevice &device, const QString &name, const PlanProgress &progress,
                       const DxfReadOptions &options)
 {
     if (!DxfDrawing().SetEncoding(options.encoding))
@@ -121,7 +121,7 @@ DxfReadResult ReadDxf(QIODevice &device, const QString &name, const ReadProgress
     return result;
 }
 
-DxfReadResult ReadDxfFile(const QString &path, const ReadProgress &progress,
+DxfReadResult ReadDxfFile(const QString &path, const PlanProgress &progress,
                           const DxfReadOptions &options)
 {
     const QString name = ReadableFileName(path);

@@ -131,7 +131,7 @@ void DxfDrawingBuilder::EndInsert()
         return;
     // Of inserts inside blocks only those are kept that someone may have meant as sheets.
     const DxfInsert nested = m_drawing.m_nestedInserts.back();
-    if (!m_dropsBlock && SheetNumberAttribute(m_drawing, nested))
+    if (!m_dropsBlock && dxftools::sheetNumberAttribute(m_drawing, nested))
         return;
     m_drawing.m_nestedInserts.pop_back();
     m_drawing.m_attributes.resize(nested.firstAttribute);

@@ -55,7 +55,7 @@ void DxfConvertCreationAdapter::addBlock(const DL_BlockData &block)
     const bool hasBasePoint = std::isfinite(block.bpx) && std::isfinite(block.bpy);
     const DxfVertex basePoint = hasBasePoint ? DxfVertex{block.bpx, block.bpy} : DxfVertex();
     if (!m_builder.BeginBlock(block.name, storedPosition(), basePoint))
-        report(Severity::Warning, block.name,
+        report(PlanFinding::Severity::Warning, block.name,
                ReaderText::tr("Block '%1' is defined twice; the first definition holds")
                    .arg(m_builder.Drawing().DisplayText(block.name)));
 }
@@ -96,7 +96,7 @@ void DxfConvertCreationAdapter::addAttribute(const DL_AttributeData &attribute)
 {
     const bool isTaken = m_builder.AddAttribute(attribute.tag, attribute.text);
     if (!isTaken && isSheetNumberTag(m_builder.Drawing(), attribute.tag))
-        report(Severity::Warning, attribute.text,
+        report(PlanFinding::Severity::Warning, attribute.text,
                ReaderText::tr("The sheet number '%1' belongs to no insert")
                    .arg(m_builder.Drawing().DisplayText(attribute.text)));
 }
@@ -110,7 +110,7 @@ void DxfConvertCreationAdapter::setVariableString(const std::string &key, const 
         m_builder.SetCodePage(value);
 }
 
-void DxfConvertCreationAdapter::report(Severity severity, std::string_view subject,
+void DxfConvertCreationAdapter::report(PlanFinding::Severity severity, std::string_view subject,
                                        const QString &text)
 {
     m_diagnostics.push_back({.severity = severity,

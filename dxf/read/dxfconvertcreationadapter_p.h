@@ -5,7 +5,7 @@
 #include "dxf/read/drawingbuilder_p.h"
 #include <QString>
 #include <dl_creationadapter.h>
-#include <kelo_base/dxf/Diagnostic.h>
+#include <kelo_base/dxf/PlanFinding.h>
 #include <vector>
 
 class DxfConvertCreationAdapter final : public DL_CreationAdapter
@@ -25,9 +25,9 @@ public:
 
     [[nodiscard]] DxfDrawing takeDrawing() { return m_builder.Take(); }
     /// What did not hinder reading; without file names.
-    [[nodiscard]] std::vector<Diagnostic> takeDiagnostics() { return std::move(m_diagnostics); }
+    [[nodiscard]] std::vector<PlanFinding> takeDiagnostics() { return std::move(m_diagnostics); }
     /// Adds to the diagnostics, at the position set last.
-    void note(const QString &text) { report(Severity::Note, {}, text); }
+    void note(const QString &text) { report(PlanFinding::Severity::Note, {}, text); }
 
     void addBlock(const DL_BlockData &block) override;
     void endBlock() override { m_builder.EndBlock(); }
@@ -42,10 +42,10 @@ public:
 
 private:
     [[nodiscard]] DxfPlacement::Plane plane() const;
-    void report(Severity severity, std::string_view subject, const QString &text);
+    void report(PlanFinding::Severity severity, std::string_view subject, const QString &text);
     [[nodiscard]] quint32 storedPosition() const;
 
     DxfDrawingBuilder m_builder;
-    std::vector<Diagnostic> m_diagnostics;
+    std::vector<PlanFinding> m_diagnostics;
     qint64 m_position = 0;
 };

@@ -17,9 +17,11 @@ inline constexpr std::string_view kOldSheetNumberTag{"Bl_Nr"};
     return tag == kSheetNumberTag || tag == kOldSheetNumberTag;
 }
 
+namespace dxftools {
+
 /// The value under "BL_NR", else the one under "Bl_Nr"; no other tag is tried unless the drawing
 /// has one of its own, which then is the only one.
-inline std::optional<std::string_view> SheetNumberAttribute(const DxfDrawing &drawing,
+inline std::optional<std::string_view> sheetNumberAttribute(const DxfDrawing &drawing,
                                                             const DxfInsert &insert)
 {
     if (const std::string_view other = drawing.NumberTag(); !other.empty())
@@ -27,3 +29,5 @@ inline std::optional<std::string_view> SheetNumberAttribute(const DxfDrawing &dr
     const auto value = drawing.FindAttribute(insert, kSheetNumberTag);
     return value ? value : drawing.FindAttribute(insert, kOldSheetNumberTag);
 }
+
+} // namespace dxftools

@@ -114,7 +114,7 @@ std::vector<Gk2Record> Gk2RecordsOf(const DxfDrawing &drawing, std::span<const q
         std::ranges::move(ReadGk2(text.data()).records, std::back_inserter(records));
         if (written)
             std::ranges::copy_if(part, std::back_inserter(*written), [&](const quint32 &sheet) {
-                return HasGk2Records(drawing, {&sheet, 1});
+                return dxftools::hasGk2Records(drawing, {&sheet, 1});
             });
     }
     return records;

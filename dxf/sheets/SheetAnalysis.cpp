@@ -6,7 +6,7 @@
 #include "dxf/sheets/dxftooltexts_p.h"
 #include "dxf/sheets/filterplan_p.h"
 #include "dxf/sheets/insertfilter_p.h"
-#include "dxf/sheets/progresssteps_p.h"
+#include "dxf/sheets/stepcounter_p.h"
 #include <algorithm>
 #include <kelo_base/dxf/SheetPlacing.h>
 #include <unordered_map>
@@ -42,7 +42,7 @@ public:
 private:
     void append(qint64 line, const QString &subject, const QString &text)
     {
-        m_analysis.diagnostics.push_back({.severity = Severity::Warning,
+        m_analysis.diagnostics.push_back({.severity = PlanFinding::Severity::Warning,
                                           .file = m_file,
                                           .line = line,
                                           .offset = 0,
@@ -65,11 +65,11 @@ public:
     {
     }
 
-    bool Frames(ProgressSteps &steps);
-    bool MissingNumbers(ProgressSteps &steps);
-    bool RepeatedNumbers(ProgressSteps &steps);
-    bool MissingPolylines(const SheetFilter &filter, ProgressSteps &steps);
-    bool Positions(ProgressSteps &steps);
+    bool Frames(StepCounter &steps);
+    bool MissingNumbers(StepCounter &steps);
+    bool RepeatedNumbers(StepCounter &steps);
+    bool MissingPolylines(const SheetFilter &filter, StepCounter &steps);
+    bool Positions(StepCounter &steps);
     void NestedSheets();
     void NoSheets(const SheetFilter &filter);
 
@@ -81,10 +81,10 @@ private:
     [[nodiscard]] QString shown(std::string_view text) const { return m_drawing.DisplayText(text); }
 
     [[nodiscard]] QString searchText(const DxfInsert &insert) const;
-    bool unplaced(ProgressSteps &steps);
+    bool unplaced(StepCounter &steps);
     void note(const QString &text)
     {
-        m_analysis.diagnostics.push_back({.severity = Severity::Note,
+        m_analysis.diagnostics.push_back({.severity = PlanFinding::Severity::Note,
                                           .file = m_file,
                                           .line = 0,
                                           .offset = 0,
@@ -97,7 +97,7 @@ private:
     SheetAnalysis &m_analysis;
 };
 
-bool Review::Frames(ProgressSteps &steps)
+bool Review::Frames(StepCounter &steps)
 {
     WarningKind warnings(m_analysis, m_file);
     std::vector<bool> isKnown(m_drawing.Blocks().size());
@@ -113,13 +113,13 @@ bool Review::Frames(ProgressSteps &steps)
             });
         }
         isKnown[index] = true;
-        if (!steps.Step())
+        if (!steps.step())
             return false;
     }
     return true;
 }
 
-bool Review::MissingNumbers(ProgressSteps &steps)
+bool Review::MissingNumbers(StepCounter &steps)
 {
     struct Use
     {
@@ -130,14 +130,14 @@ bool Review::MissingNumbers(ProgressSteps &steps)
     std::unordered_map<quint32, Use> uses;
     for (const quint32 sheet : m_analysis.sheets) {
         const DxfInsert &insert = insertOf(sheet);
-        if (!SheetNumberAttribute(m_drawing, insert)) {
+        if (!dxftools::sheetNumberAttribute(m_drawing, insert)) {
             ++m_analysis.skipped;
             const auto [use, isNew] = uses.try_emplace(insert.blockName, Use{&insert, 0});
             ++use->second.inserts;
             if (isNew)
                 blocks.push_back(insert.blockName);
         }
-        if (!steps.Step())
+        if (!steps.step())
             return false;
     }
     WarningKind warnings(m_analysis, m_file);
@@ -166,16 +166,16 @@ QString Review::searchText(const DxfInsert &insert) const
     return DxfToolTexts::LookedForNumber(shown(m_drawing.NumberTag()), tags);
 }
 
-bool Review::RepeatedNumbers(ProgressSteps &steps)
+bool Review::RepeatedNumbers(StepCounter &steps)
 {
     WarningKind warnings(m_analysis, m_file);
     std::unordered_map<std::string_view, int> uses; // of sheets that sort alike: "A1" and "B1" do
     qint64 sorted = -2;
     for (const quint32 sheet : m_analysis.sheets) {
-        if (!steps.Step())
+        if (!steps.step())
             return false;
         const DxfInsert &insert = insertOf(sheet);
-        const auto text = SheetNumberAttribute(m_drawing, insert);
+        const auto text = dxftools::sheetNumberAttribute(m_drawing, insert);
         if (!text)
             continue;
         const qint64 number = SheetNumber(*text);
@@ -189,16 +189,16 @@ bool Review::RepeatedNumbers(ProgressSteps &steps)
     return true;
 }
 
-bool Review::MissingPolylines(const SheetFilter &filter, ProgressSteps &steps)
+bool Review::MissingPolylines(const SheetFilter &filter, StepCounter &steps)
 {
     const InsertFilter wanted(filter, m_drawing);
     WarningKind warnings(m_analysis, m_file);
     for (const DxfInsert &insert : m_drawing.Inserts()) {
-        if (!steps.Step())
+        if (!steps.step())
             return false;
-        if (HasPolylines(m_drawing, insert) || !wanted.Passes(insert))
+        if (dxftools::hasPolylines(m_drawing, insert) || !wanted.Passes(insert))
             continue;
-        const auto number = SheetNumberAttribute(m_drawing, insert);
+        const auto number = dxftools::sheetNumberAttribute(m_drawing, insert);
         if (!number)
             continue;
         ++m_analysis.skipped;
@@ -212,7 +212,7 @@ bool Review::MissingPolylines(const SheetFilter &filter, ProgressSteps &steps)
 }
 
 /// Where sheets lie, and where the user may expect them.
-bool Review::Positions(ProgressSteps &steps)
+bool Review::Positions(StepCounter &steps)
 {
     if (m_drawing.IsPlaced())
         return unplaced(steps);
@@ -230,7 +230,7 @@ bool Review::Positions(ProgressSteps &steps)
             ++shared;
         else if (hasCorners && IsMoved(m_drawing, sheet))
             ++moved;
-        if (!steps.Step())
+        if (!steps.step())
             return false;
     }
     if (shared > 0)
@@ -241,19 +241,19 @@ bool Review::Positions(ProgressSteps &steps)
 }
 
 /// Sheets of a placed drawing that could not be placed.
-bool Review::unplaced(ProgressSteps &steps)
+bool Review::unplaced(StepCounter &steps)
 {
     WarningKind warnings(m_analysis, m_file);
     for (const quint32 sheet : m_analysis.sheets) {
         const DxfPlacement::Plane plane = m_drawing.Placement(sheet).plane;
         if (plane != DxfPlacement::Plane::Upwards) {
             const QString name =
-                shown(SheetNumberAttribute(m_drawing, insertOf(sheet)).value_or(""));
+                shown(dxftools::sheetNumberAttribute(m_drawing, insertOf(sheet)).value_or(""));
             warnings.Add(insertOf(sheet).line, name, [&] {
                 return DxfToolTexts::NotPlaced(name, plane == DxfPlacement::Plane::Tilted);
             });
         }
-        if (!steps.Step())
+        if (!steps.step())
             return false;
     }
     return true;
@@ -263,7 +263,7 @@ void Review::NestedSheets()
 {
     WarningKind warnings(m_analysis, m_file);
     for (const DxfInsert &insert : m_drawing.NestedSheetInserts()) {
-        const QString name = shown(*SheetNumberAttribute(m_drawing, insert));
+        const QString name = shown(*dxftools::sheetNumberAttribute(m_drawing, insert));
         warnings.Add(insert.line, name, [&] { return DxfToolTexts::NestedSheet(name); });
     }
 }
@@ -271,13 +271,15 @@ void Review::NestedSheets()
 void Review::NoSheets(const SheetFilter &filter)
 {
     if (m_analysis.sheets.empty())
-        WarningKind(m_analysis, m_file).Add(0, {}, [&] { return WhyNoSheets(m_drawing, filter); });
+        WarningKind(m_analysis, m_file).Add(0, {}, [&] {
+            return dxftools::whyNoSheets(m_drawing, filter);
+        });
 }
 
 /// A binary plan has no lines: what was taken for one is an offset, which goes into the text too.
-void tellOffsets(std::vector<Diagnostic> &diagnostics)
+void tellOffsets(std::vector<PlanFinding> &diagnostics)
 {
-    for (Diagnostic &diagnostic : diagnostics) {
+    for (PlanFinding &diagnostic : diagnostics) {
         diagnostic.offset = std::exchange(diagnostic.line, 0);
         if (diagnostic.offset > 0)
             diagnostic.text = DxfToolTexts::AtByte(diagnostic.text, diagnostic.offset);
@@ -285,7 +287,7 @@ void tellOffsets(std::vector<Diagnostic> &diagnostics)
 }
 
 /// The part of a work that begins after @p before of its items.
-SheetProgress partOf(const SheetProgress &progress, std::size_t before, std::size_t total)
+PlanProgress partOf(const PlanProgress &progress, std::size_t before, std::size_t total)
 {
     if (!progress)
         return {};
@@ -296,21 +298,21 @@ SheetProgress partOf(const SheetProgress &progress, std::size_t before, std::siz
 
 } // namespace
 
-bool LabelSheets(DxfDrawing &drawing, CornerOrder order, const SheetProgress &progress)
+bool LabelSheets(DxfDrawing &drawing, CornerOrder order, const PlanProgress &progress)
 {
     const std::size_t blocks = drawing.Blocks().size();
     GK::CRoutingTilesRevisor revisor(drawing, order);
-    ProgressSteps steps(progress, blocks);
+    StepCounter steps(progress, blocks);
     for (std::size_t block = 0; block < blocks; ++block) {
         revisor.ReviseBlock(block);
-        if (!steps.Step())
+        if (!steps.step())
             return false;
     }
     return true;
 }
 
 std::optional<SheetAnalysis> ReviewSheets(const DxfDrawing &drawing, const SheetFilter &filter,
-                                          const QString &file, const SheetProgress &progress)
+                                          const QString &file, const PlanProgress &progress)
 {
     const std::size_t inserts = drawing.Inserts().size();
     const std::size_t most = 6 * inserts; // when all inserts are sheets
@@ -320,8 +322,8 @@ std::optional<SheetAnalysis> ReviewSheets(const DxfDrawing &drawing, const Sheet
     SheetAnalysis analysis;
     analysis.sheets = *std::move(sheets);
     Review review(drawing, file, analysis);
-    const SheetProgress rest = partOf(progress, inserts, most);
-    ProgressSteps steps(rest, most - inserts);
+    const PlanProgress rest = partOf(progress, inserts, most);
+    StepCounter steps(rest, most - inserts);
     const bool isDone = review.Frames(steps) && review.MissingNumbers(steps) &&
                         review.RepeatedNumbers(steps) && review.MissingPolylines(filter, steps) &&
                         review.Positions(steps);
@@ -336,7 +338,7 @@ std::optional<SheetAnalysis> ReviewSheets(const DxfDrawing &drawing, const Sheet
 
 std::optional<SheetAnalysis> AnalyzeSheets(DxfDrawing &drawing, const SheetFilter &filter,
                                            CornerOrder order, const QString &file,
-                                           const SheetProgress &progress)
+                                           const PlanProgress &progress)
 {
     const std::size_t blocks = drawing.Blocks().size();
     const std::size_t total = blocks + 6 * drawing.Inserts().size();

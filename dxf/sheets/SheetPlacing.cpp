@@ -2,7 +2,7 @@
 // Puts sheets where their inserts stand, instead of where their blocks are drawn.
 #include <kelo_base/dxf/SheetPlacing.h>
 
-#include "dxf/sheets/progresssteps_p.h"
+#include "dxf/sheets/stepcounter_p.h"
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -210,15 +210,15 @@ bool IsMoved(const DxfDrawing &drawing, std::size_t insert)
            map.yy != 1 || !isFlat(placement);
 }
 
-PlacingResult PlaceInserts(const DxfDrawing &drawing, const SheetProgress &progress)
+PlacingResult PlaceInserts(const DxfDrawing &drawing, const PlanProgress &progress)
 {
     const std::size_t inserts = drawing.Inserts().size();
     PlacingResult result;
     InsertPlacer placer(drawing);
-    ProgressSteps steps(progress, inserts);
+    StepCounter steps(progress, inserts);
     for (std::size_t insert = 0; insert < inserts && result; ++insert) {
         result.tooLarge = !placer.place(insert);
-        result.cancelled = !steps.Step();
+        result.cancelled = !steps.step();
     }
     if (result)
         result.drawing = placer.take();

@@ -4,7 +4,7 @@
 
 #include "dxf/read/sheetnumber_p.h"
 #include "dxf/sheets/dxftooltexts_p.h"
-#include "dxf/sheets/sheetpicture_p.h"
+#include "dxf/sheets/figurelayout_p.h"
 #include <QLocale>
 #include <algorithm>
 #include <cmath>
@@ -12,6 +12,7 @@
 #include <kelo_base/dxf/SheetPlacing.h>
 #include <limits>
 #include <numbers>
+#include <unordered_map>
 #include <utility>
 
 namespace {
@@ -95,7 +96,7 @@ std::vector<SheetPlace> draftPlaces(const DxfDrawing &drawing, std::span<const q
         SheetPlace &place = places.emplace_back(ofBlock);
         place.firstSheet = i;
         place.sheetCount = 1;
-        if (!SheetNumberAttribute(drawing, insert))
+        if (!dxftools::sheetNumberAttribute(drawing, insert))
             place.kind = SheetKind::Unnumbered;
     }
     return places;
@@ -205,15 +206,15 @@ Placement placeInRows(const std::vector<SheetPlace> &places, double side)
     }
     Placement placement;
     placement.shifts.reserve(places.size());
-    placement.size = walkInRows(places, widest, gap,
-                                [&](QPointF shift) { placement.shifts.push_back(shift); });
+    placement.size =
+        walkInRows(places, widest, gap, [&](QPointF shift) { placement.shifts.push_back(shift); });
     return placement;
 }
 
 /// The drawing's part of the page: enough for each sheet, in the shape of what it has to hold.
 QSizeF pageFor(const Placement &placement, std::size_t figures)
 {
-    constexpr double kCell = 50; // pixels for a sheet among many
+    constexpr double kCell = 50;      // pixels for a sheet among many
     constexpr double kLargest = 3600; // with margins and legend below 4,000
     const double side = std::max(kCell * std::sqrt(static_cast<double>(figures)), 800.0);
     const double width = placement.size.width();
@@ -271,7 +272,7 @@ QString numberText(const SheetPicture &picture, const SheetPlace &place, const D
     constexpr QChar kMore(0x2026); // an ellipsis
     QString text;
     for (const quint32 sheet : picture.SheetsAt(place)) {
-        const auto number = SheetNumberAttribute(drawing, drawing.Inserts()[sheet]);
+        const auto number = dxftools::sheetNumberAttribute(drawing, drawing.Inserts()[sheet]);
         if (!number)
             continue;
         if (text.size() > 20)
@@ -333,6 +334,12 @@ struct StateCounts ///< in sheets
     qint64 filteredOut = 0;
 };
 
+/// How many places have some news.
+qint64 countNews(const SheetPicture &picture, SheetNews news)
+{
+    return std::ranges::count(picture.places, news, &SheetPlace::news);
+}
+
 /// The state of a place: the best one of its sheets.
 StateCounts showStates(SheetPicture &picture, const DxfDrawing &drawing,
                        const std::vector<bool> &isChosen)
@@ -342,8 +349,9 @@ StateCounts showStates(SheetPicture &picture, const DxfDrawing &drawing,
         place.state = SheetState::FilteredOut;
         for (const quint32 sheet : picture.SheetsAt(place)) {
             const DxfInsert &insert = drawing.Inserts()[sheet];
-            const bool isNumbered = place.kind != SheetKind::Unnumbered &&
-                                    (place.sheetCount == 1 || SheetNumberAttribute(drawing, insert));
+            const bool isNumbered =
+                place.kind != SheetKind::Unnumbered &&
+                (place.sheetCount == 1 || dxftools::sheetNumberAttribute(drawing, insert));
             SheetState state = SheetState::Exported;
             if (!isChosen[sheet])
                 ++counts.filteredOut, state = SheetState::FilteredOut;
@@ -381,7 +389,15 @@ void writeLegend(SheetPicture &picture, double margin, double top, const StateCo
         legend.Add(Mark::Unmarked, DxfToolTexts::UnmarkedInPreview(counts.unmarked));
     if (counts.filteredOut > 0)
         legend.Add(Mark::FilteredOut, DxfToolTexts::FilteredOutInPreview(counts.filteredOut));
-    const double length = RoundLength(picture.size.width() / 7 / picture.pixelsPerUnit);
+    if (const qint64 count = countNews(picture, SheetNews::New); count > 0)
+        legend.Add(Mark::New, DxfToolTexts::NewInPreview(count));
+    if (const qint64 count = countNews(picture, SheetNews::Moved); count > 0)
+        legend.Add(Mark::Moved, DxfToolTexts::MovedInPreview(count));
+    if (const qint64 count = countNews(picture, SheetNews::Renamed); count > 0)
+        legend.Add(Mark::Renamed, DxfToolTexts::RenamedInPreview(count));
+    if (picture.gone > 0)
+        legend.Add(Mark::None, DxfToolTexts::GoneInPreview(picture.gone));
+    const double length = dxftools::roundLength(picture.size.width() / 7 / picture.pixelsPerUnit);
     if (!picture.places.empty() && std::isnormal(length))
         legend.Add({.mark = Mark::ScaleBar,
                     .position = {},
@@ -405,13 +421,13 @@ double legendTop(const SheetPicture &picture)
 
 } // namespace
 
-double LeastTextHeight(const SheetPicture &picture)
+double dxftools::leastTextHeight(const SheetPicture &picture)
 {
     constexpr std::size_t kMany = 2'000;
     return picture.places.size() > kMany ? 7 : 4; // a few may be zoomed into, but no crowd is
 }
 
-void MoveFigure(SheetFigure &figure, QPointF shift, double scale, QPointF origin)
+void dxftools::moveFigure(SheetFigure &figure, QPointF shift, double scale, QPointF origin)
 {
     const auto moved = [=](QPointF p) { return origin + (p + shift) * scale; };
     for (QPolygonF &points : figure.outlines)
@@ -422,7 +438,7 @@ void MoveFigure(SheetFigure &figure, QPointF shift, double scale, QPointF origin
     figure.bounds = QRectF(moved(figure.bounds.topLeft()), moved(figure.bounds.bottomRight()));
 }
 
-void PlaceNumber(SheetFigure &figure, double least, double most, double beside)
+void dxftools::placeNumber(SheetFigure &figure, double least, double most, double beside)
 {
     double width = figure.bounds.width();
     double height = figure.bounds.height();
@@ -441,7 +457,7 @@ void PlaceNumber(SheetFigure &figure, double least, double most, double beside)
     figure.centre = figure.bounds.center();
 }
 
-double RoundLength(double most)
+double dxftools::roundLength(double most)
 {
     const double power = std::pow(10.0, std::floor(std::log10(most)));
     return most >= 5 * power ? 5 * power : most >= 2 * power ? 2 * power : power;
@@ -489,8 +505,8 @@ SheetPicture LayOutSheets(const DxfDrawing &drawing, std::span<const quint32> sh
         bounds = {origin + (bounds.topLeft() + placement.shifts[i]) * picture.pixelsPerUnit,
                   bounds.size() * picture.pixelsPerUnit};
     }
-    picture.isMoved = std::ranges::any_of(
-        picture.sheets, [&](quint32 sheet) { return IsMoved(drawing, sheet); });
+    picture.isMoved =
+        std::ranges::any_of(picture.sheets, [&](quint32 sheet) { return IsMoved(drawing, sheet); });
     ShowSheetStates(picture, drawing, sheets);
     return picture;
 }
@@ -505,12 +521,27 @@ void ShowSheetStates(SheetPicture &picture, const DxfDrawing &drawing,
     writeLegend(picture, marginOf(picture), legendTop(picture), counts);
 }
 
+void ShowSheetNews(SheetPicture &picture, std::span<const ChangedSheet> changed, qint64 gone)
+{
+    std::unordered_map<quint32, SheetNews> newsOf;
+    for (const ChangedSheet &change : changed)
+        newsOf.emplace(change.sheet, change.news);
+    picture.gone = gone;
+    for (SheetPlace &place : picture.places) {
+        place.news = SheetNews::None;
+        for (const quint32 sheet : picture.SheetsAt(place))
+            if (const auto news = newsOf.find(sheet); news != newsOf.end())
+                place.news = news->second;
+    }
+}
+
 SheetFigure FigureOf(const SheetPicture &picture, const SheetPlace &place,
                      const DxfDrawing &drawing)
 {
     SheetFigure figure;
     figure.kind = place.kind;
     figure.state = place.state;
+    figure.news = place.news;
     figure.bounds = place.bounds;
     const DxfInsert &insert = drawing.Inserts()[picture.sheets[place.firstSheet]];
     const DxfBlock &block = *drawing.BlockOf(insert);
@@ -532,6 +563,6 @@ SheetFigure FigureOf(const SheetPicture &picture, const SheetPlace &place,
         if (corners[i])
             figure.corners[i] = placed(*corners[i]);
     figure.number = numberText(picture, place, drawing);
-    PlaceNumber(figure, LeastTextHeight(picture), 140);
+    dxftools::placeNumber(figure, dxftools::leastTextHeight(picture), 140);
     return figure;
 }

@@ -130,6 +130,10 @@ public:
     {
         return tr("not included: %1").arg(sheets);
     }
+    static QString NewInPreview(qint64 sheets) { return tr("new: %1").arg(sheets); }
+    static QString MovedInPreview(qint64 sheets) { return tr("moved: %1").arg(sheets); }
+    static QString RenamedInPreview(qint64 sheets) { return tr("renamed: %1").arg(sheets); }
+    static QString GoneInPreview(qint64 sheets) { return tr("gone: %1").arg(sheets); }
     static QString NoNumberInPreview() { return tr("Without sheet number"); }
     static QString PictureName() { return tr("Picture of the sheets"); }
     static QString PictureHelp()
@@ -143,7 +147,10 @@ public:
                   "or Shift further ones, and on the number marks it. Dragging with Shift selects "
                   "all within a rectangle. A double click shows a sheet closely, or everything.");
     }
-    static QString UnmarkedSheet(const QString &number) { return tr("%1 - not marked").arg(number); }
+    static QString UnmarkedSheet(const QString &number)
+    {
+        return tr("%1 - not marked").arg(number);
+    }
     static QString FilteredOutSheet(const QString &number)
     {
         return tr("%1 - not included").arg(number);

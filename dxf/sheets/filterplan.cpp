@@ -64,7 +64,7 @@ public:
     [[nodiscard]] bool any(Condition condition) const
     {
         return std::ranges::any_of(m_drawing.Inserts(), [&](const DxfInsert &insert) {
-            return HasPolylines(m_drawing, insert) && condition(insert);
+            return dxftools::hasPolylines(m_drawing, insert) && condition(insert);
         });
     }
     [[nodiscard]] bool anyPasses(const SheetFilter &filter) const
@@ -123,7 +123,7 @@ QString Search::valueLike(const WantedText &tag, const QString &value) const
 
 } // namespace
 
-SheetFilter FilterOf(const FilterFields &fields)
+SheetFilter dxftools::filterOf(const FilterFields &fields)
 {
     SheetFilter filter;
     if (fields.includes)
@@ -133,7 +133,7 @@ SheetFilter FilterOf(const FilterFields &fields)
     return filter;
 }
 
-QString WhyNoSheets(const DxfDrawing &drawing, const SheetFilter &filter)
+QString dxftools::whyNoSheets(const DxfDrawing &drawing, const SheetFilter &filter)
 {
     if (drawing.Inserts().empty())
         return drawing.NestedSheetInserts().empty() ? ReasonTexts::noInserts()

@@ -30,15 +30,27 @@ bool WantedText::matches(std::string_view bytes) const
 {
     if ((m_encoded && bytes == viewOf(*m_encoded)) || (m_latin1 && bytes == viewOf(*m_latin1)))
         return true;
-    const bool hasEscape = bytes.find("\\U+") != std::string_view::npos ||
-                           bytes.find("\\M+") != std::string_view::npos;
+    const bool mayHaveEscape = bytes.find('\\') != std::string_view::npos;
+    const bool hasEscape = mayHaveEscape && (bytes.find("\\U+") != std::string_view::npos ||
+                                             bytes.find("\\M+") != std::string_view::npos);
     return hasEscape && m_drawing.DisplayText(bytes) == m_text;
+}
+
+bool WantedText::matchesTag(const DxfAttribute &attribute) const
+{
+    for (const KnownTag &known : m_knownTags)
+        if (known.tag == attribute.tag)
+            return known.matches;
+    const KnownTag found{attribute.tag, matches(m_drawing.Tag(attribute))};
+    if (m_knownTags.size() < kMostKnownTags)
+        m_knownTags.push_back(found);
+    return found.matches;
 }
 
 std::optional<std::string_view> WantedText::valueIn(const DxfInsert &insert) const
 {
     for (const DxfAttribute &attribute : m_drawing.Attributes(insert))
-        if (matches(m_drawing.Tag(attribute)))
+        if (matchesTag(attribute))
             return m_drawing.Value(attribute);
     return std::nullopt;
 }
@@ -63,7 +75,7 @@ bool InsertFilter::Passes(const DxfInsert &insert) const
     return !m_excludeTag || !m_excludeTag->valueIn(insert);
 }
 
-bool HasPolylines(const DxfDrawing &drawing, const DxfInsert &insert)
+bool dxftools::hasPolylines(const DxfDrawing &drawing, const DxfInsert &insert)
 {
     const DxfBlock *block = drawing.BlockOf(insert);
     return block && block->polylineCount > 0;

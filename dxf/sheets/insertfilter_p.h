@@ -6,6 +6,7 @@
 #include <kelo_base/dxf/SheetSelection.h>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 /// A text that a user looks for among the drawing's. It matches the bytes that stand for it in
 /// Latin-1 or in the drawing's own encoding, and what is shown as it because of an escape.
@@ -21,7 +22,17 @@ public:
     [[nodiscard]] std::optional<std::string_view> valueIn(const DxfInsert &insert) const;
 
 private:
+    /// Plans repeat few tags very often.
+    struct KnownTag
+    {
+        quint32 tag;
+        bool matches;
+    };
+    static constexpr std::size_t kMostKnownTags = 16;
+    [[nodiscard]] bool matchesTag(const DxfAttribute &attribute) const;
+
     const DxfDrawing &m_drawing;
+    mutable std::vector<KnownTag> m_knownTags;
     QString m_text;
     std::optional<QByteArray> m_latin1; ///< nothing in a drawing whose texts are UTF-8
     std::optional<QByteArray> m_encoded;
@@ -40,5 +51,9 @@ private:
     std::optional<WantedText> m_excludeTag;
 };
 
+namespace dxftools {
+
 /// Whether the insert's block exists and has something to frame a sheet with.
-bool HasPolylines(const DxfDrawing &drawing, const DxfInsert &insert);
+bool hasPolylines(const DxfDrawing &drawing, const DxfInsert &insert);
+
+} // namespace dxftools

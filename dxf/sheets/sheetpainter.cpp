@@ -2,7 +2,7 @@
 // Paints a picture of sheets and saves it.
 #include "dxf/sheets/sheetpainter_p.h"
 
-#include "dxf/sheets/sheetpicture_p.h"
+#include "dxf/sheets/figurelayout_p.h"
 #include <QBuffer>
 #include <QImage>
 #include <QPainter>
@@ -38,7 +38,7 @@ QPointF along(QPointF from, QPointF to, double length)
 void paintLegend(QPainter &painter, const SheetPicture &picture, const SheetLook &look)
 {
     for (const LegendEntry &entry : picture.legend) {
-        PaintLegendMark(painter, entry, picture.legendTextHeight, look);
+        dxftools::paintLegendMark(painter, entry, picture.legendTextHeight, look);
         const double gap =
             entry.mark == Mark::None ? 0 : entry.markWidth + picture.legendTextHeight / 2;
         painter.setFont(fontOf(look, picture.legendTextHeight, entry.isTitle));
@@ -91,6 +91,8 @@ public:
         const Ink &ink =
             m_inks[static_cast<std::size_t>(place.kind)][static_cast<std::size_t>(place.state)];
         const QRect spot = spotOf(place.bounds);
+        if (place.news != SheetNews::None)
+            return fill(spot, m_scene.look.Of(place.news).rgba());
         fill(spot, ink.rim);
         if (spot.width() > 2 && spot.height() > 2)
             fill(spot.adjusted(1, 1, -1, -1), ink.inside);
@@ -99,10 +101,7 @@ public:
     {
         fill(spotOf(place.bounds).adjusted(-1, -1, 1, 1), m_scene.highlight.rgba());
     }
-    void paint(QPainter &painter) const
-    {
-        painter.drawImage(m_scene.area.topLeft(), m_image);
-    }
+    void paint(QPainter &painter) const { painter.drawImage(m_scene.area.topLeft(), m_image); }
 
 private:
     struct Ink
@@ -112,7 +111,7 @@ private:
     };
     static Ink inkOf(const SheetLook::Style &style)
     {
-        const QColor rim = MixedColour(style.fill, style.line, 0.4F);
+        const QColor rim = dxftools::mixedColour(style.fill, style.line, 0.4F);
         return {.rim = rim.rgb(), .inside = style.fill.rgb()};
     }
     /// Whole pixels from edge to edge, so that neighbours have the line between them in common.
@@ -216,7 +215,7 @@ void paintNumber(QPainter &painter, const SheetFigure &figure, const SheetScene 
         painter.rotate(figure.angle);
     }
     const QColor ink = scene.look.Of(figure.kind, figure.state).text;
-    const auto mark = scene.hasBoxes ? MarkBoxOf(figure) : std::nullopt;
+    const auto mark = scene.hasBoxes ? dxftools::markBoxOf(figure) : std::nullopt;
     if (mark)
         paintMarkBox(painter, mark->box.translated(centre), figure, ink);
     painter.setFont(fontOf(scene.look, figure.textHeight));
@@ -253,8 +252,8 @@ void paintBundles(QPainter &painter, const SheetScene &scene,
     std::array<std::array<QPainterPath, 3>, 3> outlines;
     std::array<QPainterPath, 4> corners;
     for (const SheetFigure &figure : figures) {
-        QPainterPath &path = outlines[static_cast<std::size_t>(figure.kind)]
-                                     [static_cast<std::size_t>(figure.state)];
+        QPainterPath &path =
+            outlines[static_cast<std::size_t>(figure.kind)][static_cast<std::size_t>(figure.state)];
         for (const QPolygonF &points : figure.outlines)
             path.addPolygon(points);
         if (sideOf(figure.bounds) >= scene.leastCornered)
@@ -289,13 +288,26 @@ void paintSelected(QPainter &painter, const SheetScene &scene, const SheetFigure
     paintOutlines(painter, figure);
 }
 
+/// A frame inside of the sheet's own.
+void paintNews(QPainter &painter, const SheetScene &scene, const SheetFigure &figure)
+{
+    if (figure.news == SheetNews::None)
+        return;
+    constexpr double kLine = 3;
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(
+        QPen(scene.look.Of(figure.news), kLine, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    paintOutlines(painter, figure);
+}
+
 void paintSpots(QPainter &painter, const SheetScene &scene, const std::vector<quint32> &spots)
 {
     if (spots.empty())
         return;
     Spots image(scene, painter.device()->devicePixelRatio());
     for (const quint32 i : spots)
-        image.add(scene.picture.places[i]);
+        if (!isSelected(scene, i))
+            image.add(scene.picture.places[i]);
     for (const quint32 i : spots)
         if (isSelected(scene, i))
             image.addSelected(scene.picture.places[i]);
@@ -307,7 +319,7 @@ void paintLarge(QPainter &painter, const SheetScene &scene, const std::vector<qu
     std::vector<SheetFigure> figures;
     figures.reserve(large.size());
     for (const quint32 i : large)
-        figures.push_back(FigureIn(scene, scene.picture.places[i]));
+        figures.push_back(dxftools::figureIn(scene, scene.picture.places[i]));
     if (scene.isBundled)
         paintBundles(painter, scene, figures);
     else
@@ -315,6 +327,8 @@ void paintLarge(QPainter &painter, const SheetScene &scene, const std::vector<qu
     for (std::size_t i = 0; i < large.size(); ++i)
         if (isSelected(scene, large[i]))
             paintSelected(painter, scene, figures[i]);
+    for (const SheetFigure &figure : figures)
+        paintNews(painter, scene, figure);
     for (const SheetFigure &figure : figures)
         paintNumber(painter, figure, scene);
 }
@@ -329,21 +343,21 @@ SheetLook::Style SheetLook::Of(SheetKind kind, SheetState state) const
     if (state == SheetState::Exported)
         return style;
     const bool isOut = state == SheetState::FilteredOut;
-    style.fill = MixedColour(page, style.fill, isOut ? 0.0F : 0.25F);
-    style.line = MixedColour(page, style.line, isOut ? 0.3F : 0.6F);
-    style.text = MixedColour(page, style.text, isOut ? 0.35F : 0.6F);
+    style.fill = dxftools::mixedColour(page, style.fill, isOut ? 0.0F : 0.25F);
+    style.line = dxftools::mixedColour(page, style.line, isOut ? 0.3F : 0.6F);
+    style.text = dxftools::mixedColour(page, style.text, isOut ? 0.35F : 0.6F);
     style.pen = isOut ? Qt::DotLine : style.pen;
     return style;
 }
 
-QColor MixedColour(const QColor &a, const QColor &b, float part)
+QColor dxftools::mixedColour(const QColor &a, const QColor &b, float part)
 {
     return QColor::fromRgbF(std::lerp(a.redF(), b.redF(), part),
                             std::lerp(a.greenF(), b.greenF(), part),
                             std::lerp(a.blueF(), b.blueF(), part));
 }
 
-SheetLook PaperLook()
+SheetLook dxftools::paperLook()
 {
     SheetLook look{
         .page = QRgb{0xFFF3F1EA},
@@ -360,33 +374,33 @@ SheetLook PaperLook()
     return look;
 }
 
-SheetLook ScreenLook(const QPalette &palette, const QFont &font)
+SheetLook dxftools::screenLook(const QPalette &palette, const QFont &font)
 {
     const QColor ground = palette.color(QPalette::Base);
     const QColor ink = palette.color(QPalette::Text);
     const bool isDark = ground.lightnessF() < ink.lightnessF();
-    const QColor sheet = isDark ? MixedColour(ground, ink, 0.15F) : ground;
+    const QColor sheet = isDark ? dxftools::mixedColour(ground, ink, 0.15F) : ground;
     const QColor red = isDark ? QColor(0xFF, 0x7B, 0x6E) : QColor(0xB8, 0x2E, 0x20);
-    SheetLook look = PaperLook();
-    look.page = isDark ? ground : MixedColour(palette.color(QPalette::Window), ink, 0.03F);
+    SheetLook look = dxftools::paperLook();
+    look.page =
+        isDark ? ground : dxftools::mixedColour(palette.color(QPalette::Window), ink, 0.03F);
     look.ink = ink;
-    look.labelled = {sheet, MixedColour(ground, ink, 0.6F), ink, Qt::SolidLine};
-    look.unlabelled = {MixedColour(sheet, red, 0.24F), red,
-                       isDark ? MixedColour(red, ink, 0.5F) : red, Qt::SolidLine};
-    look.unnumbered = {MixedColour(look.page, ink, 0.09F), MixedColour(ground, ink, 0.45F), ink,
-                       Qt::DashLine};
+    look.labelled = {sheet, dxftools::mixedColour(ground, ink, 0.6F), ink, Qt::SolidLine};
+    look.unlabelled = {dxftools::mixedColour(sheet, red, 0.24F), red,
+                       isDark ? dxftools::mixedColour(red, ink, 0.5F) : red, Qt::SolidLine};
+    look.unnumbered = {dxftools::mixedColour(look.page, ink, 0.09F),
+                       dxftools::mixedColour(ground, ink, 0.45F), ink, Qt::DashLine};
     if (isDark)
         look.corners = {QRgb{0xFF5F9DEB}, QRgb{0xFF35C4B2}, QRgb{0xFFFFC15C}, QRgb{0xFFC590DD}};
     look.font = font;
     return look;
 }
 
-std::optional<MarkBox> MarkBoxOf(const SheetFigure &figure)
+std::optional<MarkBox> dxftools::markBoxOf(const SheetFigure &figure)
 {
     constexpr double kLeastText = 9; // smaller boxes cannot be told apart
     const bool hasBox = figure.kind != SheetKind::Unnumbered &&
-                        figure.state != SheetState::FilteredOut &&
-                        figure.textHeight >= kLeastText;
+                        figure.state != SheetState::FilteredOut && figure.textHeight >= kLeastText;
     if (!hasBox)
         return std::nullopt;
     const double side = std::min(0.75 * figure.textHeight, 16.0);
@@ -397,15 +411,15 @@ std::optional<MarkBox> MarkBoxOf(const SheetFigure &figure)
     return MarkBox{.box = {left, -side / 2, side, side}, .shift = (side + gap) / 2};
 }
 
-SheetFigure FigureIn(const SheetScene &scene, const SheetPlace &place)
+SheetFigure dxftools::figureIn(const SheetScene &scene, const SheetPlace &place)
 {
     SheetFigure figure = FigureOf(scene.picture, place, scene.drawing);
-    MoveFigure(figure, {}, scene.scale, scene.origin);
-    PlaceNumber(figure, scene.leastText, scene.mostText, scene.hasBoxes ? kBoxRoom : 0);
+    dxftools::moveFigure(figure, {}, scene.scale, scene.origin);
+    dxftools::placeNumber(figure, scene.leastText, scene.mostText, scene.hasBoxes ? kBoxRoom : 0);
     return figure;
 }
 
-void PaintScene(QPainter &painter, const SheetScene &scene)
+void dxftools::paintScene(QPainter &painter, const SheetScene &scene)
 {
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     painter.fillRect(scene.area, scene.look.page);
@@ -421,8 +435,8 @@ void PaintScene(QPainter &painter, const SheetScene &scene)
     paintLarge(painter, scene, large);
 }
 
-void PaintLegendMark(QPainter &painter, const LegendEntry &entry, double textHeight,
-                     const SheetLook &look)
+void dxftools::paintLegendMark(QPainter &painter, const LegendEntry &entry, double textHeight,
+                               const SheetLook &look)
 {
     const double height = 0.85 * textHeight;
     const QRectF box(entry.position.x(), entry.position.y() - height, entry.markWidth, height);
@@ -450,6 +464,15 @@ void PaintLegendMark(QPainter &painter, const LegendEntry &entry, double textHei
     case Mark::FilteredOut:
         paintBox(SheetKind::Labelled, SheetState::FilteredOut);
         break;
+    case Mark::New:
+    case Mark::Moved:
+    case Mark::Renamed: {
+        const int kind = static_cast<int>(entry.mark) - static_cast<int>(Mark::New) + 1;
+        paintBox(SheetKind::Labelled);
+        painter.setPen(QPen(look.Of(static_cast<SheetNews>(kind)), 2.5));
+        painter.drawRect(box);
+        break;
+    }
     case Mark::Corner: {
         const std::array corners{box.topLeft(), box.topRight(), box.bottomRight(),
                                  box.bottomLeft()};
@@ -480,7 +503,7 @@ void paintPage(QPainter &painter, const SheetPicture &picture, const DxfDrawing 
 {
     constexpr std::size_t kMany = 2'000;
     constexpr double kNever = 1e9;
-    const SheetLook look = PaperLook();
+    const SheetLook look = dxftools::paperLook();
     const bool areMany = picture.places.size() > kMany;
     SheetScene scene{.picture = picture, .drawing = drawing, .look = look};
     scene.area = QRectF(QPointF(), picture.size);
@@ -488,11 +511,11 @@ void paintPage(QPainter &painter, const SheetPicture &picture, const DxfDrawing 
     scene.leastCornered = detail >= PageDetail::NoCorners ? kNever
                           : areMany                       ? scene.leastCornered
                                                           : 0;
-    scene.leastText = detail >= PageDetail::NoNumbers ? kNever : LeastTextHeight(picture);
+    scene.leastText = detail >= PageDetail::NoNumbers ? kNever : dxftools::leastTextHeight(picture);
     scene.mostText = 140;
     scene.lineWidth = picture.places.size() < 200 ? 1.5 : 0.8;
     scene.isBundled = areMany;
-    PaintScene(painter, scene);
+    dxftools::paintScene(painter, scene);
     paintLegend(painter, picture, look);
 }
 
@@ -542,10 +565,10 @@ void PaintSheets(QPainter &painter, const SheetPicture &picture, const DxfDrawin
 }
 
 bool WriteSheetPicture(QIODevice &device, const SheetPicture &picture, const DxfDrawing &drawing,
-                       PictureFormat format)
+                       SheetPictureFormat format)
 {
     QByteArray bytes; // neither writer tells when its device fails
-    if (format == PictureFormat::Svg) {
+    if (format == SheetPictureFormat::Svg) {
         bytes = svgOf(picture, drawing);
     } else {
         QBuffer buffer(&bytes);

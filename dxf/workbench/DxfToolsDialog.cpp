@@ -79,7 +79,7 @@ DxfToolsDialog::DxfToolsDialog(QWidget *parent, QSettings *store)
     connect(&form.closeButton(), &QPushButton::clicked, this, &DxfToolsDialog::close);
     connect(&form.picture(), &PicturePanel::saveWanted, this, [this] {
         if (!IsReading())
-            SavePicture(m_parts->form, m_parts->desk);
+            dxftools::savePicture(m_parts->form, m_parts->desk);
     });
     connect(&m_parts->opener, &PlanOpener::planShown, this, [this] {
         setWindowTitle(DxfDialogTexts::TitleWithPlan(m_parts->desk.plan()->Name()));
@@ -122,7 +122,7 @@ void DxfToolsDialog::OnOpenFileClicked()
 void DxfToolsDialog::OnExportAsGK2Clicked()
 {
     if (!IsReading())
-        ExportSheets(m_parts->form, m_parts->desk);
+        dxftools::exportSheets(m_parts->form, m_parts->desk);
 }
 
 void DxfToolsDialog::done(int result)

@@ -26,7 +26,7 @@ std::optional<QString> enterable(const DxfDrawing &drawing, std::string_view byt
 
 } // namespace
 
-std::vector<AttributeOffer> OfferTags(const DxfDrawing &drawing)
+std::vector<AttributeOffer> dxftools::offerTags(const DxfDrawing &drawing)
 {
     std::vector<AttributeOffer> offers;
     for (const TagUse &use : CollectTags(drawing))
@@ -36,13 +36,13 @@ std::vector<AttributeOffer> OfferTags(const DxfDrawing &drawing)
     return offers;
 }
 
-std::vector<AttributeOffer> OfferValues(const DxfDrawing &drawing, const QString &tag)
+std::vector<AttributeOffer> dxftools::offerValues(const DxfDrawing &drawing, const QString &tag)
 {
     const WantedText wanted(drawing, tag);
     std::unordered_map<std::string_view, qint64> uses;
     for (const DxfInsert &insert : drawing.Inserts()) {
         const auto value = wanted.valueIn(insert);
-        if (!value || !HasPolylines(drawing, insert))
+        if (!value || !dxftools::hasPolylines(drawing, insert))
             continue;
         if (uses.size() < kMostValues)
             ++uses[*value];

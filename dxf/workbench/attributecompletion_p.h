@@ -15,15 +15,19 @@ struct AttributeOffer
     friend bool operator==(const AttributeOffer &, const AttributeOffer &) = default;
 };
 
+namespace dxftools {
+
 /// The tags of a drawing, the most used first. Only texts that can be entered and then filter
 /// exactly: not those that are longer than anyone types, nor broken UTF-8.
-[[nodiscard]] std::vector<AttributeOffer> OfferTags(const DxfDrawing &drawing);
+[[nodiscard]] std::vector<AttributeOffer> offerTags(const DxfDrawing &drawing);
 
 /// The different values that inserts which can be sheets have under a tag, in natural order; none
 /// for a tag that no such insert has. Of very many values the first 10,000 in the file, because a
 /// completer looks through all of them at each key.
-[[nodiscard]] std::vector<AttributeOffer> OfferValues(const DxfDrawing &drawing,
+[[nodiscard]] std::vector<AttributeOffer> offerValues(const DxfDrawing &drawing,
                                                       const QString &tag);
+
+} // namespace dxftools
 
 /// Offers for a completer: what is chosen is the text (edit role), what is shown beside it (display
 /// role) is how many inserts carry it.

@@ -119,6 +119,38 @@ public:
                             : tr("%Ln sheets written to %1", nullptr, textAmount(sheets)))
             .arg(file);
     }
+    static QString SheetIsNew(const QString &sheet) { return tr("Sheet '%1' is new").arg(sheet); }
+    static QString SheetIsGone(const QString &sheet)
+    {
+        return tr("Sheet '%1' is not in the file any more").arg(sheet);
+    }
+    static QString SheetHasMoved(const QString &sheet, const QString &distance)
+    {
+        return tr("Sheet '%1' has moved by %2").arg(sheet, distance);
+    }
+    static QString SheetHasOtherCorners(const QString &sheet)
+    {
+        return tr("Sheet '%1' has another number of corners").arg(sheet);
+    }
+    static QString SheetIsRenamed(const QString &before, const QString &after)
+    {
+        return tr("Sheet '%1' is now called '%2'").arg(before, after);
+    }
+    static QString ChangesCounted(qint64 added, qint64 gone, qint64 moved, qint64 renamed)
+    {
+        if (added + gone + moved + renamed == 0)
+            return tr("nothing changed against the older file");
+        return tr("against the older file: %1 new, %2 gone, %3 moved, %4 renamed")
+            .arg(added)
+            .arg(gone)
+            .arg(moved)
+            .arg(renamed);
+    }
+    /// @param exported  what was written
+    static QString ExportedWithChanges(const QString &exported, const QString &changes)
+    {
+        return tr("%1 - %2").arg(exported, changes);
+    }
     static QString NotExported(const QString &file, const QString &why)
     {
         return tr("%1 was not written: %2").arg(file, why);

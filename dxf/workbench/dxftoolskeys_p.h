@@ -5,6 +5,7 @@
 #include <QLatin1StringView>
 
 namespace dxftools {
+
 inline constexpr QLatin1StringView kDialogGeometry{"DxfToolsDialog/Dialog_Geometry"};
 inline constexpr QLatin1StringView kLastUsedFile{"DxfToolsDialog/LastUsedFile"};
 /// Of the frame: the geometry has only that of its inside for sure.
@@ -16,4 +17,5 @@ inline constexpr QLatin1StringView kColumns{"DxfToolsDialog/Columns"};
 inline constexpr QLatin1StringView kSortColumn{"DxfToolsDialog/SortColumn"}; ///< -1: none
 inline constexpr QLatin1StringView kSortsDown{"DxfToolsDialog/SortsDown"};
 inline constexpr QLatin1StringView kRecentFiles{"DxfToolsDialog/RecentFiles"};
+
 } // namespace dxftools

@@ -107,18 +107,18 @@ AnalysisOptions FilterPanel::options() const
     AnalysisOptions options;
     options.order = m_correct->isChecked() ? CornerOrder::Upright : CornerOrder::AsDrawn;
     options.appliesPlacement = m_placed->isChecked();
-    options.filter = FilterOf({.includes = m_include->isChecked(),
-                               .includeTag = m_includeTag->text(),
-                               .includeValue = m_includeValue->text(),
-                               .excludes = m_exclude->isChecked(),
-                               .excludeTag = m_excludeTag->text()});
+    options.filter = dxftools::filterOf({.includes = m_include->isChecked(),
+                                         .includeTag = m_includeTag->text(),
+                                         .includeValue = m_includeValue->text(),
+                                         .excludes = m_exclude->isChecked(),
+                                         .excludeTag = m_excludeTag->text()});
     return options;
 }
 
 void FilterPanel::offerFrom(const DxfDrawing *drawing)
 {
     m_drawing = drawing;
-    m_tags->setOffers(drawing ? OfferTags(*drawing) : std::vector<AttributeOffer>());
+    m_tags->setOffers(drawing ? dxftools::offerTags(*drawing) : std::vector<AttributeOffer>());
     m_tagOfValues = QString();
     m_values->setOffers({});
 }
@@ -130,10 +130,10 @@ void FilterPanel::offerValues()
     if (!m_drawing || isKnown)
         return;
     m_tagOfValues = tag.isNull() ? u""_s : tag;
-    m_values->setOffers(OfferValues(*m_drawing, tag));
+    m_values->setOffers(dxftools::offerValues(*m_drawing, tag));
 }
 
 std::vector<QWidget *> FilterPanel::tabOrder() const
 {
-    return {m_correct,      m_placed,  m_include, m_includeTag, m_includeValue, m_exclude, m_excludeTag};
+    return {m_correct, m_placed, m_include, m_includeTag, m_includeValue, m_exclude, m_excludeTag};
 }

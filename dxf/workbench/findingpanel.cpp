@@ -3,9 +3,9 @@
 #include "dxf/workbench/findingpanel_p.h"
 
 #include "dxf/workbench/clipboardtable_p.h"
-#include "dxf/workbench/diagnosticmodel_p.h"
 #include "dxf/workbench/dxfdialogtexts_p.h"
 #include "dxf/workbench/emptyhint_p.h"
+#include "dxf/workbench/findingmodel_p.h"
 #include "dxf/workbench/panelparts_p.h"
 #include <QLabel>
 #include <QListView>
@@ -38,8 +38,8 @@ protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        const int severity = index.data(DiagnosticModel::kSeverityRole).toInt();
-        const bool isWarning = severity == static_cast<int>(Severity::Warning);
+        const int severity = index.data(FindingModel::kSeverityRole).toInt();
+        const bool isWarning = severity == static_cast<int>(PlanFinding::Severity::Warning);
         option->features |= QStyleOptionViewItem::HasDecoration;
         option->icon = option->widget->style()->standardIcon(
             isWarning ? QStyle::SP_MessageBoxWarning : QStyle::SP_MessageBoxInformation);
@@ -67,7 +67,7 @@ QListView *listOf(QAbstractItemModel *model)
 
 FindingPanel::FindingPanel(QWidget *parent)
     : QWidget(parent),
-      m_model(new DiagnosticModel(this)),
+      m_model(new FindingModel(this)),
       m_list(listOf(m_model)),
       m_hint(new EmptyHint(m_list)),
       m_title(workbench::buddyLabel(DxfDialogTexts::Findings(), m_list))
@@ -79,7 +79,7 @@ FindingPanel::FindingPanel(QWidget *parent)
     column->addWidget(m_list, 1);
     workbench::offerCopy(m_list, [this] { copy(); });
     const auto choose = [this](const QModelIndex &index) {
-        emit chosen(m_model->diagnosticAt(index.row()));
+        emit chosen(m_model->findingAt(index.row()));
     };
     connect(m_list, &QListView::clicked, this, choose);
     connect(m_list, &QListView::activated, this, choose);
@@ -90,9 +90,9 @@ QWidget *FindingPanel::list() const
     return m_list;
 }
 
-void FindingPanel::setFindings(std::vector<Diagnostic> findings)
+void FindingPanel::setFindings(std::vector<PlanFinding> findings)
 {
-    m_model->setDiagnostics(std::move(findings));
+    m_model->setFindings(std::move(findings));
     m_list->scrollToTop();
     m_hint->showText(m_model->rowCount() == 0 ? DxfDialogTexts::NoFindings() : QString());
     showCounts();
@@ -103,7 +103,7 @@ void FindingPanel::showCounts()
     qint64 warnings = 0;
     const int rows = m_model->rowCount();
     for (int row = 0; row < rows; ++row)
-        if (m_model->diagnosticAt(row).severity == Severity::Warning)
+        if (m_model->findingAt(row).severity == PlanFinding::Severity::Warning)
             ++warnings;
     const QString text = DxfDialogTexts::FindingsCounted(warnings, rows - warnings);
     m_title->setText(text);
@@ -122,15 +122,16 @@ void FindingPanel::selectRows(const std::vector<int> &rows)
 
 void FindingPanel::copy() const
 {
-    workbench::TableText table({DxfDialogTexts::Severity(), DxfDialogTexts::Line(),
-                                DxfDialogTexts::Finding()});
+    workbench::TableText table(
+        {DxfDialogTexts::Severity(), DxfDialogTexts::Line(), DxfDialogTexts::Finding()});
     const QItemSelectionModel &selection = *m_list->selectionModel();
     for (int row = 0; row < m_model->rowCount(); ++row) {
         if (selection.hasSelection() && !selection.isRowSelected(row, {}))
             continue;
-        const Diagnostic &finding = m_model->diagnosticAt(row);
-        table.addRow({finding.severity == Severity::Warning ? DxfDialogTexts::Warning()
-                                                            : DxfDialogTexts::Information(),
+        const PlanFinding &finding = m_model->findingAt(row);
+        table.addRow({finding.severity == PlanFinding::Severity::Warning
+                          ? DxfDialogTexts::Warning()
+                          : DxfDialogTexts::Information(),
                       finding.line > 0 ? QString::number(finding.line) : QString(), finding.text});
     }
     table.toClipboard();

@@ -3,10 +3,10 @@
 #pragma once
 
 #include <QWidget>
-#include <kelo_base/dxf/Diagnostic.h>
+#include <kelo_base/dxf/PlanFinding.h>
 #include <vector>
 
-class DiagnosticModel;
+class FindingModel;
 class EmptyHint;
 class QLabel;
 class QListView;
@@ -20,21 +20,21 @@ class FindingPanel : public QWidget
 public:
     explicit FindingPanel(QWidget *parent = nullptr);
 
-    void setFindings(std::vector<Diagnostic> findings);
+    void setFindings(std::vector<PlanFinding> findings);
     /// Selects these and shows the first, without a signal.
     void selectRows(const std::vector<int> &rows);
-    [[nodiscard]] const DiagnosticModel &model() const { return *m_model; }
+    [[nodiscard]] const FindingModel &model() const { return *m_model; }
     [[nodiscard]] QWidget *list() const;
 
 signals:
     /// Someone wants to see what it is about.
-    void chosen(const Diagnostic &finding);
+    void chosen(const PlanFinding &finding);
 
 private:
     void showCounts();
     void copy() const;
 
-    DiagnosticModel *m_model;
+    FindingModel *m_model;
     QListView *m_list;
     EmptyHint *m_hint;
     QLabel *m_title;

@@ -18,8 +18,8 @@ int widthOf(const QAbstractItemView &list, const QAbstractItemModel &offers)
     constexpr int kMeasured = 200;
     int width = 0;
     for (int row = 0; row < std::min(offers.rowCount(), kMeasured); ++row)
-        width = std::max(width, list.fontMetrics().horizontalAdvance(
-                                    offers.index(row, 0).data().toString()));
+        width = std::max(
+            width, list.fontMetrics().horizontalAdvance(offers.index(row, 0).data().toString()));
     return width + list.verticalScrollBar()->sizeHint().width() + 2 * list.fontMetrics().height();
 }
 

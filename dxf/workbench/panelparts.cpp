@@ -51,7 +51,7 @@ QToolButton *workbench::iconButton(const QString &text, const QString &name, con
 {
     auto *button = new QToolButton;
     button->setObjectName(name);
-    button->setIcon(InkIcon(u":/kelo_base/images/%1.svg"_s.arg(icon)));
+    button->setIcon(dxftools::inkIcon(u":/kelo_base/images/%1.svg"_s.arg(icon)));
     button->setToolTip(text);
     button->setAccessibleName(text);
     button->setAutoRaise(true);

@@ -3,7 +3,7 @@
 #include "dxf/workbench/picturelegend_p.h"
 
 #include "dxf/sheets/dxftooltexts_p.h"
-#include "dxf/sheets/sheetpicture_p.h"
+#include "dxf/sheets/figurelayout_p.h"
 #include <QLocale>
 #include <QPainter>
 #include <algorithm>
@@ -32,15 +32,15 @@ double roomOf(const LegendEntry &entry, const QFontMetricsF &metrics, double gap
 
 void fitScaleBar(LegendEntry &entry, double unit)
 {
-    const double length = RoundLength(kLongestBar / unit);
+    const double length = dxftools::roundLength(kLongestBar / unit);
     entry.markWidth = length * unit;
     entry.text = DxfToolTexts::UnitsInPreview(QLocale().toString(length, 'g', 6));
 }
 
 } // namespace
 
-double LayOutLegend(std::vector<LegendEntry> &legend, const QFontMetricsF &metrics, double width,
-                    double unit, Qt::LayoutDirection direction)
+double dxftools::layOutLegend(std::vector<LegendEntry> &legend, const QFontMetricsF &metrics,
+                              double width, double unit, Qt::LayoutDirection direction)
 {
     const double gap = metrics.height() / 3;
     const double margin = metrics.height() / 2;
@@ -65,8 +65,8 @@ double LayOutLegend(std::vector<LegendEntry> &legend, const QFontMetricsF &metri
     return legend.empty() ? 0 : next.y() + metrics.descent() + margin;
 }
 
-void PaintLegend(QPainter &painter, const std::vector<LegendEntry> &legend, const SheetLook &look,
-                 Qt::LayoutDirection direction)
+void dxftools::paintLegend(QPainter &painter, const std::vector<LegendEntry> &legend,
+                           const SheetLook &look, Qt::LayoutDirection direction)
 {
     const QFontMetricsF metrics(painter.font());
     const double gap = metrics.height() / 3;
@@ -76,7 +76,7 @@ void PaintLegend(QPainter &painter, const std::vector<LegendEntry> &legend, cons
             entry.position.rx() += metrics.horizontalAdvance(entry.text) + gap;
         else if (entry.mark != Mark::None)
             text.rx() += entry.markWidth + gap;
-        PaintLegendMark(painter, entry, metrics.ascent(), look);
+        dxftools::paintLegendMark(painter, entry, metrics.ascent(), look);
         painter.setPen(look.ink);
         painter.drawText(text, entry.text);
     }

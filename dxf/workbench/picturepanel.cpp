@@ -48,8 +48,8 @@ void PicturePanel::setPlanEnabled(bool hasPlan)
 
 void PicturePanel::showHelp()
 {
-    const QString text = u"<p>%1</p><p>%2</p>"_s.arg(DxfToolTexts::PictureMouseHelp(),
-                                                     DxfToolTexts::PictureHelp());
+    const QString text =
+        u"<p>%1</p><p>%2</p>"_s.arg(DxfToolTexts::PictureMouseHelp(), DxfToolTexts::PictureHelp());
     QWhatsThis::showText(m_help->mapToGlobal(QPoint(0, m_help->height())), text, m_help);
 }
 

@@ -2,8 +2,8 @@
 // Zooms and pans within limits, and finds figures.
 #include "dxf/workbench/pictureviewport_p.h"
 
+#include "dxf/sheets/figurelayout_p.h"
 #include "dxf/sheets/sheetpainter_p.h"
-#include "dxf/sheets/sheetpicture_p.h"
 #include <QLineF>
 #include <QTransform>
 #include <algorithm>
@@ -176,7 +176,7 @@ void PictureViewport::keepInTouch()
     m_origin += inTouch - shown.topLeft();
 }
 
-bool IsAt(const SheetFigure &figure, QPointF point, double tolerance)
+bool dxftools::isAt(const SheetFigure &figure, QPointF point, double tolerance)
 {
     return std::ranges::any_of(figure.outlines, [&](const QPolygonF &points) {
         const QRectF box = points.boundingRect();
@@ -188,9 +188,9 @@ bool IsAt(const SheetFigure &figure, QPointF point, double tolerance)
     });
 }
 
-bool Touches(const SheetFigure &figure, const QRectF &area)
+bool dxftools::touches(const SheetFigure &figure, const QRectF &area)
 {
-    if (!Touch(figure.bounds, area))
+    if (!dxftools::touch(figure.bounds, area))
         return false;
     if (area.contains(figure.bounds))
         return true;
@@ -201,19 +201,19 @@ bool Touches(const SheetFigure &figure, const QRectF &area)
     });
 }
 
-bool IsOnNumber(const SheetFigure &figure, QPointF point)
+bool dxftools::isOnNumber(const SheetFigure &figure, QPointF point)
 {
     if (figure.textHeight <= 0 || figure.number.isEmpty())
         return false;
     const QPointF own = QTransform().rotate(-figure.angle).map(point - figure.centre);
-    const auto mark = MarkBoxOf(figure);
-    const double text = kCharacterWidth * figure.textHeight *
-                        static_cast<double>(figure.number.size());
+    const auto mark = dxftools::markBoxOf(figure);
+    const double text =
+        kCharacterWidth * figure.textHeight * static_cast<double>(figure.number.size());
     const double half = mark ? -mark->box.left() : text / 2;
     return std::abs(own.x()) <= half && std::abs(own.y()) <= 0.6 * figure.textHeight;
 }
 
-bool Touch(const QRectF &a, const QRectF &b)
+bool dxftools::touch(const QRectF &a, const QRectF &b)
 {
     return a.left() <= b.right() && b.left() <= a.right() && a.top() <= b.bottom() &&
            b.top() <= a.bottom();

@@ -59,12 +59,16 @@ private:
     QPointF m_origin;
 };
 
+namespace dxftools {
+
 /// Whether a figure is at a point: inside of its outline or, where that is open, on the line.
 /// @param tolerance  how far from a line counts as on it
-[[nodiscard]] bool IsAt(const SheetFigure &figure, QPointF point, double tolerance);
+[[nodiscard]] bool isAt(const SheetFigure &figure, QPointF point, double tolerance);
 /// Whether an area touches the figure.
-[[nodiscard]] bool Touches(const SheetFigure &figure, const QRectF &area);
+[[nodiscard]] bool touches(const SheetFigure &figure, const QRectF &area);
 /// Whether a point lies on the number of a figure or the box beside it.
-[[nodiscard]] bool IsOnNumber(const SheetFigure &figure, QPointF point);
+[[nodiscard]] bool isOnNumber(const SheetFigure &figure, QPointF point);
 /// Whether rectangles have a point in common, also when they have no width or no height.
-[[nodiscard]] bool Touch(const QRectF &a, const QRectF &b);
+[[nodiscard]] bool touch(const QRectF &a, const QRectF &b);
+
+} // namespace dxftools

@@ -7,7 +7,7 @@
 #include "dxf/workbench/dxftoolsstore_p.h"
 #include "dxf/workbench/messageline_p.h"
 #include "dxf/workbench/planopener_p.h"
-#include "dxf/workbench/readingprogress_p.h"
+#include "dxf/workbench/readingbar_p.h"
 #include "dxf/workbench/readpanel_p.h"
 #include "dxf/workbench/recentplans_p.h"
 #include "dxf/workbench/sheetdesk_p.h"
@@ -28,7 +28,7 @@ QString nameOf(const QString &path)
 }
 
 /// What the reader says about a plan, with its name unless it names the plan itself.
-QString sentenceFor(const QString &path, const ReadError &error)
+QString sentenceFor(const QString &path, const DxfReadError &error)
 {
     if (error.message.contains(path))
         return error.message;
@@ -65,11 +65,11 @@ QString menuText(qsizetype position, const QString &path, const QFontMetrics &me
 PlanOpener::PlanOpener(DxfToolsForm &form, SheetDesk &desk, DxfToolsStore &store)
     : m_form(form), m_desk(desk), m_store(store)
 {
-    connect(&m_form.read().progress(), &ReadingProgress::becameLong, this,
-            [this] { showReading(); });
+    connect(&m_form.read().progress(), &ReadingBar::becameLong, this, [this] { showReading(); });
     fillRecentMenu();
     connect(&m_form.read().recentMenu(), &QMenu::aboutToShow, this, &PlanOpener::fillRecentMenu);
-    connect(&m_form.read().message(), &MessageLine::actionClicked, this, &PlanOpener::forgetVanished);
+    connect(&m_form.read().message(), &MessageLine::actionClicked, this,
+            &PlanOpener::forgetVanished);
 }
 
 bool PlanOpener::read(const QString &path)
@@ -106,17 +106,17 @@ void PlanOpener::showReading()
 }
 
 /// Each report handles events, in which this object may be deleted: what is needed is captured.
-PlanProgress PlanOpener::progressFor(const QString &name) const
+PlanStages PlanOpener::progressFor(const QString &name) const
 {
-    const QPointer<ReadingProgress> progress = &m_form.read().progress();
-    progress->beginStep(DxfDialogTexts::Reading(name), ReadingProgress::Unit::Bytes);
+    const QPointer<ReadingBar> progress = &m_form.read().progress();
+    progress->beginStep(DxfDialogTexts::Reading(name), ReadingBar::Unit::Bytes);
     const auto advance = [progress](qint64 done, qint64 total) {
         return progress && progress->advance(done, total);
     };
     const auto analyze = [progress, advance, title = DxfDialogTexts::Analyzing(name),
                           isBegun = false](qint64 done, qint64 total) mutable {
         if (progress && !std::exchange(isBegun, true))
-            progress->beginStep(title, ReadingProgress::Unit::Items);
+            progress->beginStep(title, ReadingBar::Unit::Items);
         return advance(done, total);
     };
     return {.reading = advance, .analyzing = analyze};
@@ -164,8 +164,8 @@ void PlanOpener::askAndRead()
     const QString last = settings ? settings->value(dxftools::kLastUsedFile).toString() : QString();
     // Not on the stack: it is its parent's, which may be deleted while it is open.
     const QPointer<QFileDialog> dialog =
-        new QFileDialog(&m_form.dialog(), DxfToolTexts::ReadFileTitle(),
-                        QFileInfo(last).path(), DxfDialogTexts::PlanFiles());
+        new QFileDialog(&m_form.dialog(), DxfToolTexts::ReadFileTitle(), QFileInfo(last).path(),
+                        DxfDialogTexts::PlanFiles());
     dialog->setFileMode(QFileDialog::ExistingFile);
     const bool isChosen = dialog->exec() == QDialog::Accepted && dialog;
     const QString path = isChosen ? dialog->selectedFiles().value(0) : QString();
@@ -180,9 +180,9 @@ void PlanOpener::remember(const QString &path)
     if (!settings)
         return;
     settings->setValue(dxftools::kLastUsedFile, path);
-    RecentPlans plans = ReadRecentPlans(*settings);
+    RecentPlans plans = dxftools::readRecentPlans(*settings);
     plans.Add(path);
-    WriteRecentPlans(*settings, plans);
+    dxftools::writeRecentPlans(*settings, plans);
 }
 
 /// From the settings, which the toolkit holds in memory: the disk is not asked.
@@ -191,7 +191,8 @@ void PlanOpener::fillRecentMenu()
     QMenu *const menu = &m_form.read().recentMenu();
     menu->clear();
     QSettings *const settings = m_store.settings();
-    const QStringList paths = settings ? ReadRecentPlans(*settings).Paths() : QStringList();
+    const QStringList paths =
+        settings ? dxftools::readRecentPlans(*settings).Paths() : QStringList();
     for (qsizetype i = 0; i < paths.size(); ++i) {
         QAction *const action = menu->addAction(menuText(i, paths[i], menu->fontMetrics()));
         action->setToolTip(QDir::toNativeSeparators(paths[i]));
@@ -213,9 +214,9 @@ void PlanOpener::readRecent(const QString &path)
 void PlanOpener::forgetVanished()
 {
     if (QSettings *const settings = m_store.settings()) {
-        RecentPlans plans = ReadRecentPlans(*settings);
+        RecentPlans plans = dxftools::readRecentPlans(*settings);
         plans.Remove(m_vanished);
-        WriteRecentPlans(*settings, plans);
+        dxftools::writeRecentPlans(*settings, plans);
     }
     m_form.read().message().clear();
     m_form.read().recentButton()->setFocus();

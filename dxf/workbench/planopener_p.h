@@ -10,7 +10,7 @@ class DxfToolsForm;
 class DxfToolsStore;
 class SheetDesk;
 class PlanSession;
-struct PlanProgress;
+struct PlanStages;
 struct PlanOpening;
 
 /// Reads one plan at a time, with progress, and puts it on the desk; or says why not. Nothing of
@@ -36,7 +36,7 @@ signals:
 
 private:
     void showReading();
-    [[nodiscard]] PlanProgress progressFor(const QString &name) const;
+    [[nodiscard]] PlanStages progressFor(const QString &name) const;
     void show(std::unique_ptr<PlanSession> plan);
     void tellFailure(const QString &path, const PlanOpening &opening);
     void remember(const QString &path);

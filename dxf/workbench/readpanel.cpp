@@ -6,7 +6,7 @@
 #include "dxf/workbench/dxfdialogtexts_p.h"
 #include "dxf/workbench/messageline_p.h"
 #include "dxf/workbench/panelparts_p.h"
-#include "dxf/workbench/readingprogress_p.h"
+#include "dxf/workbench/readingbar_p.h"
 #include <QBoxLayout>
 #include <QKeySequence>
 #include <QMenu>
@@ -23,7 +23,7 @@ ReadPanel::ReadPanel(QWidget *parent)
       m_recentMenu(new QMenu(m_recent)),
       m_status(new QStackedWidget),
       m_message(new MessageLine),
-      m_progress(new ReadingProgress)
+      m_progress(new ReadingBar)
 {
     m_open->setIcon(style()->standardIcon(QStyle::SP_DialogOpenButton));
     m_open->setToolTip(DxfDialogTexts::OpenHelp(

@@ -8,7 +8,7 @@ class MessageLine;
 class QMenu;
 class QPushButton;
 class QStackedWidget;
-class ReadingProgress;
+class ReadingBar;
 
 /// Buttons to open a plan, and below them the message or, while one is read, the progress. Takes
 /// the same room with either.
@@ -20,7 +20,7 @@ public:
     explicit ReadPanel(QWidget *parent = nullptr);
 
     [[nodiscard]] MessageLine &message() const { return *m_message; }
-    [[nodiscard]] ReadingProgress &progress() const { return *m_progress; }
+    [[nodiscard]] ReadingBar &progress() const { return *m_progress; }
     [[nodiscard]] QMenu &recentMenu() const { return *m_recentMenu; }
     [[nodiscard]] QWidget *openButton() const;
     [[nodiscard]] QWidget *recentButton() const;
@@ -37,5 +37,5 @@ private:
     QMenu *m_recentMenu;
     QStackedWidget *m_status;
     MessageLine *m_message;
-    ReadingProgress *m_progress;
+    ReadingBar *m_progress;
 };

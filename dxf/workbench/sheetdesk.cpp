@@ -4,16 +4,20 @@
 
 #include "dxf/sheets/dxftooltexts_p.h"
 #include "dxf/sheets/filterplan_p.h"
-#include "dxf/workbench/diagnosticmodel_p.h"
 #include "dxf/workbench/dxfdialogtexts_p.h"
 #include "dxf/workbench/dxftoolsform_p.h"
 #include "dxf/workbench/filterpanel_p.h"
+#include "dxf/workbench/findingmodel_p.h"
 #include "dxf/workbench/findingpanel_p.h"
 #include "dxf/workbench/messageline_p.h"
 #include "dxf/workbench/picturepanel_p.h"
+#include "dxf/workbench/planchanges_p.h"
 #include "dxf/workbench/readpanel_p.h"
 #include "dxf/workbench/sheetpanel_p.h"
 #include "dxf/workbench/sheetpictureview_p.h"
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QPointer>
 #include <kelo_base/core/ScopedOverrideCursor.h>
 #include <utility>
 
@@ -22,6 +26,8 @@ namespace {
 constexpr int kReviewDelay = 120; ///< milliseconds; a pause in typing
 /// More selected sheets than that are not looked for again when the list changes.
 constexpr std::size_t kMostKeptSelected = 10'000;
+/// Of more inserts nobody looks at each key for why a filter leaves none.
+constexpr std::size_t kMostExplained = 100'000;
 
 } // namespace
 
@@ -61,6 +67,15 @@ AnalysisOptions SheetDesk::options() const
     return m_form.filter().options();
 }
 
+void SheetDesk::showChanges(const PlanChanges &changes)
+{
+    m_changes = changes.findings;
+    SheetPictureView &picture = m_form.picture().view();
+    picture.showNews(changes.sheets, changes.gone);
+    picture.showStates(m_plan->Sheets());
+    showFindings();
+}
+
 void SheetDesk::showInstead(const QString &text)
 {
     if (m_plan)
@@ -73,7 +88,9 @@ void SheetDesk::showInstead(const QString &text)
 void SheetDesk::show(std::unique_ptr<PlanSession> plan)
 {
     m_reviewDue.stop();
-    const std::unique_ptr<PlanSession> old = std::exchange(m_plan, std::move(plan)); // still shown
+    m_isReviewStale = true;
+    const std::shared_ptr<PlanSession> old = std::exchange(m_plan, std::move(plan)); // still shown
+    m_changes.clear();
     m_form.sheets().setDrawing(&m_plan->Drawing());
     m_form.filter().offerFrom(&m_plan->Drawing());
     showSheets();
@@ -86,19 +103,45 @@ void SheetDesk::choose()
 {
     if (!m_plan)
         return;
+    m_isReviewStale = true;
     const std::vector<quint32> selected = m_form.sheets().selected();
     if (!m_plan->Choose(options().filter))
         return tellFailure();
     showSheets();
-    m_form.picture().view().showStates(m_plan->Sheets());
     select(selected.size() <= kMostKeptSelected ? selected : std::vector<quint32>());
     m_reviewDue.start();
 }
 
+/// Events are handled meanwhile, so that the next key need not wait. Whatever makes the review
+/// stale ends it; the plan stays until it has ended, even if another one is shown.
 void SheetDesk::review()
 {
-    if (!m_plan->Review(options().filter))
+    if (m_isReviewing)
+        return m_reviewDue.start();
+    m_isReviewing = true;
+    m_isReviewStale = false;
+    const std::shared_ptr<PlanSession> plan = m_plan;
+    const QPointer<SheetDesk> alive(this);
+    QElapsedTimer sinceEvents;
+    sinceEvents.start();
+    const auto goOn = [&](qint64, qint64) {
+        constexpr int kPatience = 25; // milliseconds
+        if (sinceEvents.elapsed() >= kPatience) {
+            QCoreApplication::processEvents();
+            sinceEvents.restart();
+        }
+        return alive && !m_isReviewStale;
+    };
+    const bool isReviewed = plan->Review(options().filter, goOn);
+    if (!alive)
+        return;
+    m_isReviewing = false;
+    if (m_isReviewStale)
+        return;
+    if (!isReviewed)
         return tellFailure();
+    m_form.sheets().showHint(whyEmpty());
+    m_form.picture().view().showStates(m_plan->Sheets());
     showFindings();
 }
 
@@ -108,8 +151,10 @@ void SheetDesk::relabel()
         return;
     const qor::QtScopedOverrideCursor wait(Qt::WaitCursor);
     m_reviewDue.stop();
+    m_isReviewStale = true;
     const std::vector<quint32> selected = m_form.sheets().selected();
     const std::size_t inserts = m_plan->Drawing().Inserts().size();
+    m_changes.clear();
     m_form.sheets().setDrawing(nullptr); // its inserts may become others
     m_form.picture().view().clear();
     if (!m_plan->Relabel(options()))
@@ -130,13 +175,15 @@ void SheetDesk::tellFailure()
 
 void SheetDesk::showSheets()
 {
-    m_form.sheets().setSheets(m_plan->Sheets(), whyEmpty());
+    // Of very many the reason takes a while: it follows with the findings.
+    const bool isQuick = m_plan->Drawing().Inserts().size() <= kMostExplained;
+    m_form.sheets().setSheets(m_plan->Sheets(), isQuick ? whyEmpty() : QString());
 }
 
 /// Of all that can be sheets: what the filter leaves out is fainter, not gone.
 void SheetDesk::showPicture()
 {
-    const std::vector<quint32> all = SelectSheets(m_plan->Drawing(), {}).value();
+    const std::vector<quint32> &all = m_plan->AllSheets();
     SheetPictureView &picture = m_form.picture().view();
     if (all.empty())
         return picture.clear(whyEmpty());
@@ -146,7 +193,9 @@ void SheetDesk::showPicture()
 
 void SheetDesk::showFindings()
 {
-    m_form.findings().setFindings(m_plan->Findings());
+    std::vector<PlanFinding> findings = m_plan->Findings();
+    findings.insert(findings.begin(), m_changes.begin(), m_changes.end());
+    m_form.findings().setFindings(std::move(findings));
     showFindingsOf(m_form.sheets().selected());
 }
 
@@ -154,7 +203,7 @@ QString SheetDesk::whyEmpty() const
 {
     if (!m_plan->Sheets().empty())
         return {};
-    return WhyNoSheets(m_plan->Drawing(), options().filter);
+    return dxftools::whyNoSheets(m_plan->Drawing(), options().filter);
 }
 
 void SheetDesk::select(const std::vector<quint32> &sheets)
@@ -179,15 +228,15 @@ void SheetDesk::showFindingsOf(const std::vector<quint32> &sheets)
 {
     const bool isOne = m_plan && sheets.size() == 1;
     m_form.findings().selectRows(
-        isOne ? FindingsOf(sheets.front(), m_plan->Drawing(), m_form.findings().model())
+        isOne ? dxftools::findingsOf(sheets.front(), m_plan->Drawing(), m_form.findings().model())
               : std::vector<int>());
 }
 
-void SheetDesk::showFinding(const Diagnostic &finding)
+void SheetDesk::showFinding(const PlanFinding &finding)
 {
     if (!m_plan)
         return;
-    const auto sheet = SheetOf(finding, m_plan->Drawing(), m_plan->Sheets());
+    const auto sheet = dxftools::sheetOf(finding, m_plan->Drawing(), m_plan->Sheets());
     if (!sheet)
         return;
     m_form.sheets().select({*sheet});

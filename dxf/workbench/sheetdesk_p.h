@@ -10,9 +10,10 @@
 #include <vector>
 
 class DxfToolsForm;
+struct PlanChanges;
 
 /// Keeps list, picture and findings in step with the plan, the filter and each other. While someone
-/// types, list and picture follow every key; the findings follow when the typing pauses.
+/// types, only the list follows every key; what takes longer follows when the typing pauses.
 class SheetDesk : public QObject
 {
     Q_OBJECT
@@ -27,6 +28,9 @@ public:
     [[nodiscard]] const PlanSession *plan() const { return m_plan.get(); }
     /// As they stand in the form.
     [[nodiscard]] AnalysisOptions options() const;
+    /// Tells what an export changed against the older file, in findings and picture, until other
+    /// sheets are shown.
+    void showChanges(const PlanChanges &changes);
     /// While there is no plan: what stands in its place, or the invitation to open one.
     void showInstead(const QString &text);
 
@@ -42,10 +46,13 @@ private:
     void select(const std::vector<quint32> &sheets);
     void followList();
     void showFindingsOf(const std::vector<quint32> &sheets);
-    void showFinding(const Diagnostic &finding);
+    void showFinding(const PlanFinding &finding);
     [[nodiscard]] QString whyEmpty() const;
 
     DxfToolsForm &m_form;
-    std::unique_ptr<PlanSession> m_plan;
+    std::shared_ptr<PlanSession> m_plan; ///< shared with a review that is under way
+    std::vector<PlanFinding> m_changes;  ///< of the last export, as findings
     QTimer m_reviewDue;
+    bool m_isReviewing = false;
+    bool m_isReviewStale = false; ///< plan, labels or filter changed since it began
 };

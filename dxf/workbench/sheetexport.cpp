@@ -5,6 +5,7 @@
 #include "dxf/workbench/dxftoolsform_p.h"
 #include "dxf/workbench/messageline_p.h"
 #include "dxf/workbench/panelparts_p.h"
+#include "dxf/workbench/planchanges_p.h"
 #include "dxf/workbench/sheetdesk_p.h"
 #include "dxf/workbench/sheetexport_p.h"
 #include <QDir>
@@ -13,6 +14,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <kelo_base/core/ScopedOverrideCursor.h>
+#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -61,6 +63,17 @@ QString sentenceFor(const QString &target, const FileFault &fault)
     return DxfDialogTexts::NotExported(QDir::toNativeSeparators(target), sentenceFor(fault));
 }
 
+/// Nothing where no sheets were before.
+std::optional<PlanChanges> changesIn(const QString &target, const PlanSession &plan)
+{
+    if (!QFileInfo(target).isFile())
+        return std::nullopt;
+    const Gk2Reading older = ReadGk2File(target);
+    if (!older || older.records.empty())
+        return std::nullopt;
+    return dxftools::changesAgainst(older.records, plan.Drawing(), plan.Sheets());
+}
+
 void tellResult(MessageLine &line, const QString &target, const Gk2Export &result)
 {
     const QString file = QDir::toNativeSeparators(target);
@@ -84,36 +97,39 @@ void report(QWidget *parent, qint64 written)
 
 } // namespace
 
-void ExportSheets(DxfToolsForm &form, const SheetDesk &desk)
+void dxftools::exportSheets(DxfToolsForm &form, SheetDesk &desk)
 {
     if (!desk.plan())
         return;
     const QPointer<MessageLine> line = &form.exportMessage();
     QWidget *const window = line->window();
-    const QString target =
-        askForTarget(window, desk.plan()->Path(),
-                     {DxfToolTexts::ExportFileTitle(), u"*.txt"_s, u"txt"_s});
+    const QString target = askForTarget(window, desk.plan()->Path(),
+                                        {DxfToolTexts::ExportFileTitle(), u"*.txt"_s, u"txt"_s});
     if (!line || target.isEmpty())
         return;
     Gk2Export result;
     {
         const qor::QtScopedOverrideCursor wait(Qt::WaitCursor);
+        const std::optional<PlanChanges> changes = changesIn(target, *desk.plan());
         result = desk.plan()->Export(target);
+        tellResult(*line, target, result);
+        if (result && changes) {
+            desk.showChanges(*changes);
+            line->inform(DxfDialogTexts::ExportedWithChanges(line->text(), changes->summary));
+        }
     }
-    tellResult(*line, target, result);
     if (result.outcome != Gk2Export::Outcome::IsThePlan)
         report(window, result.written);
 }
 
-void SavePicture(DxfToolsForm &form, const SheetDesk &desk)
+void dxftools::savePicture(DxfToolsForm &form, const SheetDesk &desk)
 {
     if (!desk.plan())
         return;
     const QPointer<MessageLine> line = &form.exportMessage();
-    const QString target =
-        askForTarget(line->window(), desk.plan()->Path(),
-                     {workbench::spoken(DxfDialogTexts::SavePicture()),
-                      DxfDialogTexts::PictureFiles(), u"svg"_s});
+    const QString target = askForTarget(line->window(), desk.plan()->Path(),
+                                        {workbench::spoken(DxfDialogTexts::SavePicture()),
+                                         DxfDialogTexts::PictureFiles(), u"svg"_s});
     if (!line || target.isEmpty())
         return;
     const qor::QtScopedOverrideCursor wait(Qt::WaitCursor);

@@ -149,8 +149,12 @@ void SheetPanel::showCounts()
 
 std::vector<quint32> SheetPanel::selected() const
 {
+    const QItemSelection ranges = selection().selection();
+    const bool areAll = ranges.size() == 1 && ranges.first().height() == m_model->rowCount();
+    if (areAll)
+        return m_model->sheets();
     std::vector<quint32> sheets;
-    for (const QItemSelectionRange &range : selection().selection())
+    for (const QItemSelectionRange &range : ranges)
         for (int row = range.top(); row <= range.bottom(); ++row)
             sheets.push_back(m_model->sheetAt(row));
     return sheets;
@@ -184,9 +188,8 @@ void SheetPanel::changeMarks(Change change)
 
 void SheetPanel::toggleMarks(const std::vector<quint32> &sheets)
 {
-    const auto first = std::ranges::find_if(sheets, [this](quint32 sheet) {
-        return m_model->isMarkable(m_model->rowOf(sheet));
-    });
+    const auto first = std::ranges::find_if(
+        sheets, [this](quint32 sheet) { return m_model->isMarkable(m_model->rowOf(sheet)); });
     if (first == sheets.end())
         return;
     const bool mark = !m_model->isMarked(m_model->rowOf(*first));
@@ -268,8 +271,8 @@ QStringList SheetPanel::columnWidths() const
 void SheetPanel::setColumnWidths(const QStringList &widths)
 {
     constexpr int kWidest = 2000;
-    const int columns = static_cast<int>(
-        std::min<qsizetype>(widths.size(), SheetTableModel::kColumnCount));
+    const int columns =
+        static_cast<int>(std::min<qsizetype>(widths.size(), SheetTableModel::kColumnCount));
     for (int column = 0; column < columns; ++column)
         if (const int width = widths[column].toInt(); width > 0)
             m_table->setColumnWidth(column, std::min(width, kWidest));

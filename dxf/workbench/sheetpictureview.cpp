@@ -55,6 +55,25 @@ QRectF boundsOf(const std::vector<SheetPlace> &places)
     return {low, high};
 }
 
+/// Ascending. Of a million, looking at each insert once is quicker than comparing.
+void sortSheets(std::vector<quint32> &sheets)
+{
+    constexpr std::size_t kMany = 10'000;
+    if (std::ranges::is_sorted(sheets))
+        return;
+    if (sheets.size() < kMany) {
+        std::ranges::sort(sheets);
+        return;
+    }
+    std::vector<bool> isThere(std::size_t{*std::ranges::max_element(sheets)} + 1);
+    for (const quint32 sheet : sheets)
+        isThere[sheet] = true;
+    sheets.clear();
+    for (quint32 sheet = 0; sheet < isThere.size(); ++sheet)
+        if (isThere[sheet])
+            sheets.push_back(sheet);
+}
+
 /// Sheets are what people look for; most of the room is theirs.
 bool hasRoomForLegend(double legend, double whole)
 {
@@ -86,9 +105,8 @@ void SheetPictureView::setSheets(const DxfDrawing &drawing, std::span<const quin
             m_placeOfSheet[sheet] = place;
     m_drag = Drag::None;
     setSelectedSheets({});
-    changeView([this] {
-        m_viewport.SetPicture(boundsOf(m_picture.places), detailOf(m_picture.places));
-    });
+    changeView(
+        [this] { m_viewport.SetPicture(boundsOf(m_picture.places), detailOf(m_picture.places)); });
     layOut();
 }
 
@@ -99,6 +117,11 @@ void SheetPictureView::showStates(std::span<const quint32> chosen)
     ShowSheetStates(m_picture, *m_drawing, chosen);
     m_legend = m_picture.legend;
     layOut();
+}
+
+void SheetPictureView::showNews(std::span<const ChangedSheet> changed, qint64 gone)
+{
+    ShowSheetNews(m_picture, changed, gone);
 }
 
 void SheetPictureView::clear(const QString &message)
@@ -115,8 +138,9 @@ void SheetPictureView::clear(const QString &message)
 
 void SheetPictureView::setSelectedSheets(std::vector<quint32> sheets)
 {
-    if (!std::ranges::is_sorted(sheets))
-        std::ranges::sort(sheets);
+    sortSheets(sheets);
+    if (sheets.empty() && m_selected.empty() && m_isSelected.size() == m_picture.places.size())
+        return;
     m_selected = std::move(sheets);
     m_isSelected.assign(m_picture.places.size(), false);
     for (const quint32 sheet : m_selected)
@@ -177,8 +201,8 @@ void SheetPictureView::layOut()
 
 double SheetPictureView::layOutLegend()
 {
-    return LayOutLegend(m_legend, QFontMetricsF(font()), width(),
-                        m_picture.pixelsPerUnit * m_viewport.Scale(), layoutDirection());
+    return dxftools::layOutLegend(m_legend, QFontMetricsF(font()), width(),
+                                  m_picture.pixelsPerUnit * m_viewport.Scale(), layoutDirection());
 }
 
 void SheetPictureView::repaintAll()
@@ -201,8 +225,8 @@ std::optional<std::size_t> SheetPictureView::placeAt(QPointF pos) const
     const QRectF near(point - QPointF(tolerance, tolerance), 2 * QSizeF(tolerance, tolerance));
     for (std::size_t i = m_picture.places.size(); i-- > 0;) { // the one painted last
         const SheetPlace &place = m_picture.places[i];
-        if (Touch(place.bounds, near) &&
-            IsAt(FigureOf(m_picture, place, *m_drawing), point, tolerance))
+        if (dxftools::touch(place.bounds, near) &&
+            dxftools::isAt(FigureOf(m_picture, place, *m_drawing), point, tolerance))
             return i;
     }
     return std::nullopt;
@@ -213,9 +237,9 @@ std::vector<std::size_t> SheetPictureView::placesIn(const QRectF &area) const
     std::vector<std::size_t> places;
     for (std::size_t i = 0; m_drawing && i < m_picture.places.size(); ++i) {
         const SheetPlace &place = m_picture.places[i];
-        const bool touches = Touch(place.bounds, area) &&
+        const bool touches = dxftools::touch(place.bounds, area) &&
                              (area.contains(place.bounds) ||
-                              Touches(FigureOf(m_picture, place, *m_drawing), area));
+                              dxftools::touches(FigureOf(m_picture, place, *m_drawing), area));
         if (touches)
             places.push_back(i);
     }
@@ -236,9 +260,9 @@ SheetScene SheetPictureView::sceneWith(const SheetLook &look) const
 
 bool SheetPictureView::isOnNumber(std::size_t place, QPointF pos) const
 {
-    const SheetLook look = ScreenLook(palette(), font());
-    const SheetFigure figure = FigureIn(sceneWith(look), m_picture.places[place]);
-    return MarkBoxOf(figure) && IsOnNumber(figure, pos);
+    const SheetLook look = dxftools::screenLook(palette(), font());
+    const SheetFigure figure = dxftools::figureIn(sceneWith(look), m_picture.places[place]);
+    return dxftools::markBoxOf(figure) && dxftools::isOnNumber(figure, pos);
 }
 
 const SheetPlace *SheetPictureView::placeOf(quint32 sheet) const
@@ -259,8 +283,8 @@ std::vector<quint32> SheetPictureView::sheetsAt(const std::vector<std::size_t> &
 }
 
 /// What a click with Ctrl finds selected it takes away; everything else adds, or begins anew.
-void SheetPictureView::pick(const std::vector<std::size_t> &places,
-                            Qt::KeyboardModifiers modifiers, bool isBand)
+void SheetPictureView::pick(const std::vector<std::size_t> &places, Qt::KeyboardModifiers modifiers,
+                            bool isBand)
 {
     std::vector<quint32> picked = sheetsAt(places);
     const bool hasControl = modifiers.testFlag(Qt::ControlModifier);
@@ -298,8 +322,9 @@ bool SheetPictureView::event(QEvent *event)
 bool SheetPictureView::showToolTip(const QPoint &pos, const QPoint &globalPos)
 {
     const auto place = placeAt(pos);
-    const QString text = !m_drawing ? QString() : !place ? DxfToolTexts::PictureMouseHelp()
-                                                         : toolTipOf(*place);
+    const QString text = !m_drawing ? QString()
+                         : !place   ? DxfToolTexts::PictureMouseHelp()
+                                    : toolTipOf(*place);
     if (text.isEmpty())
         QToolTip::hideText();
     else
@@ -476,10 +501,10 @@ void SheetPictureView::paintEvent(QPaintEvent *)
 
 void SheetPictureView::paintPicture(QPainter &painter)
 {
-    const SheetLook look = ScreenLook(palette(), font());
+    const SheetLook look = dxftools::screenLook(palette(), font());
     painter.setClipRect(canvas());
     if (m_drawing)
-        PaintScene(painter, sceneWith(look));
+        dxftools::paintScene(painter, sceneWith(look));
     else
         painter.fillRect(canvas(), look.page);
     painter.setClipping(false);
@@ -491,7 +516,7 @@ void SheetPictureView::paintPicture(QPainter &painter)
     painter.translate(strip.topLeft());
     painter.setFont(font());
     layOutLegend(); // the scale bar follows the zoom
-    PaintLegend(painter, m_legend, look, layoutDirection());
+    dxftools::paintLegend(painter, m_legend, look, layoutDirection());
 }
 
 void SheetPictureView::paintMessage(QPainter &painter) const

@@ -17,9 +17,10 @@
 /// The picture of the sheets, to zoom, pan, choose and mark in.
 ///
 /// Mouse: the wheel zooms about the pointer, dragging moves the picture. A click picks what is
-/// there, on the number it marks; with Ctrl it adds or takes away, with Shift it adds. Dragging with
-/// Shift picks all that the rectangle touches, with Ctrl too it adds them. A double click shows the
-/// sheet closely, or all where no sheet is. Keys: arrows, + and -, Home or 0 for all, Space marks.
+/// there, on the number it marks; with Ctrl it adds or takes away, with Shift it adds. Dragging
+/// with Shift picks all that the rectangle touches, with Ctrl too it adds them. A double click
+/// shows the sheet closely, or all where no sheet is. Keys: arrows, + and -, Home or 0 for all,
+/// Space marks.
 class SheetPictureView : public QWidget
 {
     Q_OBJECT
@@ -34,6 +35,8 @@ public:
                    const QString &title);
     /// Shows which of the sheets are chosen and marked; the others are fainter.
     void showStates(std::span<const quint32> chosen);
+    /// Shows what changed against an older file, until other sheets are set.
+    void showNews(std::span<const ChangedSheet> changed, qint64 gone);
     /// @param message  one sentence to show instead of a picture
     void clear(const QString &message = {});
     /// What is shown, as a page to save.
@@ -91,8 +94,7 @@ private:
     /// The place of a sheet; null when it has none.
     [[nodiscard]] const SheetPlace *placeOf(quint32 sheet) const;
     [[nodiscard]] std::vector<quint32> sheetsAt(const std::vector<std::size_t> &places) const;
-    void pick(const std::vector<std::size_t> &places, Qt::KeyboardModifiers modifiers,
-              bool isBand);
+    void pick(const std::vector<std::size_t> &places, Qt::KeyboardModifiers modifiers, bool isBand);
     void click(Qt::KeyboardModifiers modifiers);
     void updateCursor(QPointF pos);
     [[nodiscard]] QString toolTipOf(std::size_t place) const;

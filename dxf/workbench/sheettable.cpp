@@ -108,7 +108,8 @@ int SheetTable::usualWidth(int column) const
     case SheetTableModel::BlockColumn:
         return 12 * character;
     default: // corners as most countries measure them
-        return fontMetrics().horizontalAdvance(u"4468211,37 5318402,76 \u2013 4468805,37 5318823,26"_s) +
+        return fontMetrics().horizontalAdvance(
+                   u"4468211,37 5318402,76 \u2013 4468805,37 5318823,26"_s) +
                2 * character;
     }
 }

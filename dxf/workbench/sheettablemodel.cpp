@@ -19,26 +19,26 @@ constexpr qsizetype kWhole = 10'000; ///< and where all of it is wanted
 
 bool hasNumber(const DxfDrawing &drawing, const DxfInsert &insert)
 {
-    return SheetNumberAttribute(drawing, insert).has_value();
+    return dxftools::sheetNumberAttribute(drawing, insert).has_value();
 }
 
-qint64 countMarked(const DxfDrawing &drawing, const std::vector<quint32> &sheets)
+std::vector<bool> findNumbered(const DxfDrawing *drawing)
 {
-    return std::ranges::count_if(sheets, [&](quint32 sheet) {
-        const DxfInsert &insert = drawing.Inserts()[sheet];
-        return insert.exportMark && hasNumber(drawing, insert);
-    });
+    std::vector<bool> isNumbered(drawing ? drawing->Inserts().size() : 0);
+    for (std::size_t i = 0; i < isNumbered.size(); ++i)
+        isNumbered[i] = hasNumber(*drawing, drawing->Inserts()[i]);
+    return isNumbered;
 }
 
 std::vector<quint32> allSheetsBy(int column, const DxfDrawing &drawing)
 {
     switch (column) {
     case SheetTableModel::ValueColumn:
-        return SheetsByValue(drawing);
+        return dxftools::sheetsByValue(drawing);
     case SheetTableModel::BlockColumn:
-        return SheetsByBlock(drawing);
+        return dxftools::sheetsByBlock(drawing);
     default:
-        return SheetsByCorners(drawing);
+        return dxftools::sheetsByCorners(drawing);
     }
 }
 
@@ -64,6 +64,7 @@ void SheetTableModel::setDrawing(DxfDrawing *drawing)
 {
     m_all = {};
     m_drawing = drawing;
+    m_isNumbered = findNumbered(drawing);
     setSheets({});
 }
 
@@ -71,9 +72,16 @@ void SheetTableModel::setSheets(std::vector<quint32> sheets)
 {
     beginResetModel();
     m_sheets = m_drawing ? std::move(sheets) : std::vector<quint32>();
-    m_marked = m_drawing ? countMarked(*m_drawing, m_sheets) : 0;
+    m_marked = countMarked();
     arrange();
     endResetModel();
+}
+
+qint64 SheetTableModel::countMarked() const
+{
+    return std::ranges::count_if(m_sheets, [this](quint32 sheet) {
+        return m_isNumbered[sheet] && m_drawing->Inserts()[sheet].exportMark;
+    });
 }
 
 void SheetTableModel::arrange()
@@ -126,7 +134,7 @@ void SheetTableModel::setAllMarks(bool mark)
         return;
     for (const quint32 sheet : m_sheets)
         m_drawing->SetExportMark(sheet, mark);
-    m_marked = countMarked(*m_drawing, m_sheets);
+    m_marked = countMarked();
     emit dataChanged(index(0, NumberColumn), index(rowCount() - 1, NumberColumn),
                      {Qt::CheckStateRole});
     emit marksChanged();
@@ -196,7 +204,7 @@ QString SheetTableModel::textOf(const DxfInsert &insert, int column, qsizetype m
         const QString text = m_drawing->DisplayText(bytes);
         return text.size() <= most ? text : text.left(most - 1) + QChar(0x2026);
     };
-    const auto number = SheetNumberAttribute(*m_drawing, insert);
+    const auto number = dxftools::sheetNumberAttribute(*m_drawing, insert);
     switch (column) {
     case NumberColumn: {
         const qint64 sorted = number ? SheetNumber(*number) : -1;
@@ -207,14 +215,15 @@ QString SheetTableModel::textOf(const DxfInsert &insert, int column, qsizetype m
     case BlockColumn:
         return shown(m_drawing->ShownBlockName(insert));
     default:
-        return CornersText(CornersOf(*m_drawing, *m_drawing->BlockOf(insert)));
+        return dxftools::cornersText(CornersOf(*m_drawing, *m_drawing->BlockOf(insert)));
     }
 }
 
 QString SheetTableModel::toolTipOf(const DxfInsert &insert, int column) const
 {
     if (column == CornersColumn)
-        return CornerLines(CornersOf(*m_drawing, *m_drawing->BlockOf(insert))).join(u'\n');
+        return dxftools::cornerLines(CornersOf(*m_drawing, *m_drawing->BlockOf(insert)))
+            .join(u'\n');
     const bool isOfNumber = column == NumberColumn || column == ValueColumn;
     return isOfNumber && !hasNumber(*m_drawing, insert)
                ? tr("Not exported: the block insert has no sheet number")

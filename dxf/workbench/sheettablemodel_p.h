@@ -70,12 +70,14 @@ private:
     [[nodiscard]] const std::vector<quint32> &ascending() const;
     [[nodiscard]] int rowOfPosition(std::size_t position) const;
     [[nodiscard]] bool isSortedApart() const { return m_column > NumberColumn; }
+    [[nodiscard]] qint64 countMarked() const;
     void arrange();
     [[nodiscard]] QString textOf(const DxfInsert &insert, int column, qsizetype most) const;
     [[nodiscard]] QString toolTipOf(const DxfInsert &insert, int column) const;
 
     DxfDrawing *m_drawing = nullptr;
-    int m_column = -1; ///< sorted by; the number's ascending order is the export's
+    std::vector<bool> m_isNumbered; ///< of each insert
+    int m_column = -1;              ///< sorted by; the number's ascending order is the export's
     Qt::SortOrder m_order = Qt::AscendingOrder;
     qint64 m_marked = 0;
     std::vector<quint32> m_sheets; ///< export order

@@ -35,13 +35,6 @@
     </message>
 </context>
 <context>
-    <name>DiagnosticModel</name>
-    <message>
-        <source>Line %1: %2</source>
-        <translation>Zeile %1: %2</translation>
-    </message>
-</context>
-<context>
     <name>DxfReader</name>
     <message>
         <source>The file ends in the middle of a pair of lines</source>
@@ -435,6 +428,22 @@
         <source>%1 - not included</source>
         <translation>%1 – nicht einbezogen</translation>
     </message>
+    <message>
+        <source>new: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>moved: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>renamed: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>gone: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>DxfToolsDialog</name>
@@ -710,6 +719,38 @@
         <source>Copy as Table</source>
         <translation>Als Tabelle kopieren</translation>
     </message>
+    <message>
+        <source>Sheet &apos;%1&apos; is new</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; is not in the file any more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; has moved by %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; has another number of corners</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; is now called &apos;%2&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>nothing changed against the older file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>against the older file: %1 new, %2 gone, %3 moved, %4 renamed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 - %2</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>DxfWorkbench</name>
@@ -819,6 +860,13 @@
     <message>
         <source>Screen</source>
         <translation>Bildschirm</translation>
+    </message>
+</context>
+<context>
+    <name>FindingModel</name>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
     </message>
 </context>
 <context>

@@ -26,7 +26,7 @@ PlanPairs planOf(const QByteArray &blocks, const QByteArray &entities)
     return pairsOf(kHead + blocks + kMiddle + entities + kTail);
 }
 
-DxfReadResult read(const QByteArray &bytes, const ReadProgress &progress = {})
+DxfReadResult read(const QByteArray &bytes, const PlanProgress &progress = {})
 {
     QBuffer buffer;
     buffer.setData(bytes);
@@ -108,7 +108,7 @@ void TestDxfReader::understands()
         const DxfReadResult result = read(asciiPlan(pairs));
         QVERIFY2(answerOf(result) == drawing, name + (": " + answerOf(result)));
         QByteArrayList warnings;
-        for (const Diagnostic &told : result.diagnostics)
+        for (const PlanFinding &told : result.diagnostics)
             warnings << QByteArray::number(told.line) + ": " + told.text.toUtf8();
         QVERIFY2(warnings.join('\n') == warning, name + (": " + warnings.join('\n')));
         QVERIFY(warnings.empty() || result.diagnostics.front().file == u"plan.dxf"_s);

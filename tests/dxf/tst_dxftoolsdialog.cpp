@@ -3,7 +3,7 @@
 #include "dxf/workbench/dxfdialogtexts_p.h"
 #include "dxf/workbench/messageline_p.h"
 #include "dxf/workbench/panelparts_p.h"
-#include "dxf/workbench/readingprogress_p.h"
+#include "dxf/workbench/readingbar_p.h"
 #include "dxf/workbench/sheetpictureview_p.h"
 #include "dxf/workbench/sheettablemodel_p.h"
 #include "tests/support/PlanPairs.h"
@@ -105,9 +105,9 @@ struct Bench
     /// Does this as soon as the progress is shown.
     void whileReading(const std::function<void()> &action) const
     {
-        auto *progress = dialog->findChild<ReadingProgress *>();
+        auto *progress = dialog->findChild<ReadingBar *>();
         progress->setPace({.shownAfter = 0, .eventsEvery = 0});
-        QObject::connect(progress, &ReadingProgress::becameLong, qApp,
+        QObject::connect(progress, &ReadingBar::becameLong, qApp,
                          [action] { QTimer::singleShot(0, qApp, action); });
     }
 
@@ -170,6 +170,8 @@ private slots:
     void tellsScreenReadersWhatIsWhat();
     void keepsItsLayoutWhileReading();
     void writesQuietlyButReadably();
+    void tellsWhatAnExportChanged();
+    void appliesInsertPositions();
 };
 
 void TestDxfToolsDialog::exportsWhatIsChosenAndMarked()
@@ -250,7 +252,7 @@ void TestDxfToolsDialog::keepsThePlaceOfTheKeyboard()
     const Bench bench;
     bench.put("large.dxf", kLargePlan);
     bench.dialog->activateWindow();
-    auto *progress = bench.dialog->findChild<ReadingProgress *>();
+    auto *progress = bench.dialog->findChild<ReadingBar *>();
     progress->setPace({.shownAfter = 0, .eventsEvery = 0});
     bench.read("large.dxf"); // gives the focus back to the first button
     progress->setPace({});
@@ -607,8 +609,8 @@ void TestDxfToolsDialog::tellsScreenReadersWhatIsWhat()
     bench.find<QGroupBox>("grpExclude")->setChecked(true);
     QMap<QString, const QWidget *> owners;
     for (QWidget *widget : bench.dialog->findChildren<QWidget *>()) {
-        const bool isReached = widget->focusPolicy() & Qt::TabFocus && widget->isVisible() &&
-                               !widget->focusProxy();
+        const bool isReached =
+            widget->focusPolicy() & Qt::TabFocus && widget->isVisible() && !widget->focusProxy();
         if (!isReached)
             continue;
         const QString name = QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
@@ -650,8 +652,10 @@ void TestDxfToolsDialog::keepsItsLayoutWhileReading()
 
 void TestDxfToolsDialog::writesQuietlyButReadably()
 {
-    for (const auto &[ink, ground] : {std::pair(Qt::black, Qt::white), {Qt::white, Qt::black},
-                                      {Qt::darkBlue, Qt::yellow}, {Qt::lightGray, Qt::darkGray}}) {
+    for (const auto &[ink, ground] : {std::pair(Qt::black, Qt::white),
+                                      {Qt::white, Qt::black},
+                                      {Qt::darkBlue, Qt::yellow},
+                                      {Qt::lightGray, Qt::darkGray}}) {
         QPalette palette;
         palette.setColor(QPalette::Text, ink);
         palette.setColor(QPalette::Base, ground);
@@ -664,6 +668,48 @@ void TestDxfToolsDialog::writesQuietlyButReadably()
     const auto *hint = bench.list->viewport()->findChild<QLabel *>();
     QVERIFY(workbench::contrast(hint->palette().color(hint->foregroundRole()),
                                 bench.list->palette().color(QPalette::Base)) >= 4.5);
+}
+
+void TestDxfToolsDialog::tellsWhatAnExportChanged()
+{
+    const Bench bench;
+    bench.read();
+    bench.put("older.txt", "GK2\r\n\r\n2\r\n" + kCorners + "\r\n3\r\n   0,00        0,00    \r\n" +
+                               "\r\n9\r\n   5,00        5,00    \r\n");
+    const Answers answers(bench.file("older.txt"));
+    bench.press("btnExportAsGK2");
+    QVERIFY(bench.said("exportMessage").contains(u"4 sheets written"_s));
+    QVERIFY(bench.said("exportMessage").contains(u"2 new, 1 gone, 1 moved, 0 renamed"_s));
+    const auto *findings = bench.find<QListView>("findingList")->model();
+    QStringList texts;
+    for (int row = 0; row < findings->rowCount(); ++row)
+        texts << findings->index(row, 0).data().toString();
+    QVERIFY(texts.filter(u"Sheet '10' is new"_s).size() == 1);
+    QVERIFY(texts.filter(u"Sheet '9' is not in the file any more"_s).size() == 1);
+    bench.list->selectRow(3); // 10, which leads to what is said of it
+    QCOMPARE(bench.find<QListView>("findingList")->selectionModel()->selectedIndexes().size(), 1);
+    bench.press("btnExportAsGK2"); // onto what was just written
+    QVERIFY(bench.said("exportMessage").contains(u"nothing changed"_s));
+    bench.put("foreign.txt", "no sheets");
+    const Answers onto(bench.file("foreign.txt"));
+    bench.press("btnExportAsGK2");
+    QVERIFY(!bench.said("exportMessage").contains(u"changed"_s));
+}
+
+void TestDxfToolsDialog::appliesInsertPositions()
+{
+    const Bench bench(planOf({"0 INSERT|2 A|66 1|10 100|20 200|0 ATTRIB|1 1|2 BL_NR|0 SEQEND"}));
+    bench.read();
+    const auto corners = [&] {
+        return bench.list->model()->index(0, SheetTableModel::CornersColumn).data().toString();
+    };
+    QVERIFY(corners().startsWith(u"0,00 2,00"_s));
+    bench.list->selectRow(0);
+    bench.press("chkApplyInsertPosition");
+    QVERIFY(corners().startsWith(u"100,00 202,00"_s));
+    QCOMPARE(bench.sheets(), u"[1]"_s);
+    bench.press("chkApplyInsertPosition");
+    QVERIFY(corners().startsWith(u"0,00 2,00"_s));
 }
 
 QTEST_MAIN(TestDxfToolsDialog)

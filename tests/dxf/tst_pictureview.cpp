@@ -156,14 +156,14 @@ void TestPictureView::findsFigures()
         figureOf(QPolygonF(QList<QPointF>{{60, 5}}))};
     const auto at = [&](double x, double y) {
         for (int i = static_cast<int>(figures.size()); i-- > 0;)
-            if (IsAt(figures[static_cast<std::size_t>(i)], {x, y}, 1))
+            if (dxftools::isAt(figures[static_cast<std::size_t>(i)], {x, y}, 1))
                 return i;
         return 99;
     };
     const auto in = [&](const QRectF &area) {
         std::vector<std::size_t> touched;
         for (std::size_t i = 0; i < figures.size(); ++i)
-            if (Touches(figures[i], area))
+            if (dxftools::touches(figures[i], area))
                 touched.push_back(i);
         return touched;
     };

@@ -248,15 +248,15 @@ void TestPlacing::tellsOfPositionsThatDoNotCount()
     const auto analysis = AnalyzeSheets(plan.drawing, {}, CornerOrder::Upright, u"plan.dxf"_s);
     QCOMPARE(analysis->diagnostics.size(), static_cast<std::size_t>(notes.size()));
     for (qsizetype i = 0; i < notes.size(); ++i) {
-        const Diagnostic &told = analysis->diagnostics[static_cast<std::size_t>(i)];
+        const PlanFinding &told = analysis->diagnostics[static_cast<std::size_t>(i)];
         QVERIFY2(told.text.startsWith(notes[i]), qPrintable(told.text));
         QVERIFY2(told.text.contains("(--placed)"_L1), qPrintable(told.text));
-        QCOMPARE(told.severity, Severity::Note);
+        QCOMPARE(told.severity, PlanFinding::Severity::Note);
     }
     QCOMPARE(analysis->warnings, 0);
     PlacingResult placed = PlaceInserts(plan.drawing);
     const auto again = AnalyzeSheets(placed.drawing, {}, CornerOrder::Upright, u"plan.dxf"_s);
-    for (const Diagnostic &told : again->diagnostics)
+    for (const PlanFinding &told : again->diagnostics)
         QVERIFY2(!told.text.contains("--placed"_L1), qPrintable(told.text));
 }
 
@@ -280,7 +280,7 @@ void TestPlacing::sharesNothingThatSheetsWouldLose()
                  drawing.BlockOf(drawing.Inserts()[i]) != nullptr);
     }
     const auto analysis = AnalyzeSheets(placed.drawing, {}, CornerOrder::Upright, {});
-    const auto isOfFrames = [](const Diagnostic &d) { return d.text.startsWith("Rectangle"_L1); };
+    const auto isOfFrames = [](const PlanFinding &d) { return d.text.startsWith("Rectangle"_L1); };
     QCOMPARE(std::ranges::count_if(analysis->diagnostics, isOfFrames), 1);
     QCOMPARE(analysis->sheets.size(), 4U);
 }

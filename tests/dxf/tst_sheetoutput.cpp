@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <kelo_base/dxf/Gk2Writer.h>
 #include <kelo_base/dxf/RoutingTilesRevisor.h>
+#include <kelo_base/dxf/SheetAnalysis.h>
 #include <kelo_base/dxf/SheetPreview.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -208,7 +209,8 @@ void TestSheetOutput::showsWhatIsWrongWithSheets()
     const Drawn picture = pictureOf(plan);
     // Sheets of one block are one figure.
     QVERIFY(picture.figures.size() == 3 && picture.figures[0].number == u"1, 3"_s);
-    QVERIFY(picture.figures[1].kind == SheetKind::Unlabelled && picture.figures[1].outlines.size() == 2);
+    QVERIFY(picture.figures[1].kind == SheetKind::Unlabelled &&
+            picture.figures[1].outlines.size() == 2);
     QCOMPARE(picture.figures[2].kind, SheetKind::Unnumbered);
     const auto isInLegend = [&](const QString &text) {
         return std::ranges::find(picture.legend, text, &LegendEntry::text) != picture.legend.end();

@@ -40,7 +40,7 @@ QString labelsOf(const Points &points, bool closed = true, CornerOrder order = C
 QStringList told(const SheetAnalysis &analysis)
 {
     QStringList lines;
-    for (const Diagnostic &diagnostic : analysis.diagnostics)
+    for (const PlanFinding &diagnostic : analysis.diagnostics)
         lines << u"%1 [%2] %3"_s.arg(QString::number(diagnostic.line), diagnostic.subject,
                                      diagnostic.text);
     return lines;

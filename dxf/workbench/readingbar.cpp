@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Shows how far long work has come, and lets the window live meanwhile.
 #include "dxf/workbench/dxfdialogtexts_p.h"
-#include "dxf/workbench/readingprogress_p.h"
+#include "dxf/workbench/readingbar_p.h"
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
@@ -13,7 +13,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-ReadingProgress::ReadingProgress(QWidget *parent)
+ReadingBar::ReadingBar(QWidget *parent)
     : QWidget(parent),
       m_step(new QLabel),
       m_left(new QLabel),
@@ -31,10 +31,10 @@ ReadingProgress::ReadingProgress(QWidget *parent)
     grid->addWidget(m_bar, 1, 0, 1, 2);
     grid->addWidget(m_cancel, 1, 2);
     grid->setColumnStretch(0, 1);
-    connect(m_cancel, &QPushButton::clicked, this, &ReadingProgress::cancel);
+    connect(m_cancel, &QPushButton::clicked, this, &ReadingBar::cancel);
 }
 
-void ReadingProgress::begin()
+void ReadingBar::begin()
 {
     m_isCancelled = false;
     m_isLong = false;
@@ -42,7 +42,7 @@ void ReadingProgress::begin()
     m_time.start();
 }
 
-void ReadingProgress::beginStep(const QString &title, Unit unit)
+void ReadingBar::beginStep(const QString &title, Unit unit)
 {
     m_title = title;
     m_step->setText(title);
@@ -54,11 +54,11 @@ void ReadingProgress::beginStep(const QString &title, Unit unit)
     m_bar->setAccessibleName(title);
 }
 
-bool ReadingProgress::advance(qint64 done, qint64 total)
+bool ReadingBar::advance(qint64 done, qint64 total)
 {
     if (m_isCancelled || m_time.elapsed() < m_nextEvents)
         return !m_isCancelled;
-    const QPointer<ReadingProgress> alive(this);
+    const QPointer<ReadingBar> alive(this);
     if (!m_isLong && m_time.elapsed() >= m_pace.shownAfter) {
         m_isLong = true;
         emit becameLong();
@@ -74,7 +74,7 @@ bool ReadingProgress::advance(qint64 done, qint64 total)
     return !m_isCancelled;
 }
 
-void ReadingProgress::showState(qint64 done, qint64 total)
+void ReadingBar::showState(qint64 done, qint64 total)
 {
     constexpr int kSteps = 1000;
     m_step->setText(fontMetrics().elidedText(m_title, Qt::ElideMiddle, m_step->width()));

@@ -3,40 +3,44 @@
 #pragma once
 
 #include <QAbstractListModel>
-#include <kelo_base/dxf/Diagnostic.h>
 #include <kelo_base/dxf/DxfDrawing.h>
+#include <kelo_base/dxf/PlanFinding.h>
 #include <optional>
 #include <span>
 #include <vector>
 
 /// "Line 12: ..." for each, in the order given.
-class DiagnosticModel : public QAbstractListModel
+class FindingModel : public QAbstractListModel
 {
     Q_OBJECT
 
 public:
     static constexpr int kSeverityRole = Qt::UserRole; ///< a Severity as int
 
-    explicit DiagnosticModel(QObject *parent = nullptr) : QAbstractListModel(parent) {}
+    explicit FindingModel(QObject *parent = nullptr) : QAbstractListModel(parent) {}
 
     /// Replaces all rows (a model reset).
-    void setDiagnostics(std::vector<Diagnostic> diagnostics);
+    void setFindings(std::vector<PlanFinding> diagnostics);
     /// The one in a row that exists.
-    [[nodiscard]] const Diagnostic &diagnosticAt(int row) const;
+    [[nodiscard]] const PlanFinding &findingAt(int row) const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex &index, int role) const override;
 
 private:
-    std::vector<Diagnostic> m_diagnostics;
+    std::vector<PlanFinding> m_diagnostics;
 };
+
+namespace dxftools {
 
 /// The sheet to look at: the one whose insert the diagnostic means, else the first that uses the
 /// block that it means. Nothing when none of the sheets is concerned.
 /// @param sheets  those shown, in export order
 [[nodiscard]] std::optional<quint32>
-SheetOf(const Diagnostic &diagnostic, const DxfDrawing &drawing, std::span<const quint32> sheets);
+sheetOf(const PlanFinding &diagnostic, const DxfDrawing &drawing, std::span<const quint32> sheets);
 
 /// The rows of the findings that mean a sheet's insert or its block.
-[[nodiscard]] std::vector<int> FindingsOf(quint32 sheet, const DxfDrawing &drawing,
-                                          const DiagnosticModel &findings);
+[[nodiscard]] std::vector<int> findingsOf(quint32 sheet, const DxfDrawing &drawing,
+                                          const FindingModel &findings);
+
+} // namespace dxftools

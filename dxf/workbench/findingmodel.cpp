@@ -1,30 +1,30 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What a user should know about a plan, as a list, and the way from there to the sheets.
-#include "dxf/workbench/diagnosticmodel_p.h"
+#include "dxf/workbench/findingmodel_p.h"
 #include <algorithm>
 
-void DiagnosticModel::setDiagnostics(std::vector<Diagnostic> diagnostics)
+void FindingModel::setFindings(std::vector<PlanFinding> diagnostics)
 {
     beginResetModel();
     m_diagnostics = std::move(diagnostics);
     endResetModel();
 }
 
-const Diagnostic &DiagnosticModel::diagnosticAt(int row) const
+const PlanFinding &FindingModel::findingAt(int row) const
 {
     return m_diagnostics[static_cast<std::size_t>(row)];
 }
 
-int DiagnosticModel::rowCount(const QModelIndex &parent) const
+int FindingModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_diagnostics.size());
 }
 
-QVariant DiagnosticModel::data(const QModelIndex &index, int role) const
+QVariant FindingModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const Diagnostic &diagnostic = diagnosticAt(index.row());
+    const PlanFinding &diagnostic = findingAt(index.row());
     switch (role) {
     case Qt::DisplayRole:
         return diagnostic.line > 0
@@ -40,15 +40,15 @@ QVariant DiagnosticModel::data(const QModelIndex &index, int role) const
 namespace {
 
 /// Where a finding is, as blocks and inserts tell it; 0 when it is about all of the plan.
-qint64 placeOf(const Diagnostic &diagnostic, const DxfDrawing &drawing)
+qint64 placeOf(const PlanFinding &diagnostic, const DxfDrawing &drawing)
 {
     return drawing.IsBinary() ? diagnostic.offset : diagnostic.line;
 }
 
 } // namespace
 
-std::optional<quint32> SheetOf(const Diagnostic &diagnostic, const DxfDrawing &drawing,
-                               std::span<const quint32> sheets)
+std::optional<quint32> dxftools::sheetOf(const PlanFinding &diagnostic, const DxfDrawing &drawing,
+                                         std::span<const quint32> sheets)
 {
     const qint64 place = placeOf(diagnostic, drawing);
     if (place <= 0)
@@ -67,14 +67,14 @@ std::optional<quint32> SheetOf(const Diagnostic &diagnostic, const DxfDrawing &d
     return found == sheets.end() ? std::nullopt : std::optional(*found);
 }
 
-std::vector<int> FindingsOf(quint32 sheet, const DxfDrawing &drawing,
-                            const DiagnosticModel &findings)
+std::vector<int> dxftools::findingsOf(quint32 sheet, const DxfDrawing &drawing,
+                                      const FindingModel &findings)
 {
     const DxfInsert &insert = drawing.Inserts()[sheet];
     const DxfBlock *block = drawing.BlockOf(insert);
     std::vector<int> rows;
     for (int row = 0; row < findings.rowCount(); ++row) {
-        const qint64 place = placeOf(findings.diagnosticAt(row), drawing);
+        const qint64 place = placeOf(findings.findingAt(row), drawing);
         if (place > 0 && (place == insert.line || (block && place == block->line)))
             rows.push_back(row);
     }

@@ -12,7 +12,7 @@ class QPushButton;
 
 /// A bar with the time left and a button to cancel. The work runs in the GUI thread and reports
 /// here; events are handled in between.
-class ReadingProgress : public QWidget
+class ReadingBar : public QWidget
 {
     Q_OBJECT
 
@@ -24,7 +24,7 @@ public:
     };
     enum class Unit { Bytes, Items };
 
-    explicit ReadingProgress(QWidget *parent = nullptr);
+    explicit ReadingBar(QWidget *parent = nullptr);
 
     void setPace(Pace pace) { m_pace = pace; }
     /// A new work; nothing is shown yet.

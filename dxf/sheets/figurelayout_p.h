@@ -6,17 +6,21 @@
 
 inline constexpr double kCharacterWidth = 0.62; ///< of a text's height, on average
 
+namespace dxftools {
+
 /// Moves all points of the figure, then scales them, then moves them to the origin. The number is
 /// left behind.
-void MoveFigure(SheetFigure &figure, QPointF shift, double scale, QPointF origin);
+void moveFigure(SheetFigure &figure, QPointF shift, double scale, QPointF origin);
 
 /// Smaller numbers cannot be read in a picture, in pixels of the page.
-[[nodiscard]] double LeastTextHeight(const SheetPicture &picture);
+[[nodiscard]] double leastTextHeight(const SheetPicture &picture);
 
 /// Direction and size of the number: along the frame's lower edge, never upside down.
 /// @param least, most  its height in pixels; one that has to be smaller is not written
 /// @param beside  room for something beside it, in characters
-void PlaceNumber(SheetFigure &figure, double least, double most, double beside = 0);
+void placeNumber(SheetFigure &figure, double least, double most, double beside = 0);
 
 /// The longest of 1, 2, 5, 10, ... that is not longer than @p most, which is above 0.
-[[nodiscard]] double RoundLength(double most);
+[[nodiscard]] double roundLength(double most);
+
+} // namespace dxftools
