@@ -35,6 +35,91 @@
     </message>
 </context>
 <context>
+    <name>DatabaseDocuments</name>
+    <message>
+        <source>The value &quot;%1&quot; is of a type that cannot be kept.</source>
+        <translation>Der Wert „%1“ ist von einer Art, die sich nicht aufbewahren lässt.</translation>
+    </message>
+</context>
+<context>
+    <name>DatabaseSession</name>
+    <message>
+        <source>The tables of &quot;%1&quot; in the database %2 are those of a later version. They were left alone.</source>
+        <translation>Die Tabellen von „%1“ in der Datenbank %2 sind die einer späteren Version. Sie wurden nicht angerührt.</translation>
+    </message>
+    <message>
+        <source>The tables of &quot;%1&quot; in the database %2 cannot be brought to their present form.</source>
+        <translation>Die Tabellen von „%1“ in der Datenbank %2 lassen sich nicht auf ihren heutigen Stand bringen.</translation>
+    </message>
+    <message>
+        <source>The database %1 refused: %2</source>
+        <translation>Die Datenbank %1 hat abgelehnt: %2</translation>
+    </message>
+    <message>
+        <source>The database %1 cannot be opened: %2</source>
+        <translation>Die Datenbank %1 lässt sich nicht öffnen: %2</translation>
+    </message>
+    <message>
+        <source>the file is damaged, and another program is setting it aside</source>
+        <translation>die Datei ist beschädigt, und ein anderes Programm legt sie gerade beiseite</translation>
+    </message>
+    <message>
+        <source>the file is damaged and cannot be renamed</source>
+        <translation>die Datei ist beschädigt und lässt sich nicht umbenennen</translation>
+    </message>
+    <message>
+        <source>The database %1 was damaged. It is kept as %2, and a new one was begun.</source>
+        <translation>Die Datenbank %1 war beschädigt. Sie ist als %2 aufbewahrt, und eine neue wurde begonnen.</translation>
+    </message>
+    <message>
+        <source>The database %1 is closed.</source>
+        <translation>Die Datenbank %1 ist geschlossen.</translation>
+    </message>
+    <message>
+        <source>The database %1 was closed while it was being changed; nothing was changed.</source>
+        <translation>Die Datenbank %1 wurde während einer Änderung geschlossen; nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>The database %1 was closed while it was being read.</source>
+        <translation>Die Datenbank %1 wurde während des Lesens geschlossen.</translation>
+    </message>
+    <message>
+        <source>The database %1 is in use by others at the moment.</source>
+        <translation>Die Datenbank %1 wird im Augenblick von anderen benutzt.</translation>
+    </message>
+    <message>
+        <source>The connection to the database %1 was lost.</source>
+        <translation>Die Verbindung zur Datenbank %1 ging verloren.</translation>
+    </message>
+    <message>
+        <source>The database %1 is damaged.</source>
+        <translation>Die Datenbank %1 ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>There is no room left for the database %1.</source>
+        <translation>Für die Datenbank %1 ist kein Platz mehr.</translation>
+    </message>
+    <message>
+        <source>The database %1 cannot be written.</source>
+        <translation>Die Datenbank %1 lässt sich nicht schreiben.</translation>
+    </message>
+</context>
+<context>
+    <name>DatabaseTable</name>
+    <message>
+        <source>%1 cannot hold the value.</source>
+        <translation>%1 kann den Wert nicht aufnehmen.</translation>
+    </message>
+    <message>
+        <source>%1 holds a value of another type.</source>
+        <translation>%1 enthält einen Wert anderer Art.</translation>
+    </message>
+    <message>
+        <source>The description of the table %1 is wrong.</source>
+        <translation>Die Beschreibung der Tabelle %1 ist falsch.</translation>
+    </message>
+</context>
+<context>
     <name>DxfReader</name>
     <message>
         <source>The file ends in the middle of a pair of lines</source>
@@ -870,6 +955,13 @@
     </message>
 </context>
 <context>
+    <name>LinkedObjects</name>
+    <message>
+        <source>A link lacks its object or a finite number.</source>
+        <translation>Einer Verknüpfung fehlt das Objekt oder eine endliche Zahl.</translation>
+    </message>
+</context>
+<context>
     <name>OfferModel</name>
     <message>
         <source>%1 (1 insert)</source>
@@ -896,13 +988,17 @@
 Commands: &quot;goto X Y [NORTH [HEIGHT]]&quot;, &quot;find OBJECT&quot;, test, &quot;integer N&quot;,
 &quot;raw NAME PARAMETERS&quot;; with the word front behind it, the viewer shall come to the front.
 Without commands it listens. Example:
-  partner-sim /tmp/exchange &quot;goto 3500000 5800000 0 250&quot; &quot;find ABC front&quot;</source>
+  partner-sim /tmp/exchange &quot;goto 3500000 5800000 0 250&quot; &quot;find ABC front&quot;
+
+Exits with 0 when all was accepted, 1 after refusal or silence, 2 when it cannot start.</source>
         <translation>Spielt das Partnerprogramm: sendet Befehle an den Betrachter und gibt aus, was es empfängt.
 
 Befehle: &quot;goto X Y [NORTH [HEIGHT]]&quot;, &quot;find OBJECT&quot;, test, &quot;integer N&quot;,
 &quot;raw NAME PARAMETERS&quot;; mit dem Wort front dahinter soll der Betrachter nach vorn kommen.
 Ohne Befehle empfängt es nur. Beispiel:
-  partner-sim /tmp/exchange &quot;goto 3500000 5800000 0 250&quot; &quot;find ABC front&quot;</translation>
+  partner-sim /tmp/exchange &quot;goto 3500000 5800000 0 250&quot; &quot;find ABC front&quot;
+
+Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, wenn es nicht beginnen kann.</translation>
     </message>
     <message>
         <source>%1 (--help explains)</source>
@@ -959,6 +1055,18 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>there is no exchange directory</source>
         <translation>das Austauschverzeichnis gibt es nicht</translation>
+    </message>
+    <message>
+        <source>a sender has 1 to 64 of A-Z a-z 0-9 . _ -</source>
+        <translation>ein Absender hat 1 bis 64 der Zeichen A-Z a-z 0-9 . _ -</translation>
+    </message>
+    <message>
+        <source>milliseconds are whole numbers from 1 on</source>
+        <translation>Millisekunden sind ganze Zahlen ab 1</translation>
+    </message>
+    <message>
+        <source>cannot write &apos;%1&apos;</source>
+        <translation>„%1“ lässt sich nicht schreiben</translation>
     </message>
     <message>
         <source>unknown manner</source>
@@ -1052,10 +1160,6 @@ Ohne Befehle empfängt es nur. Beispiel:
         <translation>Kreismenüs</translation>
     </message>
     <message>
-        <source>Sub-menus at the same place</source>
-        <translation>Untermenüs an derselben Stelle</translation>
-    </message>
-    <message>
         <source>Sub-menus at once</source>
         <translation>Untermenüs sofort öffnen</translation>
     </message>
@@ -1085,6 +1189,14 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>Save a picture instead of opening a window.</source>
         <translation>Ein Bild speichern, statt ein Fenster zu öffnen.</translation>
+    </message>
+    <message>
+        <source>Sub-menus around the pointer</source>
+        <translation>Untermenüs um den Mauszeiger</translation>
+    </message>
+    <message>
+        <source>Digits</source>
+        <translation>Ziffern</translation>
     </message>
 </context>
 <context>
