@@ -109,7 +109,7 @@ Escape escapeAt(QStringView text)
     QStringDecoder decoder(kEscapeCodecs[static_cast<std::size_t>(codec)]);
     const QByteArray bytes{static_cast<char>(number >> 8), static_cast<char>(number & 0xFF)};
     const QString character = decoder.isValid() ? QString(decoder(bytes)) : QString();
-    if (character.size() != 1 || decoder.hasError())
+    if (character.size() != 1 || character[0] == QChar::ReplacementCharacter)
         return {};
     return {character, begin + kUnicodeDigits};
 }

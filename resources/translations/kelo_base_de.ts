@@ -515,19 +515,19 @@
     </message>
     <message>
         <source>new: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>neu: %1</translation>
     </message>
     <message>
         <source>moved: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>verschoben: %1</translation>
     </message>
     <message>
         <source>renamed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>umbenannt: %1</translation>
     </message>
     <message>
         <source>gone: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>entfallen: %1</translation>
     </message>
 </context>
 <context>
@@ -806,35 +806,35 @@
     </message>
     <message>
         <source>Sheet &apos;%1&apos; is new</source>
-        <translation type="unfinished"></translation>
+        <translation>Blatt „%1“ ist neu</translation>
     </message>
     <message>
         <source>Sheet &apos;%1&apos; is not in the file any more</source>
-        <translation type="unfinished"></translation>
+        <translation>Blatt „%1“ ist nicht mehr in der Datei</translation>
     </message>
     <message>
         <source>Sheet &apos;%1&apos; has moved by %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Blatt „%1“ ist um %2 verschoben</translation>
     </message>
     <message>
         <source>Sheet &apos;%1&apos; has another number of corners</source>
-        <translation type="unfinished"></translation>
+        <translation>Blatt „%1“ hat eine andere Anzahl von Ecken</translation>
     </message>
     <message>
         <source>Sheet &apos;%1&apos; is now called &apos;%2&apos;</source>
-        <translation type="unfinished"></translation>
+        <translation>Blatt „%1“ heißt jetzt „%2“</translation>
     </message>
     <message>
         <source>nothing changed against the older file</source>
-        <translation type="unfinished"></translation>
+        <translation>gegenüber der älteren Datei hat sich nichts geändert</translation>
     </message>
     <message>
         <source>against the older file: %1 new, %2 gone, %3 moved, %4 renamed</source>
-        <translation type="unfinished"></translation>
+        <translation>gegenüber der älteren Datei: %1 neu, %2 entfallen, %3 verschoben, %4 umbenannt</translation>
     </message>
     <message>
         <source>%1 - %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 – %2</translation>
     </message>
 </context>
 <context>
