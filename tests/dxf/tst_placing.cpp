@@ -307,7 +307,8 @@ void TestPlacing::changesItsMindInASession()
     QByteArray plan = planOf("10 100");
     QBuffer buffer(&plan);
     buffer.open(QIODevice::ReadOnly);
-    AnalysisOptions options{.appliesPlacement = true};
+    AnalysisOptions options;
+    options.appliesPlacement = true;
     const PlanOpening opening = PlanSession::Open(buffer, u"plan.dxf"_s, options);
     QVERIFY(bool(opening));
     PlanSession &session = *opening.session;
