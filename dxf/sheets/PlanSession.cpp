@@ -242,11 +242,16 @@ Gk2Export PlanSession::Export(const QString &path, const Gk2ExportOptions &optio
     return result;
 }
 
-FileFault PlanSession::ExportPicture(const QString &path) const
+FileFault PlanSession::ExportPicture(const QString &path, std::span<const ChangedSheet> changed,
+                                     qint64 gone) const
 {
     const auto format = path.endsWith(".svg"_L1, Qt::CaseInsensitive) ? SheetPictureFormat::Svg
                                                                       : SheetPictureFormat::Png;
-    const SheetPicture picture = LayOutSheets(m_drawing, m_analysis.sheets, m_name);
+    SheetPicture picture = LayOutSheets(m_drawing, m_analysis.sheets, m_name);
+    if (!changed.empty() || gone > 0) {
+        ShowSheetNews(picture, changed, gone);
+        ShowSheetStates(picture, m_drawing, m_analysis.sheets);
+    }
     ReplacedFile file(path);
     const bool isStored = file.Open() &&
                           WriteSheetPicture(file.Device(), picture, m_drawing, format) &&

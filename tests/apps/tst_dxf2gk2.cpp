@@ -323,6 +323,10 @@ void TestDxf2gk2::compares()
     QCOMPARE(changes[1]["distance"_L1].toDouble(), 5.0);
     QCOMPARE(changes[3]["before"_L1].toString(), u"0"_s);
 
+    QCOMPARE(shell("$D -q --compare old.txt --preview a.svg p.dxf").status, 4);
+    for (const char *legend : {"new: 1", "moved: 2", "gone: 1"})
+        QVERIFY2(get("a.svg").contains(legend), legend);
+
     // The file may be the one that is written over; then that was what was wanted.
     r = shell("$D --compare old.txt -o old.txt p.dxf");
     QCOMPARE(r.status, 0);
