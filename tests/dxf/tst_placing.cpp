@@ -198,7 +198,7 @@ void TestPlacing::keepsWhatCannotBePlaced_data()
     QTest::addColumn<QByteArray>("insert");
     QTest::addColumn<QString>("why");
     QTest::newRow("a plane that is tilted") << "230 0.5|210 0.5|10 3"_ba << u"is tilted"_s;
-    QTest::newRow("a plane that has no direction") << "230 0|10 3"_ba << u"is tilted"_s;
+    QTest::newRow("a plane that stands upright") << "230 0|210 1|10 3"_ba << u"is tilted"_s;
     QTest::newRow("a position that is no number") << "10 x|20 3"_ba << u"no usable number"_s;
     QTest::newRow("an angle that is no number") << "50 nan"_ba << u"no usable number"_s;
     QTest::newRow("a place beyond all numbers") << "41 1e308|42 9"_ba << u"no usable number"_s;
