@@ -138,6 +138,6 @@ struct [[nodiscard]] PlanOpening
     };
     Outcome outcome = Outcome::Opened;
     std::unique_ptr<PlanSession> session = {}; ///< null unless it was opened
-    std::optional<DxfReadError> error = {};
+    std::optional<DxfReadError> error = {};    ///< of NotRead, and of a plan too large to be placed
     explicit operator bool() const { return outcome == Outcome::Opened; }
 };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The way of one plan, from its file to the sheets' file.
+#include "dxf/sheets/dxftooltexts_p.h"
 #include "dxf/sheets/gk2records_p.h"
 #include "dxf/sheets/insertfilter_p.h"
 #include <QFile>
@@ -99,19 +100,25 @@ PlanOpening PlanSession::analysed(std::unique_ptr<PlanSession> session,
 {
     std::optional<SheetAnalysis> analysis;
     bool isCancelled = false;
+    bool isTooLarge = false;
     const PlanProgress noting = [&](qint64 done, qint64 total) {
         isCancelled = progress && !progress(done, total);
         return !isCancelled;
     };
     const bool hadMemory = attempt([&] {
-        if (!session->place(options.appliesPlacement, noting))
-            return isCancelled;
+        isTooLarge = !session->place(options.appliesPlacement, noting) && !isCancelled;
+        if (isTooLarge || isCancelled)
+            return true;
         analysis = AnalyzeSheets(session->m_drawing, options.filter, options.order, session->m_path,
                                  progress);
         return true;
     });
     if (!hadMemory)
         return {.outcome = PlanOpening::Outcome::NotAnalysed};
+    if (isTooLarge)
+        return {.outcome = PlanOpening::Outcome::NotAnalysed,
+                .error = DxfReadError{.file = session->m_name,
+                                      .message = DxfToolTexts::TooManyToPlace()}};
     if (!analysis)
         return {.outcome = PlanOpening::Outcome::Cancelled};
     session->m_analysis = *std::move(analysis);

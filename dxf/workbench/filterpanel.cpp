@@ -72,11 +72,8 @@ void FilterPanel::layOut()
     groups->addWidget(m_exclude, 1);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins({});
-    auto *boxes = new QHBoxLayout;
-    boxes->addWidget(m_correct);
-    boxes->addWidget(m_placed);
-    boxes->addStretch();
-    column->addLayout(boxes);
+    column->addWidget(m_correct);
+    column->addWidget(m_placed);
     column->addLayout(groups);
 }
 

@@ -25,6 +25,7 @@ public:
     {
         return QPushButton::sizeHint() + QSize(fontMetrics().height(), 0);
     }
+    [[nodiscard]] QSize minimumSizeHint() const override { return QPushButton::sizeHint(); }
 };
 
 double luminance(const QColor &colour)

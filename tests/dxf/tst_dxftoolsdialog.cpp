@@ -101,6 +101,13 @@ struct Bench
         qobject_cast<QGroupBox *>(field->parentWidget())->setChecked(true);
         QTest::keyClicks(field, text);
     }
+    /// Keys reach shortcuts of the widget that has the focus only in an active window.
+    void focus(QWidget *widget) const
+    {
+        dialog->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(dialog));
+        widget->setFocus();
+    }
     void press(const char *name) const { find<QAbstractButton>(name)->click(); }
     /// Does this as soon as the progress is shown.
     void whileReading(const std::function<void()> &action) const
@@ -241,9 +248,11 @@ void TestDxfToolsDialog::sharesTheSelection()
     emit picture->sheetsPicked({0, 2});
     QCOMPARE(bench.sheets(), u"2 3 [7] 7 [10]"_s);
     auto *findings = bench.find<QListView>("findingList");
-    QCOMPARE(findings->model()->rowCount(), 1); // a number used twice
+    const QModelIndexList twice = findings->model()->match(
+        findings->model()->index(0, 0), Qt::DisplayRole, u"'7'"_s, 1, Qt::MatchContains);
+    QCOMPARE(twice.size(), 1);
     QTest::mouseClick(findings->viewport(), Qt::LeftButton, {},
-                      findings->visualRect(findings->model()->index(0, 0)).center());
+                      findings->visualRect(twice.first()).center());
     QCOMPARE(bench.sheets(), u"2 3 7 [7] 10"_s);
 }
 
@@ -488,7 +497,7 @@ void TestDxfToolsDialog::marksManyAtOnce()
     // The first has no number, and so no check box.
     const Bench bench(planOf(kFourSheets + QByteArrayList{"0 INSERT|2 A"}));
     bench.read();
-    bench.list->setFocus();
+    bench.focus(bench.list);
     bench.list->setCurrentIndex(bench.list->model()->index(0, 0));
     bench.list->selectAll();
     QTest::keyClick(bench.list, Qt::Key_Space);
@@ -509,7 +518,7 @@ void TestDxfToolsDialog::offersWhatThePlanHas()
 {
     const Bench bench;
     bench.read();
-    bench.dialog->activateWindow();
+    bench.focus(bench.list);
     bench.find<QGroupBox>("grpInclude")->setChecked(true);
     const auto choose = [&](const char *name, const QString &offered) {
         auto *field = bench.find<QLineEdit>(name);
@@ -543,7 +552,7 @@ void TestDxfToolsDialog::leadsFromSheetsToFindings()
                 return label;
         return static_cast<const QLabel *>(nullptr);
     }();
-    QCOMPARE(title->text(), u"&Findings: 2 warnings"_s);
+    QCOMPARE(title->text(), u"&Findings: 2 warnings, 1 note"_s);
     const auto selected = [&] { return findings->selectionModel()->selectedIndexes(); };
     bench.list->selectRow(4); // the second 7
     QCOMPARE(selected().size(), 1);
@@ -563,8 +572,7 @@ void TestDxfToolsDialog::copiesTables()
 {
     const Bench bench(planOf({sheet("2", "city"), sheet("x\t1", "city"), sheet("x\t1", "city")}));
     bench.read();
-    bench.dialog->activateWindow();
-    bench.list->setFocus();
+    bench.focus(bench.list);
     const QString titles = u"Number\tValue\tBlock\tCorners\n"_s;
     const QString row = u"%1\tA\t0,00 2,00 \u2013 3,00 0,00\n"_s;
     QTest::keyClick(bench.list, Qt::Key_C, Qt::ControlModifier);
@@ -577,9 +585,9 @@ void TestDxfToolsDialog::copiesTables()
     findings->setFocus();
     QTest::keyClick(findings, Qt::Key_C, Qt::ControlModifier);
     const QStringList lines = QGuiApplication::clipboard()->text().split(u'\n');
-    QCOMPARE(lines.size(), 3); // titles, one finding, the last line's end
+    QCOMPARE(lines.size(), 4); // titles, two findings, the last line's end
     QCOMPARE(lines[0], u"Kind\tLine\tFinding"_s);
-    QVERIFY(lines[1].startsWith(u"Warning\t"_s));
+    QCOMPARE(lines.filter(QRegularExpression(u"^Warning\\t\\d+\\tMore than one"_s)).size(), 1);
 }
 
 void TestDxfToolsDialog::fitsSmallScreens()

@@ -294,6 +294,12 @@ void TestPlacing::refusesPlansThatBecomeTooLarge()
         PlaceInserts(plan.drawing, [&](qint64, qint64) { return ++asked; });
     QVERIFY(placed.tooLarge && placed.drawing.Inserts().empty());
     QVERIFY(PlaceInserts(plan.drawing, [](qint64, qint64) { return false; }).cancelled);
+    QByteArray bytes = planOf("70 32767|71 32767|44 5|45 5");
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    const PlanOpening opening = PlanSession::Open(
+        buffer, u"plan.dxf"_s, AnalysisOptions{.filter = {}, .appliesPlacement = true});
+    QVERIFY(!opening && opening.error->message.contains(u"too many sheets"_s));
 }
 
 void TestPlacing::changesItsMindInASession()
