@@ -341,8 +341,8 @@ qint64 countNews(const SheetPicture &picture, SheetNews news)
 }
 
 /// The state of a place: the best one of its sheets.
-StateCounts showStates(SheetPicture &picture, const DxfDrawing &drawing,
-                       const std::vector<bool> &isChosen)
+StateCounts countStates(SheetPicture &picture, const DxfDrawing &drawing,
+                        const std::vector<bool> &isChosen)
 {
     StateCounts counts;
     for (SheetPlace &place : picture.places) {
@@ -367,7 +367,9 @@ StateCounts showStates(SheetPicture &picture, const DxfDrawing &drawing,
     return counts;
 }
 
-void writeLegend(SheetPicture &picture, double margin, double top, const StateCounts &counts)
+/// @param hasStates  room is kept for states that no sheet has, so that nothing moves when one has
+void writeLegend(SheetPicture &picture, double margin, double top, const StateCounts &counts,
+                 bool hasStates)
 {
     picture.legend.clear();
     LegendWriter legend(picture, margin, top, std::clamp(picture.size.width() / 75, 13.0, 34.0));
@@ -385,9 +387,9 @@ void writeLegend(SheetPicture &picture, double margin, double top, const StateCo
         legend.Add(Mark::Unlabelled, DxfToolTexts::UnlabelledInPreview(counts.unlabelled));
     if (counts.unnumbered > 0)
         legend.Add(Mark::Unnumbered, DxfToolTexts::UnnumberedInPreview(counts.unnumbered));
-    if (counts.unmarked > 0)
+    if (counts.unmarked > 0 || hasStates)
         legend.Add(Mark::Unmarked, DxfToolTexts::UnmarkedInPreview(counts.unmarked));
-    if (counts.filteredOut > 0)
+    if (counts.filteredOut > 0 || hasStates)
         legend.Add(Mark::FilteredOut, DxfToolTexts::FilteredOutInPreview(counts.filteredOut));
     if (const qint64 count = countNews(picture, SheetNews::New); count > 0)
         legend.Add(Mark::New, DxfToolTexts::NewInPreview(count));
@@ -417,6 +419,16 @@ double legendTop(const SheetPicture &picture)
     const double margin = marginOf(picture);
     const double sheets = picture.places.empty() ? 0 : boundsOf(picture.places).height();
     return sheets + 2 * margin;
+}
+
+void showStates(SheetPicture &picture, const DxfDrawing &drawing, std::span<const quint32> chosen,
+                bool hasStates)
+{
+    std::vector<bool> isChosen(drawing.Inserts().size());
+    for (const quint32 sheet : chosen)
+        isChosen[sheet] = true;
+    const StateCounts counts = countStates(picture, drawing, isChosen);
+    writeLegend(picture, marginOf(picture), legendTop(picture), counts, hasStates);
 }
 
 } // namespace
@@ -507,18 +519,14 @@ SheetPicture LayOutSheets(const DxfDrawing &drawing, std::span<const quint32> sh
     }
     picture.isMoved =
         std::ranges::any_of(picture.sheets, [&](quint32 sheet) { return IsMoved(drawing, sheet); });
-    ShowSheetStates(picture, drawing, sheets);
+    showStates(picture, drawing, sheets, false);
     return picture;
 }
 
 void ShowSheetStates(SheetPicture &picture, const DxfDrawing &drawing,
                      std::span<const quint32> chosen)
 {
-    std::vector<bool> isChosen(drawing.Inserts().size());
-    for (const quint32 sheet : chosen)
-        isChosen[sheet] = true;
-    const StateCounts counts = showStates(picture, drawing, isChosen);
-    writeLegend(picture, marginOf(picture), legendTop(picture), counts);
+    showStates(picture, drawing, chosen, true);
 }
 
 std::vector<ChangedSheet> ChangedSheetsOf(std::span<const SheetChange> changes,

@@ -457,7 +457,7 @@
     </message>
     <message>
         <source>Appl&amp;y insert position</source>
-        <translation>Lage der Einfügung an&amp;wenden</translation>
+        <translation>Einfüge&amp;position anwenden</translation>
     </message>
     <message numerus="yes">
         <source>%n sheets have the same corners as others, because they share blocks; &quot;Apply insert position&quot; (--placed) puts each where its insert stands</source>
