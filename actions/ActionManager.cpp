@@ -5,9 +5,11 @@
 #include <QAction>
 #include <QDebug>
 #include <QFileInfo>
+#include <QMetaMethod>
 #include <QPointer>
 #include <QSignalMapper>
 #include <QWidget>
+#include <algorithm>
 #include <kelo_base/actions/FunctionFilter.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -23,38 +25,49 @@ void logRefusal(const char *reason, int id)
 
 } // namespace
 
-ActionManager::ActionManager(QWidget *owner) : m_owner(owner), m_triggers(new QSignalMapper(this))
+ActionManager::ActionManager(QWidget *owner)
+    : m_owner(owner), m_triggers(std::make_shared<QSignalMapper>())
 {
-    connect(m_triggers, &QSignalMapper::mappedInt, this, &ActionManager::OnAfterActionTriggered);
+    m_triggers->setParent(this);
+    connect(m_triggers.get(), &QSignalMapper::mappedInt, this,
+            &ActionManager::OnAfterActionTriggered);
     if (m_owner) // not a QPointer: those are cleared only after a widget has deleted its children
         connect(m_owner, &QObject::destroyed, this, [this] { m_owner = nullptr; });
 }
 
 ActionManager::~ActionManager()
 {
-    if (m_reportDepth == 0)
-        return;
-    // A listener destroys us. The mapper goes on reading itself after its signal: let it live until
-    // the report is over.
-    m_triggers->setParent(nullptr);
-    m_triggers->deleteLater();
+    m_triggers->setParent(nullptr); // whoever shares it last deletes it
 }
 
 void ActionManager::RegisterAction(int id, ActionData *data, QWidget *widget)
 {
+    if (m_ids.count(data))
+        return logRefusal(": Record is registered already! Id :", id);
     std::unique_ptr<ActionData> record(data); // ours from here on, refused or not
     if (!record || !record->action)
         return logRefusal(": <nullptr> added! Id :", id);
     if (!m_records.try_emplace(id, std::move(record)).second)
         return logRefusal(": Duplicate id added! Id :", id);
     m_actions.emplace(static_cast<unsigned int>(id), data);
+    m_ids.emplace(data, id);
+    listenTo(data->action, id);
 
-    if (widget)
+    const QPointer<ActionManager> alive(this);
+    if (widget) // which hears of it, and may do what it likes
         widget->addAction(data->action);
-    connect(data->action, &QAction::triggered, m_triggers, qOverload<>(&QSignalMapper::map),
-            Qt::UniqueConnection);
-    m_triggers->setMapping(data->action, id);
-    connect(data->action, &QObject::destroyed, this, [this, id] { forgetAction(id); });
+    if (alive)
+        emit actionRegistered(id);
+}
+
+void ActionManager::listenTo(QAction *action, int id)
+{
+    m_triggers->setMapping(action, id);
+    connect(action, &QObject::destroyed, this,
+            [this, id](const QObject *died) { forgetAction(died, id); });
+    if (m_listenedTo.insert(action).second)
+        connect(action, &QAction::triggered, this,
+                [mapper = m_triggers, action] { mapper->map(action); });
 }
 
 void ActionManager::RegisterAction(int id, ActionData *data)
@@ -82,39 +95,61 @@ ActionData *ActionManager::FindActionDataByAction(const QAction *action) const
 {
     if (!action) // would find a record whose action has died
         return nullptr;
-    for (ActionData *data : ascending()) {
-        if (data->action == action)
-            return data;
-    }
-    return nullptr;
+    const auto records = ascending();
+    const auto found = std::find_if(records->begin(), records->end(),
+                                    [&](const ActionData *data) { return data->action == action; });
+    return found == records->end() ? nullptr : *found;
 }
 
 std::vector<ActionData *> ActionManager::FindActionDataByFilter(const FunctionFilter &filter) const
 {
-    std::vector<ActionData *> accepted;
-    for (ActionData *data : ascending()) {
-        if (data->action && filter.accept(*data))
-            accepted.push_back(data);
+    const QPointer<const ActionManager> alive(this);
+    const auto records = ascending(); // held here, since the filter may register more
+    Records offered;
+    for (ActionData *data : *records) {
+        const bool isOffered = IsOffered(*data, filter);
+        if (!alive)
+            return {};
+        if (isOffered)
+            offered.push_back(data);
     }
-    return accepted;
+    return offered;
+}
+
+int ActionManager::FindIdOfActionData(const ActionData *record) const
+{
+    const auto found = m_ids.find(record);
+    return found == m_ids.end() ? kNoAction : found->second;
+}
+
+int ActionManager::FindIdByAction(const QAction *action) const
+{
+    return FindIdOfActionData(FindActionDataByAction(action));
 }
 
 /// Menus filter all records each time they open, and walking a tree of nodes all over the memory
 /// would take most of the time. Since records only ever come, fewer than in the map means outdated.
-const std::vector<ActionData *> &ActionManager::ascending() const
+std::shared_ptr<const ActionManager::Records> ActionManager::ascending() const
 {
-    if (m_ascending.size() < m_actions.size()) {
-        m_ascending.clear();
+    if (!m_ascending || m_ascending->size() < m_actions.size()) {
+        Records records;
+        records.reserve(m_actions.size());
         for (const auto &[id, data] : m_actions)
-            m_ascending.push_back(data);
+            records.push_back(data);
+        m_ascending = std::make_shared<const Records>(std::move(records));
     }
     return m_ascending;
 }
 
 void ActionManager::ValidateRegisteredActions(const ActionValidator &validator)
 {
-    for (const auto &[id, data] : m_actions)
-        data->valid = validator(data);
+    const QPointer<ActionManager> alive(this);
+    for (const auto &[id, data] : m_actions) {
+        const bool isValid = validator(data);
+        if (!alive)
+            return;
+        data->valid = isValid;
+    }
 }
 
 void ActionManager::SetCategoryDescription(int category, const QString &text)
@@ -143,28 +178,38 @@ QString ActionManager::GetLargeIconResource(int id) const
 
 void ActionManager::SignalBeforeActionTrigger(QAction &action)
 {
-    emit beforeActionTrigger(action);
+    announce(&ActionManager::beforeActionTrigger, action);
 }
 
 void ActionManager::SignalAfterActionTriggered(QAction &action)
 {
-    emit afterActionTriggered(action);
+    announce(&ActionManager::afterActionTriggered, action);
 }
 
 void ActionManager::OnAfterActionTriggered(int id)
 {
     const ActionData *data = FindActionDataById(id);
-    if (!data || !data->action)
-        return;
-    const QPointer<ActionManager> alive(this);
-    ++m_reportDepth;
-    emit afterActionTriggered(*data->action);
-    if (alive)
-        --m_reportDepth;
+    if (data && data->action)
+        announce(&ActionManager::afterActionTriggered, *data->action);
 }
 
-void ActionManager::forgetAction(int id)
+/// Emits a signal by hand. It differs from what moc writes only in that the argument can be
+/// replaced under way: when a listener deletes the action, those behind it must not get a dangling
+/// reference.
+void ActionManager::announce(void (ActionManager::*signal)(QAction &), QAction &action)
 {
+    QAction nothing;
+    void *arguments[] = {nullptr,
+                         &action}; // first the place for a result, of which signals have none
+    connect(&action, &QObject::destroyed, &nothing, [&] { arguments[1] = &nothing; });
+    const int index = QMetaMethod::fromSignal(signal).methodIndex();
+    QMetaObject::activate(this, &staticMetaObject, index - staticMetaObject.methodOffset(),
+                          arguments);
+}
+
+void ActionManager::forgetAction(const QObject *action, int id)
+{
+    m_listenedTo.erase(action);
     if (ActionData *data = FindActionDataById(id))
         data->action = nullptr;
 }

@@ -10,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 class ActionValidator;
@@ -38,11 +39,12 @@ public:
     /// Deletes the records, not their actions.
     ~ActionManager() override;
 
-    /// Files @p data, which must not be registered yet, under @p id, whatever its own field says,
-    /// and adds its action to @p widget (may be null), in whose window its shortcut then works.
-    /// @p data belongs to the registry in every case: it is deleted, and a debug line written, when
-    /// it is null, has no action, or the id is taken (also by a record whose action has died). An
-    /// action registered under several ids reports each trigger once, under the last of them.
+    /// Files @p data under @p id, whatever its own field says, and adds its action to @p widget
+    /// (may be null), in whose window its shortcut then works. @p data belongs to the registry in
+    /// every case: it is deleted, and a debug line written, when it is null, has no action, or the
+    /// id is taken (also by a record whose action has died). A record that is registered already
+    /// stays as it is, with a debug line too. An action registered under several ids reports each
+    /// trigger once, under the last of them.
     void RegisterAction(int id, ActionData *data, QWidget *widget);
     /// The same with the owner widget.
     void RegisterAction(int id, ActionData *data);
@@ -55,10 +57,15 @@ public:
     [[nodiscard]] ActionData *FindActionDataById(int id) const;
     /// The record with the smallest id that has this action; null when there is none, and for null.
     [[nodiscard]] ActionData *FindActionDataByAction(const QAction *action) const;
-    /// The records that @p filter accepts, by ascending id. Those whose action has died are left
-    /// out: there is nothing to offer.
+    /// The records that are offered under @p filter, see IsOffered(), by ascending id. One that the
+    /// filter registers may be among them or not.
     [[nodiscard]] std::vector<ActionData *>
     FindActionDataByFilter(const FunctionFilter &filter) const;
+    /// The id under which @p record is filed, which its own field may not say; -1 when it is not
+    /// registered here.
+    [[nodiscard]] int FindIdOfActionData(const ActionData *record) const;
+    /// The smallest id under which @p action is filed; -1 when there is none, and for null.
+    [[nodiscard]] int FindIdByAction(const QAction *action) const;
     [[nodiscard]] const ActionMap &GetActions() const { return m_actions; }
 
     /// Sets each record's valid field to the verdict, by ascending id.
@@ -81,24 +88,36 @@ public:
     void SignalAfterActionTriggered(QAction &action);
 
 signals:
+    // A listener may delete the action, and the registry too. Listeners behind it then get an
+    // action that has no text and does nothing.
+
     /// Only SignalBeforeActionTrigger() announces; shortcuts and menus of the toolkit do not.
     void beforeActionTrigger(QAction &action);
     /// A registered action was triggered, by whatever means.
     void afterActionTriggered(QAction &action);
+    /// A record was filed under @p id.
+    void actionRegistered(int id);
 
 private slots:
     void OnAfterActionTriggered(int id);
 
 private:
-    void forgetAction(int id);
-    [[nodiscard]] const std::vector<ActionData *> &ascending() const;
+    using Records = std::vector<ActionData *>;
+
+    void listenTo(QAction *action, int id);
+    void forgetAction(const QObject *action, int id);
+    void announce(void (ActionManager::*signal)(QAction &), QAction &action);
+    [[nodiscard]] std::shared_ptr<const Records> ascending() const;
 
     QWidget *m_owner;
-    QSignalMapper *m_triggers; ///< from the actions' triggers to their ids
-    int m_reportDepth = 0;     ///< trigger reports under way, one within the other
+    /// From the actions' triggers to their ids. A child of this, and shared with the triggers under
+    /// way: a listener may destroy the registry while the mapper has yet to look at itself.
+    std::shared_ptr<QSignalMapper> m_triggers;
+    std::unordered_set<const QObject *> m_listenedTo; ///< the living actions, each once
     std::unordered_map<int, std::unique_ptr<ActionData>> m_records; ///< owns, and finds quickly
+    std::unordered_map<const ActionData *, int> m_ids;              ///< the way back
     ActionMap m_actions;                                            ///< the same in order
-    mutable std::vector<ActionData *> m_ascending; ///< the same in one piece, see ascending()
+    mutable std::shared_ptr<const Records> m_ascending; ///< in one piece, see ascending()
     std::map<int, QString> m_categories;
     QMap<unsigned int, QString> m_icons;
 };

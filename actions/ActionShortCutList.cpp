@@ -36,3 +36,11 @@ void ActionShortCutList::GetActionIds(std::vector<int> &ids) const
             ids.push_back(id);
     }
 }
+
+void ActionShortCutList::GetClearedActionIds(std::vector<int> &ids) const
+{
+    for (const auto &[id, sequence] : m_sequences) {
+        if (sequence.isEmpty())
+            ids.push_back(id);
+    }
+}

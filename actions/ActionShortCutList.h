@@ -8,7 +8,8 @@
 #include <vector>
 
 /// Key sequences by action id. An entry may hold an empty sequence: it was cleared, and counts as
-/// having none assigned. Two ids may have the same sequence; settling that is the user's business.
+/// having none assigned; an id without an entry was never seen. Two ids may have the same sequence;
+/// settling that is the user's business.
 class KELO_BASE_EXPORT ActionShortCutList
 {
 public:
@@ -20,6 +21,8 @@ public:
     void RemoveKeySequence(int id) { m_sequences.erase(id); }
     void ClearAll() { m_sequences.clear(); }
 
+    /// Whether @p id has an entry, and be it a cleared one.
+    [[nodiscard]] bool HasEntry(int id) const { return m_sequences.count(id) != 0; }
     /// Whether @p id has an entry that is not empty.
     [[nodiscard]] bool HasSequenceAssigned(int id) const;
     /// Empty when @p id has no entry.
@@ -29,6 +32,8 @@ public:
     [[nodiscard]] int FindActionIdForSequence(const QKeySequence &sequence) const;
     /// Appends the ids of all entries that are not empty, ascending.
     void GetActionIds(std::vector<int> &ids) const;
+    /// Appends the ids of all cleared entries, ascending.
+    void GetClearedActionIds(std::vector<int> &ids) const;
     /// The number of entries, cleared ones included.
     [[nodiscard]] int NumberOfAssignments() const { return static_cast<int>(m_sequences.size()); }
 

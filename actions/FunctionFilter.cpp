@@ -6,6 +6,11 @@
 
 FunctionFilter::~FunctionFilter() = default;
 
+bool IsOffered(const ActionData &data, const FunctionFilter &filter)
+{
+    return data.action && data.valid && filter.accept(data);
+}
+
 FilterByContextId::FilterByContextId(int groupMask, int subMask, int contextMask)
     : m_groupMask(groupMask), m_subMask(subMask), m_contextMask(contextMask)
 {

@@ -6,7 +6,7 @@
 
 struct ActionData;
 
-/// Decides whether a registered function is offered. Menus and dialogs ask it.
+/// Decides whether a registered function is wanted where it is asked for.
 class KELO_BASE_EXPORT FunctionFilter
 {
 public:
@@ -14,7 +14,11 @@ public:
     [[nodiscard]] virtual bool accept(const ActionData &data) const = 0;
 };
 
-/// Accepts what is offered in the program's current context, that is, when all of these hold:
+/// The one definition of what is offered, to menus and everywhere: the action is alive, the record
+/// is valid, and the filter accepts it.
+[[nodiscard]] KELO_BASE_EXPORT bool IsOffered(const ActionData &data, const FunctionFilter &filter);
+
+/// Accepts what belongs to the program's current context, that is, when all of these hold:
 /// - the record names no context group (bits 16..31 of its context id), or one in the group mask;
 /// - it names no sub-context (bits 0..15), or one in the sub mask;
 /// - its context mask and the filter's have a bit in common.

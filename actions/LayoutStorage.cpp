@@ -50,28 +50,29 @@ QKeySequence storedSequence(const QVariant &value)
     return sequence;
 }
 
-} // namespace
-
-bool ReadShortcutList(QSettings &settings, QAnyStringView prefix, ActionShortCutList &list)
+void readShortcuts(QSettings &settings, ActionShortCutList &list)
 {
-    const SettingsGroup configuration(settings, prefix);
-    const SettingsGroup group(settings, kShortcutsGroup);
-    if (!holdsAnyKey(settings, kShortcutsArray))
-        return false;
     const SettingsReadArray shortcuts(settings, kShortcutsArray);
-    list.ClearAll();
     for (unsigned int i = 0; i < shortcuts.size(); ++i) {
         const int id = storedId(shortcuts.value(i, kActionIdKey));
         if (id != kNoAction)
             list.AssignKeySequence(id, storedSequence(shortcuts.value(i, kKeySequenceKey)));
     }
-    return true;
 }
 
-void WriteShortcutList(QSettings &settings, QAnyStringView prefix, const ActionShortCutList &list)
+/// What has a sequence was assigned one by a program that knows of no cleared entries.
+void readClearedEntries(QSettings &settings, ActionShortCutList &list)
 {
-    const SettingsGroup configuration(settings, prefix);
-    const SettingsGroup group(settings, kShortcutsGroup);
+    const SettingsReadArray cleared(settings, kClearedArray);
+    for (unsigned int i = 0; i < cleared.size(); ++i) {
+        const int id = storedId(cleared.value(i, kActionIdKey));
+        if (id != kNoAction && !list.HasEntry(id))
+            list.ClearKeySequence(id);
+    }
+}
+
+void writeShortcuts(QSettings &settings, const ActionShortCutList &list)
+{
     SettingsWriteArray shortcuts(settings, kShortcutsArray);
     std::vector<int> ids;
     list.GetActionIds(ids);
@@ -83,13 +84,49 @@ void WriteShortcutList(QSettings &settings, QAnyStringView prefix, const ActionS
     }
 }
 
+/// Nothing is stored without cleared entries, so that the file is one that every program knows.
+void writeClearedEntries(QSettings &settings, const ActionShortCutList &list)
+{
+    std::vector<int> ids;
+    list.GetClearedActionIds(ids);
+    if (ids.empty())
+        return settings.remove(kClearedArray);
+    SettingsWriteArray cleared(settings, kClearedArray);
+    for (const int id : ids) {
+        cleared.nextElement();
+        cleared.setValue(kActionIdKey, id);
+    }
+}
+
+} // namespace
+
+bool ReadShortcutList(QSettings &settings, QAnyStringView prefix, ActionShortCutList &list)
+{
+    const SettingsGroup configuration(settings, prefix);
+    const SettingsGroup group(settings, kShortcutsGroup);
+    if (!holdsAnyKey(settings, kShortcutsArray))
+        return false;
+    list.ClearAll();
+    readShortcuts(settings, list);
+    readClearedEntries(settings, list);
+    return true;
+}
+
+void WriteShortcutList(QSettings &settings, QAnyStringView prefix, const ActionShortCutList &list)
+{
+    const SettingsGroup configuration(settings, prefix);
+    const SettingsGroup group(settings, kShortcutsGroup);
+    writeShortcuts(settings, list);
+    writeClearedEntries(settings, list);
+}
+
 bool ReadContextMenuLayout(QSettings &settings, QAnyStringView prefix, ContextMenuLayout &layout)
 {
     const SettingsGroup configuration(settings, prefix);
     const SettingsGroup group(settings, kLayoutGroup);
     if (!holdsAnyKey(settings, kMenusArray))
         return false;
-    const SettingsReadArray menus(settings, kMenusArray);
+    const SettingsReadArray menus(settings, kMenusArray, kMostSlots);
     layout.SetNumberOfSlots(menus.size());
     for (unsigned int slot = 0; slot < menus.size(); ++slot)
         layout.AssignActionIdToSlot(slot, storedId(menus.value(slot, kActionIdKey)));

@@ -11,14 +11,13 @@ inline constexpr QLatin1StringView kDefaultConfigName{"Default"};
 
 inline constexpr QLatin1StringView kShortcutsGroup{"KeyboardShortcuts"};
 inline constexpr QLatin1StringView kShortcutsArray{"ShortcutList"};
+inline constexpr QLatin1StringView kClearedArray{"ClearedList"};
 inline constexpr QLatin1StringView kLayoutGroup{"ContextMenuLayout"};
 inline constexpr QLatin1StringView kMenusArray{"Menus"};
 inline constexpr QLatin1StringView kActionIdKey{"ActionId"};
 inline constexpr QLatin1StringView kKeySequenceKey{"KeySequence"};
 
-/// The defaults file is the application's directory + kDefaultsFolder + "/" + the application's
-/// name + kDefaultsSuffix.
-inline constexpr QLatin1StringView kDefaultsFolder{"/config"};
-inline constexpr QLatin1StringView kDefaultsSuffix{"-menu.ini"};
+/// A context menu that claims more slots is damaged.
+inline constexpr int kMostSlots = 1000;
 
 } // namespace menuconfig

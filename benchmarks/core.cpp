@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Identifiers, natural order, digests and lookups beside what one would take instead.
+#include "core/configfile_p.h"
 #include "ratio.h"
 
 #include <kelo_base/core/Md5Signator.h>
@@ -210,6 +211,44 @@ void md5Peer(benchmark::State &state)
 }
 BENCHMARK(md5Ours);
 BENCHMARK(md5Peer);
+
+// ---- Saving ----------------------------------------------------------------------------------
+
+/// Changes one of many keys and saves, as a program does that keeps the place of a window.
+template <typename Save>
+void saveOneKey(benchmark::State &state, QSettings &settings, Save save)
+{
+    const int keys = static_cast<int>(state.range());
+    for (int key = 0; key < keys; ++key)
+        settings.setValue(u"Group%1/key%2"_s.arg(key / 20).arg(key),
+                          u"some text, and %1"_s.arg(key));
+    save();
+    int round = 0;
+    for (auto _ : state) {
+        settings.setValue(u"Group0/key0"_s, ++round);
+        save();
+    }
+    QFile file(settings.fileName());
+    const QByteArray last = "key0=" + QByteArray::number(round) + '\n';
+    if (!file.open(QIODevice::ReadOnly) || !file.readAll().contains(last))
+        state.SkipWithError("not saved");
+}
+
+void saveOurs(benchmark::State &state)
+{
+    const QTemporaryDir directory;
+    ConfigFile file(directory.filePath(u"settings.ini"_s));
+    saveOneKey(state, file, [&] { file.save(); });
+}
+
+void savePeer(benchmark::State &state)
+{
+    const QTemporaryDir directory;
+    QSettings file(directory.filePath(u"settings.ini"_s), QSettings::IniFormat);
+    saveOneKey(state, file, [&] { file.sync(); });
+}
+BENCHMARK(saveOurs)->Arg(200)->Arg(5'000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(savePeer)->Arg(200)->Arg(5'000)->Unit(benchmark::kMicrosecond);
 
 // ---- Lookups ---------------------------------------------------------------------------------
 

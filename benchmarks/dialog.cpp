@@ -66,7 +66,7 @@ void refilter(benchmark::State &state, int column)
         .includes = true, .includeTag = u"TYP"_s, .includeValue = u"main"_s, .excludeTag = {}};
     for (auto _ : state) {
         fields.includes = !fields.includes;
-        model.setSheets(*SelectSheets(plan(), FilterOf(fields)));
+        model.setSheets(*SelectSheets(plan(), dxftools::filterOf(fields)));
         const int expected = fields.includes ? kSheets / 2 : kSheets;
         if (model.rowCount() != expected || model.markedCount() != expected)
             state.SkipWithError("not the sheets that were expected");
@@ -81,8 +81,9 @@ void refilterToNothing(benchmark::State &state)
     SheetTableModel model;
     model.setDrawing(&plan());
     for (auto _ : state) {
-        model.setSheets(*SelectSheets(plan(), FilterOf(fields)));
-        if (model.rowCount() != 0 || WhyNoSheets(plan(), FilterOf(fields)).isEmpty())
+        model.setSheets(*SelectSheets(plan(), dxftools::filterOf(fields)));
+        if (model.rowCount() != 0 ||
+            dxftools::whyNoSheets(plan(), dxftools::filterOf(fields)).isEmpty())
             state.SkipWithError("not the sheets that were expected");
     }
 }
@@ -101,13 +102,13 @@ void sortBy(benchmark::State &state, int column)
 void offerTags(benchmark::State &state)
 {
     for (auto _ : state)
-        benchmark::DoNotOptimize(OfferTags(plan()));
+        benchmark::DoNotOptimize(dxftools::offerTags(plan()));
 }
 
 void offerValues(benchmark::State &state, const char *tag)
 {
     for (auto _ : state)
-        benchmark::DoNotOptimize(OfferValues(plan(), QString::fromLatin1(tag)));
+        benchmark::DoNotOptimize(dxftools::offerValues(plan(), QString::fromLatin1(tag)));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The plan reader beside the bare parser and beside ogr2ogr, and the GK2 writer beside the reader.
+// The plan reader beside the bare parser and beside ogr2ogr, the whole command beside a program
+// that only parses, with placed sheets beside without, and the GK2 writer beside the reader.
 // KELO_BENCH_PLANS names a folder with own.dxf, shared.dxf and noise.dxf, KELO_BENCH_SHEETS how
 // many sheets each of them has.
 #include "benchmarks/ratio.h"
@@ -90,6 +91,49 @@ void ogr2ogrPeer(benchmark::State &state, const char *name)
     }
 }
 
+void runProgram(benchmark::State &state, const QString &program, const QStringList &arguments)
+{
+    for (auto _ : state) {
+        QProcess process;
+        process.setStandardOutputFile(QProcess::nullDevice());
+        process.setStandardErrorFile(QProcess::nullDevice());
+        process.start(program, arguments);
+        const bool isDone = process.waitForFinished(-1) && process.exitCode() == 0;
+        if (!isDone)
+            state.SkipWithError("the program failed");
+    }
+}
+
+/// Converts the plan, and writes the file, as users do.
+void runCommand(benchmark::State &state, const char *name, const QStringList &options = {})
+{
+    const QTemporaryDir dir;
+    const QString output = dir.filePath(u"out.txt"_s);
+    runProgram(state, QStringLiteral(KELO_DXF2GK2),
+               options + QStringList{planPath(name), u"-o"_s, output});
+    const qint64 least = qEnvironmentVariableIntValue("KELO_BENCH_SHEETS") * qint64{100};
+    if (QFile(output).size() < least)
+        state.SkipWithError("not the sheets that were expected");
+}
+
+void wholeProcessOurs(benchmark::State &state, const char *name)
+{
+    runCommand(state, name);
+}
+void wholeProcessPeer(benchmark::State &state, const char *name)
+{
+    runProgram(state, QStringLiteral(KELO_BAREPARSER), {planPath(name)});
+}
+
+void placedOurs(benchmark::State &state, const char *name)
+{
+    runCommand(state, name, {u"--placed"_s});
+}
+void placedPeer(benchmark::State &state, const char *name)
+{
+    runCommand(state, name);
+}
+
 /// Reading is the peer: writing may take a small part of it.
 void writeGk2Ours(benchmark::State &state, const char *name)
 {
@@ -121,6 +165,18 @@ BENCHMARK_CAPTURE(ogr2ogrOurs, shared, "shared")->UseRealTime();
 BENCHMARK_CAPTURE(ogr2ogrPeer, shared, "shared")->UseRealTime();
 BENCHMARK_CAPTURE(ogr2ogrOurs, noise, "noise")->UseRealTime();
 BENCHMARK_CAPTURE(ogr2ogrPeer, noise, "noise")->UseRealTime();
+BENCHMARK_CAPTURE(wholeProcessOurs, own, "own")->UseRealTime();
+BENCHMARK_CAPTURE(wholeProcessPeer, own, "own")->UseRealTime();
+BENCHMARK_CAPTURE(wholeProcessOurs, shared, "shared")->UseRealTime();
+BENCHMARK_CAPTURE(wholeProcessPeer, shared, "shared")->UseRealTime();
+BENCHMARK_CAPTURE(wholeProcessOurs, noise, "noise")->UseRealTime();
+BENCHMARK_CAPTURE(wholeProcessPeer, noise, "noise")->UseRealTime();
+BENCHMARK_CAPTURE(placedOurs, own, "own")->UseRealTime();
+BENCHMARK_CAPTURE(placedPeer, own, "own")->UseRealTime();
+BENCHMARK_CAPTURE(placedOurs, shared, "shared")->UseRealTime();
+BENCHMARK_CAPTURE(placedPeer, shared, "shared")->UseRealTime();
+BENCHMARK_CAPTURE(placedOurs, noise, "noise")->UseRealTime();
+BENCHMARK_CAPTURE(placedPeer, noise, "noise")->UseRealTime();
 BENCHMARK_CAPTURE(writeGk2Ours, own, "own")->UseRealTime();
 BENCHMARK_CAPTURE(writeGk2Peer, own, "own")->UseRealTime();
 

@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Commands parsed and saved beside plain settings, the cost of a look at the exchange files, and
-// the documents of an object among a million links.
+// Commands parsed and saved beside plain settings, and the cost of a look at the exchange files.
 #include "benchmarks/ratio.h"
 #include "ipc/inbox_p.h"
 #include "ipc/outbox_p.h"
-#include <QDateTime>
 #include <QPointF>
 #include <QSettings>
-#include <QSqlDatabase>
 #include <QTemporaryDir>
 #include <kelo_base/ipc/KeloCommandData.h>
 #include <kelo_base/ipc/KeloIPCCommand.h>
 #include <kelo_base/ipc/KeloIPCCommandParser.h>
-#include <kelo_base/ipc/LinkedObjects.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -92,52 +88,21 @@ void idlePoll(benchmark::State &state)
 {
     const QTemporaryDir dir;
     const qint64 hour = 3'600'000;
-    channel::Inbox inbox(dir.path(), hour);
+    channel::Inbox inbox(dir.path(), hour, hour);
     channel::Outbox outbox(dir.path(), u"v"_s, hour, hour);
     if (state.range(0) == 1)
-        outbox.put({u"NamedCommand"_s, u"Test"_s, {}, u"v"_s, 1},
-                   QDateTime::currentMSecsSinceEpoch());
+        outbox.put({u"NamedCommand"_s, u"Test"_s, {}, u"v"_s, 1}, channel::steadyNow());
     const NoHandler handler;
     for (auto _ : state) {
-        const qint64 now = QDateTime::currentMSecsSinceEpoch();
+        const qint64 now = channel::steadyNow();
         if (!outbox.poll(now).empty() || inbox.poll(now, handler))
             state.SkipWithError("something came");
     }
-}
-
-Tz::ObjectId objectName(int number)
-{
-    Tz::ObjectId id;
-    id.CreateHashId(&number, sizeof number);
-    return id;
-}
-
-/// A million links, of which each object has ten, in an SQLite file.
-void documentsForObject(benchmark::State &state)
-{
-    const QTemporaryDir dir;
-    {
-        LinkedObjects objects(LinkedObjects::MakeDatabase(dir.filePath(u"a.db"_s), u"bench"_s));
-        std::vector<KeloLinkedObject> links(kRecords);
-        for (int i = 0; i < kRecords; ++i)
-            links[static_cast<std::size_t>(i)] = {objectName(i / 10), QString::number(i % 997),
-                                                  QPointF(i, -i), 250, 12.5};
-        if (!objects.Open() || !objects.Store(links))
-            state.SkipWithError("the links cannot be stored");
-        for (int i = 0; auto _ : state) {
-            i = (i + 7919) % (kRecords / 10); // all over the table
-            const auto found = objects.DocumentsForObject(objectName(i));
-            if (!found || found->size() != 10)
-                state.SkipWithError("not the ten documents");
-        }
-    }
-    QSqlDatabase::removeDatabase(u"bench"_s);
 }
 
 } // namespace
 BENCHMARK(commandOurs)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(commandPeer)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(idlePoll)->Arg(0)->Arg(1);
-BENCHMARK(documentsForObject)->Unit(benchmark::kMicrosecond)->Iterations(20'000);
 
 KELO_RATIO_MAIN()

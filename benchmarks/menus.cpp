@@ -42,6 +42,7 @@ std::unique_ptr<QtPieMenu> newPie()
     auto menu = std::make_unique<QtPieMenu>(40, kOuterRadius);
     for (int i = 0; i < kItems; ++i)
         menu->insertItem(icon(), text(i));
+    menu->setGrowing(true);
     return menu;
 }
 

@@ -4,11 +4,15 @@
 // how many sheets it has.
 #include "benchmarks/ratio.h"
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QSettings>
+#include <QTableView>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <algorithm>
 #include <kelo_base/dxf/DxfReader.h>
 #include <kelo_base/dxf/DxfToolsDialog.h>
@@ -78,11 +82,63 @@ void keyToList(benchmark::State &state)
     }
 }
 
+/// All sheets are selected and none, in turn.
+void selectAll(benchmark::State &state)
+{
+    Dialog opened;
+    opened.dialog.show();
+    opened.dialog.ReadFile(planPath());
+    auto *list = opened.dialog.findChild<QTableView *>(u"sheetList"_s);
+    bool selects = false;
+    for (auto _ : state) {
+        selects = !selects;
+        if (selects)
+            list->selectAll();
+        else
+            list->clearSelection();
+        QApplication::sendPostedEvents(); // paints
+        if (list->selectionModel()->hasSelection() != selects)
+            state.SkipWithError("not the sheets that were expected");
+    }
+}
+
+/// From the pause after a key to the findings, and the longest time that a key would have to wait
+/// meanwhile.
+void review(benchmark::State &state)
+{
+    Dialog opened;
+    opened.dialog.show();
+    opened.dialog.ReadFile(planPath());
+    auto *group = opened.dialog.findChild<QGroupBox *>(u"grpExclude"_s);
+    auto *findings = opened.dialog.findChild<QListView *>(u"findingList"_s)->model();
+    qint64 longest = 0;
+    for (auto _ : state) {
+        bool isDone = false;
+        const auto connection = QObject::connect(findings, &QAbstractItemModel::modelReset,
+                                                 [&isDone] { isDone = true; });
+        group->setChecked(!group->isChecked());
+        QApplication::sendPostedEvents();
+        QTimer beat;
+        QElapsedTimer sinceBeat;
+        sinceBeat.start();
+        QObject::connect(&beat, &QTimer::timeout,
+                         [&] { longest = std::max(longest, sinceBeat.restart()); });
+        beat.start(0);
+        while (!isDone)
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        longest = std::max(longest, sinceBeat.elapsed());
+        QObject::disconnect(connection);
+    }
+    state.counters["longest_ms"] = static_cast<double>(longest);
+}
+
 } // namespace
 
 BENCHMARK(openDialogOurs)->Unit(benchmark::kMillisecond);
 BENCHMARK(openDialogPeer)->Unit(benchmark::kMillisecond);
 BENCHMARK(keyToList)->Unit(benchmark::kMillisecond);
+BENCHMARK(selectAll)->Unit(benchmark::kMillisecond);
+BENCHMARK(review)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char **argv)
 {

@@ -9,15 +9,6 @@ namespace {
 constexpr QLatin1StringView kHistoryArray{"MRU.Array"};
 constexpr QLatin1StringView kTextKey{"Text"};
 
-/// The highest index stored in the array that is being read, counted from 1; 0 for none.
-unsigned int lastStoredIndex(const QSettings &settings)
-{
-    unsigned int last = 0;
-    for (const QString &index : settings.childGroups())
-        last = std::max(last, index.toUInt());
-    return std::min(last, static_cast<unsigned int>(SettingsReadArray::kMaxElements));
-}
-
 } // namespace
 
 void WriteHistoryToFile(QSettings &settings, const QString &group, const QStringList &entries)
@@ -34,8 +25,6 @@ void ReadHistoryFromFile(QSettings &settings, const QString &group, QStringList 
 {
     const SettingsGroup history(settings, group);
     const SettingsReadArray array(settings, kHistoryArray);
-    const bool isDamaged = array.size() == SettingsReadArray::kMaxElements;
-    const unsigned int size = isDamaged ? lastStoredIndex(settings) : array.size();
-    for (unsigned int i = 0; i < size; ++i)
+    for (unsigned int i = 0; i < array.size(); ++i)
         entries << array.value(i, kTextKey).toString();
 }

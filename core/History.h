@@ -14,7 +14,7 @@ KELO_BASE_EXPORT void WriteHistoryToFile(QSettings &settings, const QString &gro
                                          const QStringList &entries);
 
 /// Appends the stored entries to the list, which is not cleared. A missing entry in between is an
-/// empty text, a missing group appends nothing. Of a history that claims more than 100,000 entries,
-/// as a damaged file may, only those that are there count.
+/// empty text, a missing group appends nothing. Of a history that claims more than 10,000 entries,
+/// as a damaged file may, only those up to the last that is there count.
 KELO_BASE_EXPORT void ReadHistoryFromFile(QSettings &settings, const QString &group,
                                           QStringList &entries);

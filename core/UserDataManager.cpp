@@ -5,13 +5,9 @@
 #include "core/configfile_p.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QDebug>
 #include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QPointer>
-#include <QSettings>
 #include <QStandardPaths>
 #include <QStringBuilder>
 #include <stdexcept>
@@ -34,22 +30,28 @@ QString configFileName(const QString &directory, QLatin1StringView file)
     return directory % kSeparator % kConfigFolder % kSeparator % file;
 }
 
-/// A process that died while it took the lock of a file leaves the lock empty, and QSettings would
-/// wait half a minute for nobody. A living one writes into it at once.
-void dropAbandonedLock(const QString &fileName)
+std::shared_ptr<ConfigFile> openConfigFile(const QString &directory, QLatin1StringView file)
 {
-    const QFileInfo lock(fileName + QStringLiteral(".lock"));
-    const bool isEmpty = lock.exists() && lock.size() == 0;
-    if (isEmpty && lock.lastModified().msecsTo(QDateTime::currentDateTime()) > 1000)
-        QFile::remove(lock.filePath());
+    return {new ConfigFile(configFileName(directory, file)), ConfigFile::close};
 }
 
-std::shared_ptr<QSettings> openConfigFile(const QString &directory, QLatin1StringView file)
+/// Sets a flag while it lives; the flag may be gone before it.
+class Announcement
 {
-    const QString name = configFileName(directory, file);
-    dropAbandonedLock(name);
-    return std::make_shared<QSettings>(name, configFileFormat());
-}
+public:
+    Announcement(const QObject *owner, bool &flag) : m_owner(owner), m_flag(flag) { flag = true; }
+    ~Announcement()
+    {
+        if (m_owner)
+            m_flag = false;
+    }
+    Q_DISABLE_COPY_MOVE(Announcement)
+    [[nodiscard]] bool isOwnerAlive() const { return !m_owner.isNull(); }
+
+private:
+    QPointer<const QObject> m_owner;
+    bool &m_flag;
+};
 
 /// Whether the directory exists in the end.
 bool prepareDirectory(const QString &path)
@@ -108,7 +110,14 @@ UserDataManagerI::UserDataManagerI()
 
 UserDataManagerI::~UserDataManagerI()
 {
-    CloseAll();
+    for (const auto close :
+         {&UserDataManagerI::CloseProjectConfigFiles, &UserDataManagerI::CloseUserConfigFiles}) {
+        try {
+            (this->*close)();
+        } catch (...) { // the files save themselves
+            qDebug() << "UserDataManagerI::~UserDataManagerI : A listener to the last save threw";
+        }
+    }
 }
 
 void UserDataManagerI::Initialize()
@@ -162,22 +171,20 @@ void UserDataManagerI::SaveProjectConfigFiles()
 
 /// @param layout, settings  references to the members, for a listener may close or reopen them
 /// @return false when a listener destroyed the manager
-bool UserDataManagerI::save(const ConfigFile &layout, const ConfigFile &settings,
+bool UserDataManagerI::save(const SharedFile &layout, const SharedFile &settings,
                             SavingSignal announce, bool &isAnnouncing)
 {
     if (settings && !isAnnouncing) {
         // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
-        const ConfigFile announced = settings; // lives until the last listener is done
-        const QPointer<UserDataManagerI> alive(this);
-        isAnnouncing = true;
+        const SharedFile announced = settings; // lives until the last listener is done
+        const Announcement announcement(this, isAnnouncing);
         emit(this->*announce)(*announced);
-        if (!alive)
+        if (!announcement.isOwnerAlive())
             return false;
-        isAnnouncing = false;
     }
-    for (const ConfigFile &file : {layout, settings}) {
+    for (const SharedFile &file : {layout, settings}) {
         if (file)
-            file->sync();
+            file->save();
     }
     return true;
 }

@@ -9,6 +9,7 @@
 #include <QString>
 #include <memory>
 
+class ConfigFile;
 class QSettings;
 
 /// Whose configuration; any other number is never available.
@@ -28,8 +29,10 @@ enum DataScopeId : int {
 /// Paths have "/" as separator, and the functions that compose them do not touch the disk unless
 /// they say "prepare". Errors of directories and files are not reported, but a save is whole or not
 /// at all: what cannot be written stays in memory and the old file as it was; a file that cannot be
-/// parsed is copied beside itself before it is replaced. Changes that other processes saved in the
-/// meantime are kept.
+/// parsed is copied beside itself before it is replaced, and one that cannot be read is not
+/// replaced. Changes that other processes saved in the meantime are kept. A save waits for others
+/// at most two seconds a file; what it could not save then, the event loop saves later, and one
+/// debug line says so.
 ///
 /// For the GUI thread only.
 class KELO_BASE_EXPORT UserDataManagerI : public QObject
@@ -56,7 +59,9 @@ public:
     /// project's directory.
     void OpenProjectConfigFiles(const Tz::ObjectId &id);
     /// Announces the save, then writes both files. A listener may save again (which writes, but
-    /// announces nothing), close the files or destroy the manager.
+    /// announces nothing), close the files or destroy the manager. What it throws goes to the
+    /// caller, and the files stay unsaved and open; in the destructor it is logged, and all is
+    /// saved.
     void SaveUserConfigFiles();
     void SaveProjectConfigFiles();
     /// Saves as above and closes; closed files are left alone.
@@ -118,7 +123,7 @@ signals:
 private:
     using SavingSignal = void (UserDataManagerI::*)(QSettings &);
     /// Shared for the time of a signal only: a listener may close the file it was given.
-    using ConfigFile = std::shared_ptr<QSettings>;
+    using SharedFile = std::shared_ptr<ConfigFile>;
 
     UserDataManagerI();
     ~UserDataManagerI() override;
@@ -126,15 +131,15 @@ private:
     [[nodiscard]] QString MakeStorageDirectoryForModulePath(const QString &module) const;
     [[nodiscard]] QString MakeStorageDirectoryForProjectModulePath(const Tz::ObjectId &id,
                                                                    const QString &module) const;
-    bool save(const ConfigFile &layout, const ConfigFile &settings, SavingSignal announce,
+    bool save(const SharedFile &layout, const SharedFile &settings, SavingSignal announce,
               bool &isAnnouncing);
 
     QString m_baseDirectory; ///< clean and absolute
     bool m_useProjectSubDirectory = false;
-    ConfigFile m_userLayout;
-    ConfigFile m_projectLayout;
-    ConfigFile m_userSettings;
-    ConfigFile m_projectSettings;
+    SharedFile m_userLayout;
+    SharedFile m_projectLayout;
+    SharedFile m_userSettings;
+    SharedFile m_projectSettings;
     bool m_projectOpen = false;
     bool m_isAnnouncingUser = false;
     bool m_isAnnouncingProject = false;

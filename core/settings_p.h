@@ -22,17 +22,19 @@ private:
     QSettings &m_settings;
 };
 
-/// Reads a stored array; a size that a damaged file claims is cut to 0 ... kMaxElements.
+/// Reads a stored array. A size that is more than people configure is taken for damage: then the
+/// array ends with the last element that is stored.
 class SettingsReadArray
 {
 public:
     /// Far above what people configure, far below what hurts.
     static constexpr int kMaxElements = 100'000;
+    /// Sizes up to this are not doubted: elements that are missing cost little.
+    static constexpr int kUndoubtedElements = 10'000;
 
-    SettingsReadArray(QSettings &settings, QAnyStringView array)
-        : m_settings(settings),
-          m_size(static_cast<unsigned int>(
-              std::clamp(settings.beginReadArray(array.toString()), 0, kMaxElements)))
+    /// @param most  elements behind are not read
+    SettingsReadArray(QSettings &settings, QAnyStringView array, int most = kMaxElements)
+        : m_settings(settings), m_size(sizeOf(settings.beginReadArray(array.toString()), most))
     {
     }
     ~SettingsReadArray() { m_settings.endArray(); }
@@ -48,6 +50,16 @@ public:
     }
 
 private:
+    [[nodiscard]] unsigned int sizeOf(int claimed, int most) const
+    {
+        if (claimed <= std::min(most, kUndoubtedElements))
+            return static_cast<unsigned int>(std::max(claimed, 0));
+        int last = 0;
+        for (const QString &index : m_settings.childGroups())
+            last = std::max(last, index.toInt());
+        return static_cast<unsigned int>(std::min({claimed, last, most}));
+    }
+
     QSettings &m_settings;
     unsigned int m_size;
 };

@@ -24,7 +24,7 @@ struct [[nodiscard]] Gk2Result
 /// @param device  open for writing; gets few large blocks, so it need not buffer
 KELO_BASE_EXPORT Gk2Result WriteGk2(QIODevice &device, const DxfDrawing &drawing,
                                     std::span<const quint32> sheets,
-                                    const SheetProgress &progress = {});
+                                    const PlanProgress &progress = {});
 
 /// Replaces the file's contents by the sheets. Failures are neither tested nor reported: the result
 /// counts records formatted, not bytes stored. Use WriteGk2() where the user has to be told.

@@ -17,6 +17,8 @@ struct AnalysisOptions
 {
     SheetFilter filter;
     CornerOrder order = CornerOrder::Upright;
+    bool appliesPlacement = false; ///< sheets lie where their inserts put them, see PlaceInserts()
+    DxfReadOptions reading = {};   ///< for Open() alone
 };
 
 /// Which older files an export may take the place of.
@@ -45,10 +47,10 @@ struct [[nodiscard]] Gk2Export
 };
 
 /// What the two steps of opening report to; either may give up.
-struct PlanProgress
+struct PlanStages
 {
-    ReadProgress reading;
-    SheetProgress analyzing;
+    PlanProgress reading;
+    PlanProgress analyzing;
 };
 
 struct PlanOpening;
@@ -59,10 +61,10 @@ class KELO_BASE_EXPORT PlanSession
 public:
     /// Reads and analyses a plan. @param path  may be as FileNameFromBytes() gives it
     static PlanOpening Open(const QString &path, const AnalysisOptions &options = {},
-                            const PlanProgress &progress = {});
+                            const PlanStages &progress = {});
     /// The same from an open device, to its end. @param name  stands for it where people read it
     static PlanOpening Open(QIODevice &device, const QString &name,
-                            const AnalysisOptions &options = {}, const PlanProgress &progress = {});
+                            const AnalysisOptions &options = {}, const PlanStages &progress = {});
     Q_DISABLE_COPY_MOVE(PlanSession)
 
     /// Absolute; empty when the plan came from a device.
@@ -77,40 +79,52 @@ public:
     /// The last review; its sheets are those chosen since.
     [[nodiscard]] const SheetAnalysis &Analysis() const { return m_analysis; }
     /// Those of reading, then those of the last review.
-    [[nodiscard]] std::vector<Diagnostic> Findings() const;
+    [[nodiscard]] std::vector<PlanFinding> Findings() const;
     /// How many findings are warnings, all counted.
     [[nodiscard]] qint64 Warnings() const;
 
-    /// Labels the corners anew and reviews. False when memory does not suffice: the labels are
-    /// then undefined.
+    /// Labels the corners anew, after putting sheets where the options want them, and reviews.
+    /// False when memory does not suffice: the labels are then undefined. Drawing() may have other
+    /// inserts afterwards; their marks stay, except where an insert was or becomes a grid of
+    /// several.
     bool Relabel(const AnalysisOptions &options);
     /// Chooses the sheets anew, but reviews nothing: the findings stay those of before. False when
     /// memory does not suffice; so with Review().
     bool Choose(const SheetFilter &filter);
-    /// Chooses and reviews; takes several times as long as choosing.
-    bool Review(const SheetFilter &filter);
+    /// Chooses and reviews; takes several times as long as choosing. Also false, and nothing
+    /// changed, when @p progress gave up.
+    bool Review(const SheetFilter &filter, const PlanProgress &progress = {});
+    /// All that can be sheets, as without a filter. May throw std::bad_alloc the first time.
+    [[nodiscard]] const std::vector<quint32> &AllSheets();
 
     /// Whether any of the sheets chosen would be written: has a number and its mark.
     [[nodiscard]] bool HasRecords() const;
     /// Writes the sheets chosen, and marked, to a file that replaces an older one as a whole.
     Gk2Export Export(const QString &path, const Gk2ExportOptions &options = {},
-                     const SheetProgress &progress = {}) const;
+                     const PlanProgress &progress = {}) const;
     /// Draws the sheets chosen into a file, by the same rule: .svg, or .png with any other name.
     /// Wants an application object with fonts (QGuiApplication).
-    [[nodiscard]] FileFault ExportPicture(const QString &path) const;
+    /// @param changed, gone  what to show of a comparison, see ShowSheetNews()
+    [[nodiscard]] FileFault ExportPicture(const QString &path,
+                                          std::span<const ChangedSheet> changed = {},
+                                          qint64 gone = 0) const;
 
 private:
     PlanSession(const QString &path, const QString &name, DxfReadResult &&read);
     static PlanOpening analysed(std::unique_ptr<PlanSession> session,
-                                const AnalysisOptions &options, const SheetProgress &progress);
+                                const AnalysisOptions &options, const PlanProgress &progress);
+    /// False when the plan would become too large, or @p progress gave up.
+    bool place(bool appliesPlacement, const PlanProgress &progress = {});
     [[nodiscard]] Gk2Export::Outcome refusal(const QString &path,
                                              const Gk2ExportOptions &options) const;
 
     QString m_path;
     QString m_name;
     DxfDrawing m_drawing;
-    std::vector<Diagnostic> m_readFindings; ///< faults that did not hinder reading
+    std::optional<DxfDrawing> m_asRead;      ///< the drawing without placement, while it has one
+    std::vector<PlanFinding> m_readFindings; ///< faults that did not hinder reading
     SheetAnalysis m_analysis;
+    std::optional<std::vector<quint32>> m_all; ///< AllSheets(), once somebody asked
 };
 
 /// What became of opening a plan.
@@ -119,11 +133,11 @@ struct [[nodiscard]] PlanOpening
     enum class Outcome {
         Opened,
         NotRead,     ///< error tells why
-        NotAnalysed, ///< memory does not suffice
+        NotAnalysed, ///< memory does not suffice, or a plan becomes too large when placed
         Cancelled
     };
     Outcome outcome = Outcome::Opened;
     std::unique_ptr<PlanSession> session = {}; ///< null unless it was opened
-    std::optional<ReadError> error = {};
+    std::optional<DxfReadError> error = {};    ///< of NotRead, and of a plan too large to be placed
     explicit operator bool() const { return outcome == Outcome::Opened; }
 };

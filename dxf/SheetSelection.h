@@ -3,9 +3,9 @@
 #pragma once
 
 #include <QString>
-#include <functional>
 #include <kelo_base/core/Export.h>
 #include <kelo_base/dxf/DxfDrawing.h>
+#include <kelo_base/dxf/PlanProgress.h>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -26,17 +26,12 @@ struct SheetFilter
         excludeTag; ///< "Do not include blocks WITH" this tag, whatever its value
 };
 
-/// Called now and then during long work, at least ten times a second.
-/// @param done, total  items of the work at hand: blocks, inserts or sheets
-/// @return false to give up
-using SheetProgress = std::function<bool(qint64 done, qint64 total)>;
-
 /// The sheets: indices into DxfDrawing::Inserts(). Chosen are inserts whose block exists and has a
 /// polyline, as far as the filter lets them pass; ascending by sheet number, equal numbers in file
 /// order. Nothing when @p progress gave up.
 [[nodiscard]] KELO_BASE_EXPORT std::optional<std::vector<quint32>>
 SelectSheets(const DxfDrawing &drawing, const SheetFilter &filter,
-             const SheetProgress &progress = {});
+             const PlanProgress &progress = {});
 
 /// The sheet number as it stands in the drawing: the value under "BL_NR", else under "Bl_Nr".
 [[nodiscard]] KELO_BASE_EXPORT std::optional<std::string_view>

@@ -7,6 +7,7 @@
 #include <kelo_base/dxf/DxfReader.h>
 #include <kelo_base/dxf/Gk2Writer.h>
 #include <kelo_base/dxf/SheetAnalysis.h>
+#include <kelo_base/dxf/SheetPlacing.h>
 
 namespace {
 
@@ -125,6 +126,20 @@ void checkDrawing(DxfDrawing &drawing, CornerOrder order)
     promise(records == written, "the count is that of the records");
 }
 
+void checkPlaced(const DxfDrawing &drawing)
+{
+    PlacingResult placed = PlaceInserts(drawing);
+    promise(!placed.cancelled, "nobody cancelled");
+    if (placed.tooLarge)
+        return;
+    promise(placed.drawing.Inserts().size() >= drawing.Inserts().size(), "no insert is lost");
+    for (const DxfBlock &block : placed.drawing.Blocks())
+        for (const DxfPolyline &polyline : placed.drawing.Polylines(block))
+            for (const DxfVertex &vertex : placed.drawing.Vertices(polyline))
+                promise(std::isfinite(vertex.x) && std::isfinite(vertex.y), "all stays finite");
+    checkDrawing(placed.drawing, CornerOrder::Upright);
+}
+
 } // namespace
 
 void checkPlan(std::string_view bytes)
@@ -143,6 +158,7 @@ void checkPlan(std::string_view bytes)
     promise(plan.drawing.Inserts().size() == again.drawing.Inserts().size() &&
                 plan.diagnostics.size() == again.diagnostics.size(),
             "pieces are read as a whole is");
+    checkPlaced(plan.drawing);
     checkDrawing(plan.drawing, CornerOrder::AsDrawn);
     checkDrawing(plan.drawing, CornerOrder::Upright);
 }

@@ -46,7 +46,7 @@ void KeloIPCCommandParser::ProcessCommandString(const QString &name,
     } else if (name == "FindDocumentsForObject"_L1) {
         out.commandType = kFindDocumentsForObject;
         ParseParameterBlock(parameterLines, out);
-    } else if (name == "TestCommand"_L1) {
+    } else if (name == channel::kTestCommandName) {
         out.commandType = kTestCommand;
     }
 }

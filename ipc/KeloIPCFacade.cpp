@@ -4,14 +4,15 @@
 
 #include "ipc/channel_p.h"
 #include "ipc/datafile_p.h"
+#include "ipc/directorylock_p.h"
 #include "ipc/inbox_p.h"
 #include "ipc/outbox_p.h"
 
-#include <QDateTime>
 #include <QDebug>
 #include <QDir>
 #include <QPointer>
 #include <QProcess>
+#include <algorithm>
 #include <kelo_base/core/Process.h>
 #include <kelo_base/core/Uid.h>
 #include <kelo_base/ipc/KeloIPCCommand.h>
@@ -29,11 +30,6 @@ QString newSender()
     return QString::fromLatin1(Tz::CreateUid25(uid));
 }
 
-qint64 now()
-{
-    return QDateTime::currentMSecsSinceEpoch();
-}
-
 } // namespace
 
 /// What exists while the channel is switched on.
@@ -43,23 +39,21 @@ struct KeloIPCFacadeI::Channel
         : directory(place),
           handler(receiver),
           times(patience),
-          inbox(place, patience.leftover.count()),
-          outbox(makeOutbox())
+          inbox(place, patience.settle.count(), patience.leftover.count()),
+          outbox(makeOutbox(sender))
     {
     }
 
-    [[nodiscard]] channel::Outbox makeOutbox() const
+    [[nodiscard]] channel::Outbox makeOutbox(const QString &name) const
     {
-        return {directory, sender, times.leftover.count(), times.answer.count()};
+        return {directory, name, times.leftover.count(), times.answer.count()};
     }
 
-    /// Hands a command over. The handler may switch the channel off, or destroy it.
-    void handle(const channel::Delivery &delivery)
+    /// Refuses the command that waits for its handler, which will not see it.
+    void cancel()
     {
-        const bool isAccepted = handler.HandleCommand(delivery.command, delivery.origin);
-        isHandling = false;
-        inbox.answer(delivery.origin,
-                     isAccepted ? channel::AnswerState::Accepted : channel::AnswerState::Refused);
+        if (const auto delivery = std::exchange(waiting, std::nullopt))
+            inbox.answer(delivery->origin, channel::AnswerState::Refused);
     }
 
     QString directory;
@@ -69,8 +63,10 @@ struct KeloIPCFacadeI::Channel
     quint64 lastNumber = 0;
     channel::Inbox inbox;
     channel::Outbox outbox;
-    bool isHandling = false; ///< from a delivery until its handler returns
+    std::optional<channel::Delivery> waiting; ///< for its handler
+    bool isHandling = false;                  ///< from a delivery until its handler returns
     bool isDirectoryMissing = false;
+    int senders = 1; ///< counts what ContinueAs() brought
 };
 
 KeloIPCFacadeI &KeloIPCFacadeI::Instance()
@@ -91,15 +87,30 @@ KeloIPCFacadeI::KeloIPCFacadeI()
     connect(&m_partnerTimer, &QTimer::timeout, this, &KeloIPCFacadeI::lookAround);
 }
 
-KeloIPCFacadeI::~KeloIPCFacadeI() = default;
+KeloIPCFacadeI::~KeloIPCFacadeI()
+{
+    Deactivate();
+}
 
 bool KeloIPCFacadeI::Activate(const QString &directory, KeloIPCCommandHandler &handler)
 {
     Deactivate();
     const QString path = QDir(directory).absolutePath();
-    if (directory.isEmpty() || !QDir().mkpath(path)) {
+    if (!channel::isPath(directory) || !QDir().mkpath(path)) {
         qDebug() << "KeloIPCFacadeI::Activate"
                  << ": No directory " << directory;
+        return false;
+    }
+    switch (channel::DirectoryLock(path).take()) {
+    case channel::DirectoryLock::Result::Ours:
+        break;
+    case channel::DirectoryLock::Result::Another:
+        qDebug() << "KeloIPCFacadeI::Activate"
+                 << ": Another viewer uses " << path;
+        return false;
+    case channel::DirectoryLock::Result::Failed:
+        qDebug() << "KeloIPCFacadeI::Activate"
+                 << ": Cannot write to " << path;
         return false;
     }
     channel::removeDataFiles(path, m_times.dataFile);
@@ -114,6 +125,10 @@ void KeloIPCFacadeI::Deactivate()
 {
     m_pollTimer.stop();
     m_partnerTimer.stop();
+    if (!m_channel)
+        return;
+    m_channel->cancel();
+    channel::DirectoryLock(m_channel->directory).release();
     m_channel.reset();
 }
 
@@ -121,23 +136,31 @@ quint64 KeloIPCFacadeI::Send(const KeloIPCCommand &command)
 {
     if (!m_channel)
         return 0;
+    const quint64 nextNumber = std::max(m_channel->lastNumber, m_channel->outbox.givenBefore()) + 1;
+    m_channel->lastNumber = nextNumber;
     const channel::Message message{.type = channel::kNamedCommand,
                                    .id = command.GetCommandName(),
                                    .parameters = command.GetParameterText(),
                                    .sender = m_channel->sender,
-                                   .number = ++m_channel->lastNumber};
-    m_channel->outbox.put(message, now());
+                                   .number = nextNumber};
+    m_channel->outbox.put(message, channel::steadyNow());
     return message.number;
 }
 
-quint64 KeloIPCFacadeI::ContinueAs(const QString &sender)
+std::optional<quint64> KeloIPCFacadeI::ContinueAs(const QString &sender, quint64 lastAnswered)
 {
     if (!m_channel || !channel::isSenderId(sender))
-        return 0;
+        return std::nullopt;
+    channel::Outbox outbox = m_channel->makeOutbox(sender);
+    if (!outbox.knowsAnswers())
+        return std::nullopt;
+    quint64 &known = m_answered[sender];
+    known = std::max({known, outbox.lastAnswered(), lastAnswered});
+    m_channel->outbox = std::move(outbox);
     m_channel->sender = sender;
-    m_channel->outbox = m_channel->makeOutbox();
-    m_channel->lastNumber = m_channel->outbox.lastAnswered();
-    return m_channel->lastNumber;
+    m_channel->lastNumber = known;
+    ++m_channel->senders;
+    return known;
 }
 
 QString KeloIPCFacadeI::MakeDataFileParameter(const QString &polygonFilename)
@@ -165,32 +188,70 @@ void KeloIPCFacadeI::poll()
 {
     const QPointer<KeloIPCFacadeI> alive(this);
     const std::shared_ptr<Channel> running = m_channel;
-    for (const auto &[number, delivery] : running->outbox.poll(now())) {
+    const int senders = running->senders;
+    const auto outcomes = running->outbox.poll(channel::steadyNow());
+    for (const auto &[number, delivery] : outcomes) { // before any listener continues behind them
+        if (delivery != KeloDelivery::Silence)
+            m_answered[running->sender] = std::max(m_answered[running->sender], number);
+    }
+    for (const auto &[number, delivery] : outcomes) {
         emit CommandAnswered(number, delivery);
         if (!alive || m_channel != running)
             return;
+        if (running->senders != senders)
+            break; // the rest is about numbers that were forgotten
     }
     if (running->isHandling)
         return;
-    if (const auto delivery = running->inbox.poll(now(), running->handler)) {
-        running->isHandling = true;
-        const auto handle = [this, running, delivery] {
-            if (m_channel == running) // not switched off in the meantime
-                running->handle(*delivery);
-        };
-        // Not from here: while a timer is served it does not fire again, whatever loop runs.
-        QMetaObject::invokeMethod(this, handle, Qt::QueuedConnection);
-    }
+    running->waiting = running->inbox.poll(channel::steadyNow(), running->handler);
+    running->isHandling = running->waiting.has_value();
+    // Not from here: while a timer is served it does not fire again, whatever loop runs.
+    if (running->isHandling)
+        QMetaObject::invokeMethod(
+            this, [this, running] { handle(running); }, Qt::QueuedConnection);
 }
 
-/// What need not be known every second: the directory and the partner program.
+/// Hands a command over, unless switched off in the meantime. The handler may switch off, on, or
+/// destroy the channel.
+void KeloIPCFacadeI::handle(const std::shared_ptr<Channel> &running)
+{
+    if (!running->waiting)
+        return;
+    const QPointer<KeloIPCFacadeI> alive(this);
+    const std::shared_ptr<Channel> kept = running;
+    const channel::Delivery delivery = *std::exchange(running->waiting, std::nullopt);
+    const bool isAccepted = kept->handler.HandleCommand(delivery.command, delivery.origin);
+    kept->isHandling = false;
+    // What was switched on anew for the same directory has the answers in its care.
+    const bool isSucceeded = alive && m_channel && m_channel->directory == kept->directory;
+    (isSucceeded ? m_channel : kept)
+        ->inbox.answer(delivery.origin,
+                       isAccepted ? channel::AnswerState::Accepted : channel::AnswerState::Refused);
+}
+
+/// What need not be known every second: the directory, who uses it, and the partner program.
 void KeloIPCFacadeI::lookAround()
 {
     const bool isMissing = !QDir(m_channel->directory).exists();
     if (std::exchange(m_channel->isDirectoryMissing, isMissing) != isMissing)
         qDebug() << "KeloIPCFacadeI::lookAround :" << qUtf8Printable(m_channel->directory)
                  << (isMissing ? "is gone" : "is back");
+    if (!isMissing && !keepsLock())
+        return;
     const bool isRunning = IsProcessRunning(channel::kPartnerProgram);
     if (std::exchange(m_isPartnerRunning, isRunning) != isRunning)
         emit PartnerRunningChanged(isRunning);
+}
+
+/// Renews the lock on the directory. False, and switched off, when another viewer has it now: this
+/// one was stopped for long, or the directory came back with it.
+bool KeloIPCFacadeI::keepsLock()
+{
+    const channel::DirectoryLock lock(m_channel->directory);
+    if (lock.take() != channel::DirectoryLock::Result::Another)
+        return true;
+    qDebug() << "KeloIPCFacadeI::lookAround : Another viewer uses"
+             << qUtf8Printable(m_channel->directory);
+    Deactivate();
+    return false;
 }

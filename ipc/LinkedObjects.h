@@ -6,12 +6,12 @@
 #include <kelo_base/core/ObjectId.h>
 
 #include <QPointF>
-#include <QSqlDatabase>
 #include <QString>
-#include <memory>
 #include <optional>
 #include <span>
 #include <vector>
+
+class Database;
 
 /// One object in one document.
 struct KeloLinkedObject
@@ -25,30 +25,19 @@ struct KeloLinkedObject
     friend bool operator==(const KeloLinkedObject &, const KeloLinkedObject &) = default;
 };
 
-/// The tables IPC_OBJECTS (at most one link for an object and a document) and IPC_SETTINGS, in
-/// SQLite or PostgreSQL.
+/// The tables IPC_OBJECTS (at most one link for an object and a document) and IPC_SETTINGS.
 ///
-/// Whatever the database refuses (connection lost, database locked, table missing) gives false or
-/// nothing, one debug line, and no trace in the tables: what takes several steps happens in one
-/// transaction. The next call tries anew, and opens the connection again if it was lost. How long a
-/// lock is waited for, is set at the connection.
+/// Whatever the database refuses gives false or nothing, and no trace in the tables. What is stored
+/// inside of the application's own transaction is a part of it. Tables of a later form are neither
+/// read nor written.
 class KELO_BASE_EXPORT LinkedObjects
 {
 public:
-    /// Makes a connection to an SQLite file, created on demand, whose lock is waited for 200 ms at
-    /// most. The caller removes the connection when nobody uses it any more.
-    /// @param connection  a name for QSqlDatabase that is not in use
-    [[nodiscard]] static QSqlDatabase MakeDatabase(const QString &filename,
-                                                   const QString &connection);
+    /// @param database  the application's; shared, not owned, and outlives this
+    explicit LinkedObjects(Database &database) : m_database(database) {}
 
-    /// @param database  connection to the application's database; shared, not owned
-    explicit LinkedObjects(const QSqlDatabase &database);
-    ~LinkedObjects();
-    LinkedObjects(const LinkedObjects &) = delete;
-    LinkedObjects &operator=(const LinkedObjects &) = delete;
-
-    /// Opens the connection if necessary and brings the tables to the present form, from none or
-    /// from any earlier one. False as well for tables of a later form.
+    /// Opens the database if necessary and brings the tables to the present form, from none or from
+    /// any earlier one. False as well for tables of a later form.
     [[nodiscard]] bool Open();
 
     /// Stores all links or none; a link replaces the one of the same object and document. False
@@ -64,15 +53,11 @@ public:
     [[nodiscard]] std::optional<std::vector<KeloLinkedObject>>
     ObjectsInDocument(const QString &documentId);
 
-    /// Settings of the channel, by name. Names with "Schema" in front are the tables' own.
+    /// Settings of the channel, by name of at most 64 characters.
     [[nodiscard]] bool WriteSetting(const QString &name, const QString &value);
     /// Nothing when it is not stored or the database fails.
     [[nodiscard]] std::optional<QString> ReadSetting(const QString &name);
 
 private:
-    class Statements;
-
-    [[nodiscard]] std::optional<std::size_t> storedVersion();
-
-    std::unique_ptr<Statements> m_statements;
+    Database &m_database;
 };

@@ -13,6 +13,9 @@ inline constexpr QLatin1StringView kParametersKey{"Parameters"};
 inline constexpr QLatin1StringView kSenderKey{"Sender"};
 inline constexpr QLatin1StringView kSerialNumberKey{"SerialNumber"};
 
+// The command that has no parameters
+inline constexpr QLatin1StringView kTestCommandName{"TestCommand"};
+
 // Values of "CommandType"
 inline constexpr QLatin1StringView kNamedCommand{"NamedCommand"};
 inline constexpr QLatin1StringView kIntegerCommand{"IntegerCommand"};
@@ -36,6 +39,7 @@ inline constexpr QLatin1StringView kTemporaryEnding{".new"};
 inline constexpr QLatin1StringView kClaimedEnding{".claimed"};
 inline constexpr QLatin1StringView kRejectedEnding{".rejected"};
 inline constexpr QLatin1StringView kDataFilePrefix{"kelo-data-"};
+inline constexpr QLatin1StringView kLockFile{"kelo-viewer.lock"};
 
 inline constexpr QLatin1StringView kPartnerProgram{"dapex.exe"};
 

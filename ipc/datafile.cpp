@@ -5,7 +5,6 @@
 #include "ipc/channel_p.h"
 #include "ipc/exchangefiles_p.h"
 
-#include <QDateTime>
 #include <QDebug>
 #include <QDir>
 #include <QFileInfo>
@@ -53,9 +52,9 @@ QString placeDataFile(const QString &filename, const QString &directory)
     }
     const QString name = dataFileName(*bytes, filename);
     const QString path = directory % u'/' % name;
-    const FileStamp placed = stampOf(path);
-    if (placed.kind == FileStamp::Kind::File && placed.size == bytes->size()) {
-        touchFile(path);
+    const bool isPlaced = !QFileInfo(path).isSymLink() && readFile(path, kDataFileLimit) == bytes;
+    if (isPlaced) {
+        setModifiedTime(path, fileSystemNow(directory));
         return name;
     }
     if (!writeFile(path, *bytes)) {
@@ -68,11 +67,15 @@ QString placeDataFile(const QString &filename, const QString &directory)
 
 void removeDataFiles(const QString &directory, std::chrono::milliseconds age)
 {
-    const QDateTime limit = QDateTime::currentDateTimeUtc().addMSecs(-age.count());
     const QDir dir(directory);
-    for (const QFileInfo &copy : dir.entryInfoList({kDataFilePrefix % u'*'}, QDir::Files)) {
-        if (copy.lastModified() < limit)
-            removeFile(copy.filePath());
+    const QStringList copies = dir.entryList({kDataFilePrefix % u'*'}, QDir::Files);
+    if (copies.isEmpty())
+        return;
+    const qint64 limit = fileSystemNow(directory) - age.count();
+    for (const QString &name : copies) {
+        const QString path = dir.filePath(name);
+        if (modifiedTime(path).value_or(limit) < limit)
+            removeFile(path);
     }
 }
 

@@ -181,6 +181,7 @@ std::optional<Message> decodeMessage(QByteArrayView bytes)
 {
     const QString text = decodeText(bytes);
     Message message;
+    message.hasParameters = false;
     for (const QStringView line : linesOf(text)) {
         if (line == kGeneralSection)
             continue;
@@ -189,6 +190,8 @@ std::optional<Message> decodeMessage(QByteArrayView bytes)
         const auto entry = keyValueOf(line);
         if (!entry || !takeKey(*entry, message))
             return std::nullopt;
+        if (entry->key == kParametersKey)
+            message.hasParameters = true;
     }
     const bool hasOneOfTwo = message.sender.isEmpty() != (message.number == 0);
     if (message.type.isEmpty() || message.id.isEmpty() || hasOneOfTwo)
@@ -196,9 +199,14 @@ std::optional<Message> decodeMessage(QByteArrayView bytes)
     return message;
 }
 
-bool hasEndMark(QByteArrayView tail)
+bool takesParameters(const Message &message)
 {
-    const QByteArrayView trimmed = tail.trimmed();
+    return message.type == kNamedCommand && message.id != kTestCommandName;
+}
+
+bool hasEndMark(QByteArrayView bytes)
+{
+    const QByteArrayView trimmed = bytes.trimmed();
     const auto mark = QByteArrayView(kEndSection.data(), kEndSection.size());
     const bool isLine =
         trimmed.size() > mark.size() && trimmed[trimmed.size() - mark.size() - 1] == '\n';
@@ -233,6 +241,10 @@ void Answers::set(const QString &sender, quint64 number, AnswerState state)
         m_records.push_back({sender, {}});
     if (m_records.size() > kSenders)
         m_records.erase(m_records.begin());
+    if (m_records.size() > kTalkingSenders) {
+        auto &silent = (m_records.end() - kTalkingSenders - 1)->numbers;
+        silent.erase(silent.begin(), std::prev(silent.end()));
+    }
     auto &numbers = m_records.back().numbers;
     numbers[number] = state;
     if (numbers.size() > kNumbers)

@@ -17,11 +17,12 @@ inline constexpr qint64 kFileLimit = 1 << 20; ///< bytes; larger files are not r
 /// A command as it stands in a file.
 struct Message
 {
-    QString type;       ///< "NamedCommand" or "IntegerCommand"
-    QString id;         ///< name or number
-    QString parameters; ///< as one text
-    QString sender;     ///< 1 ... 64 of A-Z a-z 0-9 . _ -; empty without numbers
-    quint64 number = 0; ///< from 1 on; 0 without numbers
+    QString type;              ///< "NamedCommand" or "IntegerCommand"
+    QString id;                ///< name or number
+    QString parameters;        ///< as one text
+    QString sender;            ///< 1 ... 64 of A-Z a-z 0-9 . _ -; empty without numbers
+    quint64 number = 0;        ///< from 1 on; 0 without numbers
+    bool hasParameters = true; ///< whether a line says so, be they none
 
     friend bool operator==(const Message &, const Message &) = default;
 };
@@ -36,11 +37,11 @@ struct Message
 ///         only one of sender and number is there
 [[nodiscard]] std::optional<Message> decodeMessage(QByteArrayView bytes);
 
-/// Longer than the end mark with any line ends around it.
-inline constexpr qint64 kEndMarkReach = 16;
+/// Whether a file ends with the end mark, so that nothing is missing.
+[[nodiscard]] bool hasEndMark(QByteArrayView bytes);
 
-/// Whether a file with this tail ends with the end mark, so that nothing is missing.
-[[nodiscard]] bool hasEndMark(QByteArrayView tail);
+/// Whether commands of that name have parameters.
+[[nodiscard]] bool takesParameters(const Message &message);
 
 /// The record of a command; nothing when its name is unknown or its number is none.
 [[nodiscard]] std::optional<KeloCommandData> commandDataOf(const Message &message);
@@ -52,13 +53,14 @@ enum class AnswerState {
     Refused,
 };
 
-/// What a receiver remembers: the last numbers of the last senders. It is recorded in a file, which
-/// the sender reads.
+/// What a receiver remembers: the last numbers of the senders heard last, and of many more the very
+/// last one, so that no old command runs again. It is recorded in a file, which the sender reads.
 class Answers
 {
 public:
-    static constexpr std::size_t kSenders = 16;
-    static constexpr std::size_t kNumbers = 32; ///< of each sender
+    static constexpr std::size_t kSenders = 4000; ///< then the one heard longest ago is forgotten
+    static constexpr std::size_t kTalkingSenders = 16; ///< of which more than one number is kept
+    static constexpr std::size_t kNumbers = 32;        ///< of each of these
 
     void set(const QString &sender, quint64 number, AnswerState state);
     [[nodiscard]] std::optional<AnswerState> state(const QString &sender, quint64 number) const;

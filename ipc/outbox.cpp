@@ -4,27 +4,38 @@
 
 #include "ipc/channel_p.h"
 
-#include <QDebug>
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace channel {
+namespace {
+
+/// The longest time, in milliseconds, in which two versions of a file get the same time, and more:
+/// some file systems count in steps of two seconds.
+constexpr qint64 kCoarsestTime = 3000;
+
+} // namespace
 
 Outbox::Outbox(const QString &directory, const QString &sender, qint64 leftover, qint64 answer)
-    : m_file(directory + u'/' + kOutgoingFile),
+    : m_directory(directory),
+      m_file(directory + u'/' + kOutgoingFile),
       m_answersFile(directory + u'/' + kOutgoingAnswersFile),
       m_sender(sender),
       m_leftover(leftover),
       m_answerLimit(answer)
 {
-    readAnswers();
+    readAnswers(steadyNow());
+    m_highest = m_answers.lastNumber(m_sender);
 }
 
 void Outbox::put(const Message &message, qint64 now)
 {
+    m_first = m_first == 0 ? message.number : m_first;
+    m_highest = std::max(m_highest, message.number);
     m_queue.push_back({message, now});
-    if (!m_lying && stampOf(m_file).kind == FileStamp::Kind::Absent)
+    if (!m_lying && !fileExists(m_file))
         placeNext(now);
 }
 
@@ -32,8 +43,8 @@ std::vector<Outbox::Outcome> Outbox::poll(qint64 now)
 {
     if (m_queue.empty() && !m_lying && m_taken.empty())
         return {};
+    readAnswers(now);
     lookAtFile(now);
-    readAnswers();
     collectAnswers();
     collectSilence(now);
     return std::exchange(m_outcomes, {});
@@ -41,25 +52,59 @@ std::vector<Outbox::Outcome> Outbox::poll(qint64 now)
 
 void Outbox::lookAtFile(qint64 now)
 {
-    if (m_lying && now - m_lying->since <= m_leftover && fileExists(m_file))
-        return; // the usual case
-    const FileStamp stamp = stampOf(m_file);
-    if (stamp.kind == FileStamp::Kind::Other) {
-        say(m_file + u" is no file"_s);
-    } else if (stamp.kind == FileStamp::Kind::File) {
-        const qint64 since = m_lying ? m_lying->since : stamp.modified;
-        const bool isLeftover = now - since > m_leftover;
-        if (isLeftover && removeFile(m_file)) { // false when it was taken in this moment
-            say(m_file + u" lay too long"_s);
-            if (m_lying)
-                settle(m_lying->number, KeloDelivery::Silence);
-        }
-    } else {
+    if (!fileExists(m_file)) {
         if (m_lying)
             m_taken.push_back({m_lying->number, now});
         m_lying.reset();
+        m_foreign.lookAtNothing(now);
+        m_foreignSince.reset();
+        m_faults.clear(m_file);
         placeNext(now);
+    } else if (!m_lying) {
+        lookAtForeignFile(now);
+    } else if (now - m_lying->since > m_leftover) {
+        withdraw(now);
     }
+}
+
+/// Takes back what nobody took.
+void Outbox::withdraw(qint64 now)
+{
+    const Pending lying = *std::exchange(m_lying, std::nullopt);
+    const FileContent content = lookInto(m_file, kFileLimit);
+    const bool isOther =
+        content.state == FileContent::State::NoFile ||
+        (content.state == FileContent::State::Read && content.bytes != m_lyingText);
+    if (isOther)
+        return m_taken.push_back({lying.number, now}); // and somebody has put something there
+    const bool isRemoved = removeFile(m_file);
+    if (isRemoved)
+        FaultLog::tell(m_file + u" lay too long"_s);
+    else if (fileExists(m_file))
+        m_faults.say(m_file, u"Cannot remove "_s + m_file);
+    else
+        return m_taken.push_back({lying.number, now}); // in this moment
+    settle(lying.number, KeloDelivery::Silence);
+}
+
+/// One of an earlier life, or none of ours at all: it has its time as well.
+void Outbox::lookAtForeignFile(qint64 now)
+{
+    const FileContent content = lookInto(m_file, kFileLimit);
+    if (content.state == FileContent::State::NoFile)
+        return m_faults.say(m_file, m_file + u" is no file"_s);
+    m_foreign.lookAt(content.bytes, now);
+    if (!m_foreignSince || m_foreign.unchanged(now) == 0) {
+        const qint64 present = fileSystemNow(m_directory);
+        const qint64 age = present - modifiedTime(m_file).value_or(present);
+        m_foreignSince = now - m_foreign.age(age, now);
+    }
+    if (now - *m_foreignSince <= m_leftover)
+        return;
+    if (removeFile(m_file))
+        FaultLog::tell(m_file + u" lay too long"_s);
+    else if (fileExists(m_file))
+        m_faults.say(m_file, u"Cannot remove "_s + m_file);
 }
 
 void Outbox::placeNext(qint64 now)
@@ -67,20 +112,66 @@ void Outbox::placeNext(qint64 now)
     if (m_queue.empty())
         return;
     const Message &next = m_queue.front().message;
-    if (!writeFile(m_file, encodeMessage(next)))
-        return say(u"Cannot write "_s + m_file);
+    m_lyingText = encodeMessage(next);
+    if (!writeFile(m_file, m_lyingText))
+        return m_faults.say(m_file, u"Cannot write "_s + m_file);
+    m_faults.clear(m_file);
     m_lying = {next.number, now};
+    m_hasPlaced = true;
     m_queue.pop_front();
-    m_lastLine.clear();
 }
 
-void Outbox::readAnswers()
+void Outbox::readAnswers(qint64 now)
 {
-    const FileStamp stamp = stampOf(m_answersFile);
-    if (std::exchange(m_answersLook, stamp) == stamp)
+    const auto time = modifiedTime(m_answersFile);
+    if (!time && m_answersState != AnswersState::Unknown)
         return;
-    if (const auto bytes = readFile(m_answersFile, kFileLimit))
-        m_answers = Answers::decode(*bytes);
+    const bool isUnchanged = time && std::exchange(m_answersTime, time) == time;
+    if (!isUnchanged)
+        m_answersChanged = now;
+    if (isUnchanged && now - m_answersChanged > kCoarsestTime)
+        return;
+    const FileContent content = lookInto(m_answersFile, kFileLimit);
+    switch (content.state) {
+    case FileContent::State::Read:
+        m_answers = Answers::decode(content.bytes);
+        checkNumbers();
+        m_answersState = AnswersState::Read;
+        m_faults.clear(m_answersFile);
+        break;
+    case FileContent::State::Absent:
+        if (m_answersState == AnswersState::Unknown)
+            m_answersState = AnswersState::None;
+        break;
+    case FileContent::State::TooLarge:
+    case FileContent::State::NoFile:
+        m_faults.say(m_answersFile, u"Cannot read "_s + m_answersFile);
+        break;
+    case FileContent::State::Unreadable: // the directory may be away
+        break;
+    }
+}
+
+/// When the partner knows numbers that were never given, because the answers were away when this
+/// sender began, its answers to the numbers in use are those to other commands.
+void Outbox::checkNumbers()
+{
+    const quint64 last = m_answers.lastNumber(m_sender);
+    const bool isFirstLook = m_answersState != AnswersState::Read && !m_hasPlaced;
+    const bool isAhead = last > m_highest || (isFirstLook && last >= m_first);
+    if (m_first == 0 || !isAhead)
+        return;
+    m_highest = std::max(m_highest, last);
+    m_givenBefore = last;
+    FaultLog::tell(u"numbers of "_s + m_sender + u" were given before"_s);
+    if (m_lying && lookInto(m_file, kFileLimit).bytes == m_lyingText)
+        removeFile(m_file);
+    for (const Pending &taken : std::exchange(m_taken, {}))
+        settle(taken.number, KeloDelivery::Silence);
+    if (m_lying)
+        settle(m_lying->number, KeloDelivery::Silence);
+    for (const Queued &queued : std::exchange(m_queue, {}))
+        settle(queued.message.number, KeloDelivery::Silence);
 }
 
 void Outbox::collectAnswers()
@@ -115,13 +206,6 @@ void Outbox::settle(quint64 number, KeloDelivery delivery)
     std::erase_if(m_taken, [number](const Pending &taken) { return taken.number == number; });
     if (m_lying && m_lying->number == number)
         m_lying.reset();
-}
-
-/// One debug line; the same line is not repeated poll after poll.
-void Outbox::say(const QString &line)
-{
-    if (std::exchange(m_lastLine, line) != line)
-        qDebug() << "KeloIPCFacadeI::poll :" << qUtf8Printable(line);
 }
 
 } // namespace channel

@@ -3,6 +3,8 @@
 #pragma once
 
 #include "ipc/exchangefiles_p.h"
+#include "ipc/faultlog_p.h"
+#include "ipc/filewatch_p.h"
 #include "ipc/message_p.h"
 
 #include <deque>
@@ -25,13 +27,18 @@ public:
     /// @param answer    milliseconds after which a taken command counts as unanswered
     Outbox(const QString &directory, const QString &sender, qint64 leftover, qint64 answer);
 
+    /// Whether the partner's answers can be read, or there are none yet.
+    [[nodiscard]] bool knowsAnswers() const { return m_answersState != AnswersState::Unknown; }
     /// The number of the last command that the partner accepted or refused from this sender.
     [[nodiscard]] quint64 lastAnswered() const { return m_answers.lastAnswered(m_sender); }
+    /// The highest number of this sender that turned out to be in use already; 0: none did.
+    [[nodiscard]] quint64 givenBefore() const { return m_givenBefore; }
 
     /// Queues a command, and puts it out at once when nothing lies there.
-    /// @param now  milliseconds since 1970
+    /// @param now  steadyNow()
     void put(const Message &message, qint64 now);
-    /// Sees what was taken and answered and puts out what is next. Costs nothing when all is known.
+    /// Sees what was taken and answered and puts out what is next. Costs nothing when all is known,
+    /// and two stats while something is not.
     [[nodiscard]] std::vector<Outcome> poll(qint64 now);
 
 private:
@@ -45,15 +52,19 @@ private:
         Message message;
         qint64 since;
     };
+    enum class AnswersState { Unknown, None, Read };
 
-    void readAnswers();
+    void readAnswers(qint64 now);
+    void checkNumbers();
     void lookAtFile(qint64 now);
+    void withdraw(qint64 now);
+    void lookAtForeignFile(qint64 now);
     void placeNext(qint64 now);
     void settle(quint64 number, KeloDelivery delivery);
     void collectAnswers();
     void collectSilence(qint64 now);
-    void say(const QString &line);
 
+    QString m_directory;
     QString m_file;
     QString m_answersFile;
     QString m_sender;
@@ -61,11 +72,20 @@ private:
     qint64 m_answerLimit;
     std::deque<Queued> m_queue;
     std::optional<Pending> m_lying; ///< put out and not taken
-    std::vector<Pending> m_taken;   ///< and not answered
+    QByteArray m_lyingText;
+    std::vector<Pending> m_taken; ///< and not answered
     std::vector<Outcome> m_outcomes;
-    FileStamp m_answersLook;
+    FileWatch m_foreign;                  ///< of a file that is not ours where ours shall be
+    std::optional<qint64> m_foreignSince; ///< the moment by steadyNow() when it was written
+    std::optional<qint64> m_answersTime;  ///< of the file when it was last read
+    qint64 m_answersChanged = 0;          ///< when that time was seen first
+    AnswersState m_answersState = AnswersState::Unknown;
     Answers m_answers;
-    QString m_lastLine;
+    quint64 m_first = 0;   ///< the lowest number that was put; 0: none
+    quint64 m_highest = 0; ///< that the partner may know
+    quint64 m_givenBefore = 0;
+    bool m_hasPlaced = false;
+    FaultLog m_faults;
 };
 
 } // namespace channel

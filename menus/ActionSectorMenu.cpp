@@ -52,6 +52,11 @@ std::unique_ptr<QtPieItem> newEmptyPlace()
     return item;
 }
 
+bool isEmptyPlace(const QtPieItem &item)
+{
+    return item.text().isEmpty() && item.icon().isNull();
+}
+
 /// Announces and triggers. Listeners may delete whatever they like.
 void trigger(ActionManager &manager, int id)
 {
@@ -65,17 +70,13 @@ void trigger(ActionManager &manager, int id)
         action->trigger();
 }
 
-bool isOffered(const ActionData *record, const FunctionFilter &filter)
-{
-    return record && record->action && record->valid && filter.accept(*record);
-}
-
 } // namespace
 
 ActionSectorMenu::ActionSectorMenu(ActionManager &manager, int innerRadius, int outerRadius,
                                    QWidget *parent, const QString &name)
     : QtPieMenu(innerRadius, outerRadius, parent, name), m_manager(&manager)
 {
+    setGrowing(true);
 }
 
 void ActionSectorMenu::fillByLayout(const ContextMenuLayout &layout, const FunctionFilter &filter)
@@ -85,7 +86,9 @@ void ActionSectorMenu::fillByLayout(const ContextMenuLayout &layout, const Funct
         const int id = layout.GetAssignedActionId(slot); // -1 in an empty one
         const ActionData *record =
             m_manager && id != kNoAction ? m_manager->FindActionDataById(id) : nullptr;
-        entries.push_back(isOffered(record, filter) ? newItem(id, *record) : newEmptyPlace());
+        // A filter may do what it likes, even destroy the registry.
+        const bool isOffered = record && IsOffered(*record, filter) && m_manager;
+        entries.push_back(isOffered ? newItem(id, *record) : newEmptyPlace());
     }
     clear();
     insertEntries(*this, std::move(entries));
@@ -97,10 +100,13 @@ void ActionSectorMenu::fillByCategory(const FunctionFilter &filter)
     if (!m_manager)
         return;
     std::map<int, Entries> categories;
-    for (const auto &[id, record] : m_manager->GetActions()) {
-        if (isOffered(record, filter) && record->action->isVisible())
-            categories[record->category].push_back(newItem(static_cast<int>(id), *record));
+    for (const ActionData *record : m_manager->FindActionDataByFilter(filter)) {
+        const int id = m_manager->FindIdOfActionData(record);
+        if (record->action && record->action->isVisible())
+            categories[record->category].push_back(newItem(id, *record));
     }
+    if (!m_manager)
+        return;
     Entries entries;
     for (auto &[category, items] : categories) {
         QString text = m_manager->GetCategoryDescription(category);
@@ -129,12 +135,15 @@ std::unique_ptr<QtPieItem> ActionSectorMenu::newItem(int id, const ActionData &r
 
 std::unique_ptr<QtPieMenu> ActionSectorMenu::newSubMenu(const QString &text, Entries entries) const
 {
-    auto menu = std::make_unique<QtPieMenu>(text, innerRadius(), outerRadius());
+    auto menu = std::make_unique<QtPieMenu>(text, innerRadius(), leastOuterRadius());
     menu->setAutoActivateSubMenus(autoActivateSubMenus());
     menu->setHoverInterval(hoverInterval());
     menu->setTapThreshold(tapThreshold());
     menu->setSubMenuPlacement(subMenuPlacement());
     menu->setFading(isFading());
+    menu->setGrowing(isGrowing());
+    menu->setDigitsShown(areDigitsShown());
+    menu->setCancelDistance(cancelDistance());
     insertEntries(*menu, std::move(entries));
     return menu;
 }
@@ -142,11 +151,14 @@ std::unique_ptr<QtPieMenu> ActionSectorMenu::newSubMenu(const QString &text, Ent
 void ActionSectorMenu::insertEntries(QtPieMenu &menu, Entries entries) const
 {
     if (entries.size() > kMostEntries) {
-        const auto rest = entries.begin() + (kMostEntries - 1);
-        auto more = newSubMenu(tr("More"), Entries(std::make_move_iterator(rest),
-                                                   std::make_move_iterator(entries.end())));
-        entries.erase(rest, entries.end());
-        entries.push_back(std::move(more));
+        const auto first = entries.begin() + (kMostEntries - 1);
+        Entries rest(std::make_move_iterator(first), std::make_move_iterator(entries.end()));
+        entries.erase(first, entries.end());
+        std::erase_if(rest, [](const auto &entry) { return isEmptyPlace(*entry); });
+        if (rest.size() > 1)
+            entries.push_back(newSubMenu(tr("More"), std::move(rest)));
+        else // the first ones keep their directions
+            entries.push_back(rest.empty() ? newEmptyPlace() : std::move(rest.front()));
     }
     for (std::unique_ptr<QtPieItem> &entry : entries)
         menu.insertItem(entry.release());

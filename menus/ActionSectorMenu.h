@@ -14,7 +14,7 @@ class FunctionFilter;
 struct ActionData;
 
 /// Shows functions from the action registry, with their large icons where the application has
-/// them, and keeps in step with the actions while it is open.
+/// them, and keeps in step with the actions while it is open. It grows as its texts need it.
 ///
 /// An item that is chosen looks its action up in the registry again, announces it by
 /// ActionManager::SignalBeforeActionTrigger(), and triggers it. An action that is checkable and
@@ -26,16 +26,15 @@ class KELO_BASE_EXPORT ActionSectorMenu : public QtPieMenu
 
 public:
     /// More entries than that do not tell directions apart: the last becomes "More", a sub-menu
-    /// with the rest.
+    /// with the rest, in which empty places are left out.
     static constexpr int kMostEntries = 12;
 
     /// @param manager  not owned; may die first
     ActionSectorMenu(ActionManager &manager, int innerRadius, int outerRadius,
                      QWidget *parent = nullptr, const QString &name = QString());
 
-    // Both replace all items. An action is offered when it is alive, valid, and accepted by the
-    // filter, which stands for the current context. Sub-menus get this menu's radii and behaviour
-    // as they are then.
+    // Both replace all items. The filter stands for the current context, see IsOffered(). Sub-menus
+    // get this menu's radii and behaviour as they are then.
 
     /// Slot i becomes sector i. A slot that is empty, or whose action is not offered, stays an
     /// empty place, so that every action keeps its direction.

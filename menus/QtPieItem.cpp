@@ -19,7 +19,10 @@ QtPieItem::QtPieItem(const QIcon &icon, const QString &text, QWidget *parent, in
 
 void QtPieItem::setText(const QString &text)
 {
+    if (m_text == text)
+        return;
     m_text = text;
+    pie::announceName(*this);
     emit changed();
 }
 
@@ -37,13 +40,18 @@ void QtPieItem::setWeight(int weight)
 
 void QtPieItem::setCheckable(bool isCheckable)
 {
+    if (m_isCheckable == isCheckable)
+        return;
     m_isCheckable = isCheckable;
     emit changed();
 }
 
 void QtPieItem::setChecked(bool isChecked)
 {
+    if (m_isChecked == isChecked)
+        return;
     m_isChecked = isChecked;
+    pie::announceCheck(*this);
     emit changed();
 }
 

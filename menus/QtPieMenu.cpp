@@ -14,6 +14,7 @@
 #include <QScreen>
 #include <QStyle>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -62,10 +63,16 @@ void QtPieMenu::init(const QString &name)
     d->hover.setSingleShot(true);
     d->hover.setInterval(style()->styleHint(QStyle::SH_Menu_SubMenuPopupDelay, nullptr, this));
     connect(&d->hover, &QTimer::timeout, this, &QtPieMenu::hoverAlert);
+    d->rest.setSingleShot(true);
+    d->rest.setInterval(Data::kRest);
+    connect(&d->rest, &QTimer::timeout, this, &QtPieMenu::pointerRested);
+    d->releaseWait.setSingleShot(true);
+    connect(&d->releaseWait, &QTimer::timeout, this, &QtPieMenu::releaseUnrepeated);
+    pie::watchKeys();
     connect(qApp, &QGuiApplication::applicationStateChanged, this,
             [this](Qt::ApplicationState now) {
                 if (now != Qt::ApplicationActive && isVisible())
-                    cancelTree();
+                    cancelAllOpen();
             });
 }
 
@@ -74,11 +81,35 @@ bool QtPieMenu::isTopLevelMenu() const
     return !parent() || !parent()->inherits("QtPieMenu");
 }
 
+/// The menu of which this one is a sub-menu; null: none.
+QtPieMenu *QtPieMenu::holder() const
+{
+    return qobject_cast<QtPieMenu *>(parent());
+}
+
+/// The open menu that this one belongs to in the end; itself, when it is alone.
+QtPieMenu &QtPieMenu::firstOpen()
+{
+    QtPieMenu *first = this;
+    while (first->holder() && first->holder()->isVisible())
+        first = first->holder();
+    return *first;
+}
+
+/// The open menu in front of this one; itself, when there is none.
+QtPieMenu &QtPieMenu::lastOpen()
+{
+    QtPieMenu *last = this;
+    while (QtPieMenu *menu = last->subMenuAt(last->d->shownSubMenu))
+        last = menu;
+    return *last;
+}
+
 // Items
 
 int QtPieMenu::count() const
 {
-    return static_cast<int>(d->items.size());
+    return d->items.count();
 }
 
 void QtPieMenu::insertItem(QtPieItem *item, int index)
@@ -90,18 +121,15 @@ void QtPieMenu::insertItem(QtPieItem *item, int index)
     if (item->parent() == this)
         item->setParent(nullptr, item->windowFlags()); // takes it out of the list, if it is there
     item->setParent(this, item->windowFlags());        // hides it as well
-    const bool isPlace = index >= 0 && index < count();
-    d->items.insert(isPlace ? d->items.begin() + index : d->items.end(), item);
+    const int place = d->items.insert(item, index);
     connect(item, &QtPieItem::changed, this, &QtPieMenu::itemChanged);
     if (const auto *menu = qobject_cast<QtPieMenu *>(item)) {
         connect(menu, &QtPieItem::activated, this, &QtPieMenu::subMenuSelected);
         connect(menu, &QtPieMenu::canceled, this, &QtPieMenu::subMenuCanceled);
         connect(menu, &QtPieMenu::canceledAll, this, &QtPieMenu::allCanceled);
     }
-    for (int *kept : {&d->highlighted, &d->pointerOver, &d->shownSubMenu}) {
-        if (isPlace && *kept >= index)
-            ++*kept;
-    }
+    for (int *kept : {&d->highlighted, &d->pointerOver, &d->shownSubMenu})
+        *kept = pie::afterInsertion(*kept, place);
     itemChanged();
 }
 
@@ -134,26 +162,21 @@ void QtPieMenu::clear()
 void QtPieMenu::childEvent(QChildEvent *event)
 {
     QtPieItem::childEvent(event);
-    const auto gone = std::find(d->items.begin(), d->items.end(), event->child());
-    if (!event->removed() || gone == d->items.end())
+    const int place = event->removed() ? d->items.remove(event->child()) : Data::kNone;
+    if (place == Data::kNone)
         return;
-    const int index = static_cast<int>(gone - d->items.begin());
-    d->items.erase(gone);
     disconnect(event->child(), nullptr, this, nullptr);
-    if (index == d->shownSubMenu)
+    const bool wasShown = place == d->shownSubMenu;
+    for (int *kept : {&d->highlighted, &d->pointerOver, &d->shownSubMenu})
+        *kept = pie::afterRemoval(*kept, place);
+    if (wasShown)
         subMenuCanceled();
-    for (int *kept : {&d->highlighted, &d->pointerOver, &d->shownSubMenu}) {
-        if (*kept == index)
-            *kept = Data::kNone;
-        else if (*kept > index)
-            --*kept;
-    }
     itemChanged();
 }
 
 QtPieItem *QtPieMenu::itemAt(int index) const
 {
-    return index >= 0 && index < count() ? d->items[static_cast<std::size_t>(index)] : nullptr;
+    return d->items.at(index);
 }
 
 QtPieMenu *QtPieMenu::subMenuAt(int index) const
@@ -164,8 +187,7 @@ QtPieMenu *QtPieMenu::subMenuAt(int index) const
 
 int QtPieMenu::indexOf(const QtPieItem *item) const
 {
-    const auto found = std::find(d->items.begin(), d->items.end(), item);
-    return found == d->items.end() ? -1 : static_cast<int>(found - d->items.begin());
+    return d->items.indexOf(item);
 }
 
 // The warnings are worded the way logs have always had them, "of of" included.
@@ -236,6 +258,8 @@ void QtPieMenu::itemChanged()
 {
     d->outdate();
     update();
+    if (isVisible() && d->highlighted >= 0 && !canChoose(d->highlighted))
+        setHighlightedItem(Data::kNone);
 }
 
 // Geometry
@@ -253,16 +277,38 @@ int QtPieMenu::innerRadius() const
 
 void QtPieMenu::setOuterRadius(int pixels)
 {
-    d->outerRadius = std::clamp(pixels, 0, kLargestRadius);
-    d->mask = QBitmap(sizeOf(d->outerRadius));
+    d->leastOuterRadius = std::clamp(pixels, 0, kLargestRadius);
+    setShownRadius(d->leastOuterRadius);
+}
+
+void QtPieMenu::setShownRadius(int pixels)
+{
+    d->outerRadius = pixels;
+    d->mask = QBitmap(sizeOf(pixels));
     d->isMaskOutdated = true;
-    resize(sizeOf(d->outerRadius));
-    itemChanged();
+    d->outdateLayout();
+    resize(sizeOf(pixels));
+    update();
 }
 
 int QtPieMenu::outerRadius() const
 {
     return d->outerRadius;
+}
+
+void QtPieMenu::setGrowing(bool isGrowing)
+{
+    d->isGrowing = isGrowing;
+}
+
+bool QtPieMenu::isGrowing() const
+{
+    return d->isGrowing;
+}
+
+int QtPieMenu::leastOuterRadius() const
+{
+    return d->leastOuterRadius;
 }
 
 QSize QtPieMenu::sizeHint() const
@@ -300,7 +346,7 @@ int QtPieMenu::indexAt(const QPoint &pos) const
 
 double QtPieMenu::indexToAngle(int index, int count, bool middle) const
 {
-    return pie::borderAngle(d->weights(), index, count, middle);
+    return pie::borderAngle(d->items.weights(), index, count, middle);
 }
 
 int QtPieMenu::angleToIndex(double angle, int count) const
@@ -340,6 +386,16 @@ int QtPieMenu::tapThreshold() const
     return d->tapThreshold;
 }
 
+void QtPieMenu::setCancelDistance(int pixels)
+{
+    d->cancelDistance = std::max(pixels, 0);
+}
+
+int QtPieMenu::cancelDistance() const
+{
+    return d->cancelDistance;
+}
+
 void QtPieMenu::setSubMenuPlacement(SubMenuPlacement placement)
 {
     d->placement = placement;
@@ -360,27 +416,65 @@ bool QtPieMenu::isFading() const
     return d->isFading;
 }
 
+void QtPieMenu::setDigitsShown(bool areShown)
+{
+    d->showsDigits = areShown;
+    itemChanged();
+}
+
+bool QtPieMenu::areDigitsShown() const
+{
+    return d->showsDigits;
+}
+
 // Opening
 
 void QtPieMenu::popup(const QPoint &globalPos)
+{
+    QtPieMenu *top = this;
+    while (top->holder())
+        top = top->holder();
+    top->hideTree();
+    open(globalPos);
+}
+
+void QtPieMenu::hideTree()
+{
+    if (isVisible())
+        hide(); // with what it has opened itself
+    for (int i = 0; i < count(); ++i) {
+        if (QtPieMenu *menu = subMenuAt(i)) // a host may have opened it alone
+            menu->hideTree();
+    }
+}
+
+void QtPieMenu::open(QPoint globalPos)
 {
     setHighlightedItem(indexAt(mapFromGlobal(QCursor::pos()))); // where the menu still is
     d->position = globalPos;
     d->pointerOver = Data::kNone;
     d->isShaded = false;
     d->isCanceled = false;
-    d->stroke.open(globalPos);
+    ++d->opening;
     d->sinceOpening.start();
-    resize(sizeHint());
+    d->keys = pie::HeldKeys(pie::keyJustPressed());
+    d->stroke.open(globalPos, d->keys.hasOpener() ? QCursor::pos() : globalPos);
     const QScreen *onScreen = QGuiApplication::screenAt(globalPos);
-    move(pie::placeOnScreen(globalPos, size(), (onScreen ? onScreen : screen())->geometry()));
+    const QRect area = (onScreen ? onScreen : screen())->geometry();
+    if (const int radius = d->isGrowing ? d->grownRadius(*this, area.size()) : d->outerRadius;
+        radius != d->outerRadius)
+        setShownRadius(std::min(radius, kLargestRadius));
+    resize(sizeHint());
+    move(pie::placeOnScreen(globalPos, size(), area));
+    const QPointer<QtPieMenu> alive(this);
     prepare();
-    show();
+    if (alive)
+        show();
 }
 
 void QtPieMenu::openSubMenu(int index, QPoint place)
 {
-    QtPieMenu *menu = subMenuAt(index);
+    const QPointer<QtPieMenu> menu(subMenuAt(index));
     if (!menu || !canChoose(index) || !isVisible() || d->shownSubMenu != Data::kNone)
         return;
     d->hover.stop();
@@ -388,13 +482,40 @@ void QtPieMenu::openSubMenu(int index, QPoint place)
     d->shownSubMenu = index;
     d->isShaded = true;
     update();
+    // What is held goes on over there: a stroke, the opening key, and one that may be repeating.
     const bool isHere = d->placement == SubMenuPlacement::AtParent;
-    const pie::Stroke stroke = d->stroke.handOver(d->pointer);
-    menu->popup(isHere ? globalCentre() : place);
+    const QPoint origin = isHere ? d->stroke.origin(globalCentre()) : place;
+    const pie::Stroke stroke = d->stroke.handOver(origin, d->pointer);
+    const pie::HeldKeys keys = std::exchange(d->keys, {});
+    const bool isWaiting = d->releaseWait.isActive();
+    const QElapsedTimer sinceOpening = d->sinceOpening;
+    const QPoint pointer = d->pointer;
+    const bool isTap = d->isTap;
+    d->releaseWait.stop();
+    d->rest.stop();
+    menu->open(isHere ? globalCentre() : place);
+    if (!menu)
+        return;
     menu->d->stroke = stroke;
-    menu->d->sinceOpening = d->sinceOpening;
-    menu->d->keysDown = d->keysDown;
-    menu->d->pointer = d->pointer;
+    menu->d->keys = keys;
+    menu->d->isTap = isTap;
+    menu->d->sinceOpening = sinceOpening;
+    menu->d->pointer = pointer;
+    menu->setHighlightedItem(Data::kJustOpened); // a pointer that rests has no say in this
+    if (isWaiting)
+        menu->d->releaseWait.start(Data::kRepetition);
+    menu->awaitRest();
+}
+
+/// Whoever hid it, a sub-menu that is gone shades nothing.
+void QtPieMenu::subMenuHidden(const QtPieMenu &menu)
+{
+    if (subMenuAt(d->shownSubMenu) != &menu)
+        return;
+    d->shownSubMenu = Data::kNone;
+    d->isShaded = false;
+    setHighlightedItem(Data::kNone);
+    update();
 }
 
 void QtPieMenu::setHighlightedItem(int index)
@@ -446,7 +567,12 @@ void QtPieMenu::activateItem(int index)
     if (subMenuAt(index))
         return openSubMenu(index, d->pointer);
     const QPointer<QtPieItem> item(itemAt(index));
+    const QPointer<QtPieMenu> first(&firstOpen());
+    const unsigned opening = first->d->opening;
     subMenuSelected();
+    // A menu in between that a listener deleted has told those behind it nothing.
+    if (first && first != this && first->isVisible() && first->d->opening == opening)
+        first->lastOpen().subMenuSelected();
     if (item)
         emit item->activated();
 }
@@ -506,12 +632,21 @@ void QtPieMenu::cancelLevel()
         emit canceled();
 }
 
+/// Leaves this menu by way of those in front of it. They tell those behind them, unless a listener
+/// deletes one on the way.
 void QtPieMenu::cancelTree()
 {
+    const QPointer<QtPieMenu> alive(this);
+    const unsigned opening = d->opening;
     if (QtPieMenu *menu = subMenuAt(d->shownSubMenu))
-        menu->cancelTree(); // which comes back to us by its canceledAll()
-    else
+        menu->cancelTree();
+    if (alive && isVisible() && d->opening == opening)
         allCanceled();
+}
+
+void QtPieMenu::cancelAllOpen()
+{
+    firstOpen().cancelTree();
 }
 
 QMenu *QtPieMenu::createPlainMenu(QWidget *parent)
@@ -521,11 +656,17 @@ QMenu *QtPieMenu::createPlainMenu(QWidget *parent)
     for (QtPieItem *item : d->items) {
         QAction *action = nullptr;
         if (auto *menu = qobject_cast<QtPieMenu *>(item)) {
-            action = plain->addMenu(menu->createPlainMenu(plain.get()));
+            QMenu *nested = menu->createPlainMenu(plain.get());
+            action = plain->addMenu(nested); // which belongs to the nested menu
+            connect(item, &QObject::destroyed, nested, &QObject::deleteLater);
         } else {
             action = plain->addAction(QString());
-            connect(action, &QAction::triggered, item,
-                    [this, item] { activateItem(indexOf(item)); });
+            connect(item, &QObject::destroyed, action, &QObject::deleteLater);
+            connect(action, &QAction::triggered, item, [item] {
+                auto *ring = qobject_cast<QtPieMenu *>(item->parent()); // the one it is in now
+                if (ring)
+                    ring->activateItem(ring->indexOf(item));
+            });
         }
         const auto follow = [action, item] {
             action->setText(item->text());
@@ -537,7 +678,6 @@ QMenu *QtPieMenu::createPlainMenu(QWidget *parent)
         };
         connect(item, &QtPieItem::changed, action, follow);
         connect(action, &QAction::triggered, item, follow); // the toolkit has toggled it
-        connect(item, &QObject::destroyed, action, &QObject::deleteLater);
         follow();
     }
     return plain.release();

@@ -19,9 +19,14 @@ enum class Verdict : int;
 /// Shows its items as sectors of a ring around the point where it pops up. Being an item itself, a
 /// pie menu can be an item of another one: a sub-menu.
 ///
-/// Three ways of picking: press, drag and let go; click to open and click an item; keys. A
-/// direction counts beyond the ring as well. Within the inner radius nothing is chosen, and a click
-/// there cancels. Escape and the right button cancel one level, losing the focus cancels all.
+/// Three ways of picking: press, drag and let go; click to open and click an item; keys. What is
+/// highlighted is what is picked. A direction counts beyond the ring as well. Within the inner
+/// radius nothing is chosen, and a click there cancels. Escape and the right button cancel one
+/// level, losing the focus cancels all.
+///
+/// Near an edge of the screen the menu opens aside of where it was asked for. The directions of a
+/// stroke count from there nonetheless, until the pointer rests for 150 ms or the button is let go;
+/// then they count from the middle of the menu.
 ///
 /// Angles are radians, counter-clockwise on screen, pi/2 at the top. Item 0 is centred on the top,
 /// the others follow counter-clockwise in list order. The same holds in right-to-left layouts.
@@ -91,6 +96,12 @@ public:
     [[nodiscard]] int innerRadius() const;
     void setOuterRadius(int pixels);
     [[nodiscard]] int outerRadius() const;
+    /// Whether the outer radius grows when the menu pops up, as far as its font and its items take
+    /// for all texts to be shown and the screen has room; initially false. outerRadius() is the
+    /// grown one then, leastOuterRadius() the one that was set.
+    void setGrowing(bool isGrowing);
+    [[nodiscard]] bool isGrowing() const;
+    [[nodiscard]] int leastOuterRadius() const;
     /// 2 x outer radius + 1 on each side: there is a pixel in the middle.
     [[nodiscard]] QSize sizeHint() const override;
     /// Makes @p mask the shape of the menu, a round one as large as the bitmap. Null is ignored.
@@ -128,20 +139,28 @@ public:
     /// held longer, letting go picks. Initially 200.
     void setTapThreshold(int milliseconds);
     [[nodiscard]] int tapThreshold() const;
-    /// Initially AroundPointer.
+    /// Pixels from the middle beyond which a click leaves the menu and those it belongs to, instead
+    /// of picking by its direction; never less than the outer radius. 0, initially: none. Strokes
+    /// reach as far as they like.
+    void setCancelDistance(int pixels);
+    [[nodiscard]] int cancelDistance() const;
+    /// Initially AtParent.
     void setSubMenuPlacement(SubMenuPlacement placement);
     [[nodiscard]] SubMenuPlacement subMenuPlacement() const;
     /// Whether the menu fades in where desktop and style animate; it can be used from the first
     /// moment on. Initially false.
     void setFading(bool isFading);
     [[nodiscard]] bool isFading() const;
+    /// Whether the first nine items show, faintly, the digit that picks them; initially true.
+    void setDigitsShown(bool areShown);
+    [[nodiscard]] bool areDigitsShown() const;
 
     // State
 
     /// Pops up with the middle at @p globalPos, moved as far as it takes to be on the screen that
-    /// holds this point. Returns at once. To be called while the button or key that asks for the
-    /// menu is down, so that the user can go on in one stroke, or after it. The pointer stays
-    /// where it is.
+    /// holds this point. Menus that are open in the same tree are hidden first. Returns at once. To
+    /// be called while the button or key that asks for the menu is down, so that the user can go on
+    /// in one stroke, or after it. The pointer stays where it is.
     void popup(const QPoint &globalPos);
     /// What a click on the item does: opens its sub-menu when this menu is open, or chooses it.
     /// Nothing happens with one that is disabled, has no sector, or does not exist.
@@ -198,16 +217,33 @@ protected:
 
     bool focusNextPrevChild(bool) override { return false; } // Tab walks around the ring
 
+private slots:
+    void pointerRested();
+
 private:
     struct Data;
 
     void init(const QString &name);
     void itemChanged();
+    void setShownRadius(int pixels);
+    void open(QPoint globalPos);
+    void hideTree();
+    void openSubMenu(int index, QPoint place);
+    void subMenuHidden(const QtPieMenu &menu);
     void resetAfterCancel();
     void cancelLevel();
     void cancelTree();
-    void openSubMenu(int index, QPoint place);
+    void cancelAllOpen();
+    [[nodiscard]] QtPieMenu *holder() const;
+    [[nodiscard]] QtPieMenu &firstOpen();
+    [[nodiscard]] QtPieMenu &lastOpen();
+    void light(QPoint globalPos);
     void pointTo(QPoint globalPos);
+    void awaitRest();
+    void releaseUnrepeated();
+    void releaseSettled();
+    [[nodiscard]] bool isAway(QPoint globalPos) const;
+    [[nodiscard]] bool isInside(QPoint globalPos) const;
     void carryOut(pie::Verdict verdict, int target);
     [[nodiscard]] bool steerByKey(int key);
     void steerTowards(const std::vector<bool> &open, double direction);

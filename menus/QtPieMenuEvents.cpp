@@ -5,6 +5,7 @@
 #include "menus/pieaccessible_p.h"
 #include "menus/piegeometry_p.h"
 #include "menus/piemenudata_p.h"
+#include "menus/piepainter_p.h"
 #include "menus/pietext_p.h"
 #include <QApplication>
 #include <QCloseEvent>
@@ -12,6 +13,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QPropertyAnimation>
 #include <QStyle>
 #include <QStyleOption>
@@ -19,52 +21,6 @@
 #include <algorithm>
 #include <cmath>
 #include <utility>
-
-const pie::Layout &QtPieMenu::Data::layoutOf(const QtPieMenu &menu)
-{
-    const QPoint middle = menu.rect().center();
-    if (!layout || layout->middle != middle) {
-        outdate();
-        layout = pie::Layout{middle, static_cast<double>(std::min(innerRadius, outerRadius)),
-                             static_cast<double>(outerRadius), pie::centredBorders(weights())};
-    }
-    return *layout;
-}
-
-const std::vector<pie::Cell> &QtPieMenu::Data::fittedCells(const QtPieMenu &menu)
-{
-    const pie::Layout &ring = layoutOf(menu); // may outdate the cells
-    if (cells.size() == items.size())
-        return cells;
-    const QFontMetricsF metrics(menu.font(), &menu);
-    const int iconEdge = menu.style()->pixelMetric(QStyle::PM_LargeIconSize, nullptr, &menu);
-    cells.clear();
-    for (const QtPieItem *item : items) {
-        cells.push_back({.text = item->text(),
-                         .icon = item->icon(),
-                         .isEnabled = item->isEnabled(),
-                         .isSubMenu = item->type() == SubMenu,
-                         .isCheckable = item->isCheckable(),
-                         .isChecked = item->isChecked()});
-    }
-    pie::fitCells(cells, ring, metrics, iconEdge);
-    return cells;
-}
-
-std::vector<int> QtPieMenu::Data::weights() const
-{
-    std::vector<int> weights;
-    weights.reserve(items.size());
-    for (const QtPieItem *item : items)
-        weights.push_back(item->weight());
-    return weights;
-}
-
-void QtPieMenu::Data::outdate()
-{
-    layout.reset();
-    cells.clear();
-}
 
 // Showing
 
@@ -76,13 +32,15 @@ void QtPieMenu::showEvent(QShowEvent *event)
         setMask(d->mask);
         d->isMaskOutdated = false;
     }
-    // The menu has moved since popup() looked; a pointer far away is not aiming at it yet.
+    // The menu has moved since popup() looked; a pointer far away is not aiming at it yet, and one
+    // with a button or key held has to move first.
     const QPoint pointer = QCursor::pos();
-    const bool isNear = radiusAt(mapFromGlobal(pointer)) <= d->outerRadius;
-    const int target = isNear ? targetAt(pointer) : Data::kNone;
+    const bool isHeld = d->keys.hasOpener() || QGuiApplication::mouseButtons() != Qt::NoButton;
+    const int target = isInside(pointer) && !isHeld ? targetAt(pointer) : Data::kNone;
     setHighlightedItem(canChoose(target) ? target : Data::kJustOpened);
     d->pointer = pointer;
     d->isRightDown = false;
+    awaitRest();
     if (d->isFading)
         fadeIn();
     pie::announceOpen(*this, true);
@@ -104,17 +62,20 @@ void QtPieMenu::hideEvent(QHideEvent *event)
 {
     QtPieItem::hideEvent(event);
     d->hover.stop();
+    d->rest.stop();
+    d->releaseWait.stop();
     d->stroke = {};
-    d->keysDown.clear();
+    d->keys = {};
     d->isShaded = false;
     if (QtPieMenu *menu = subMenuAt(std::exchange(d->shownSubMenu, Data::kNone)))
         menu->hide();
+    if (holder())
+        holder()->subMenuHidden(*this);
     pie::announceOpen(*this, false);
 }
 
 void QtPieMenu::paintEvent(QPaintEvent *event)
 {
-    d->stroke.seen();
     QStyleOption option;
     option.initFrom(this);
     QPainter painter(this);
@@ -125,6 +86,8 @@ void QtPieMenu::paintEvent(QPaintEvent *event)
                          .isSubMenu = !isTopLevelMenu(),
                          .isShaded = d->isShaded,
                          .direction = layoutDirection()};
+    if (const QtPieMenu *menu = subMenuAt(d->shownSubMenu))
+        picture.front = QRectF(menu->geometry()).translated(-pos());
     picture.underlinesLetters = style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this);
     pie::paint(painter, picture, event->rect());
 }
@@ -164,14 +127,14 @@ void QtPieMenu::closeEvent(QCloseEvent *event)
 {
     event->accept();
     if (isVisible())
-        cancelTree();
+        cancelAllOpen();
 }
 
 void QtPieMenu::focusOutEvent(QFocusEvent *event)
 {
     QtPieItem::focusOutEvent(event);
     if (event->reason() != Qt::PopupFocusReason && isVisible())
-        cancelTree();
+        cancelAllOpen();
 }
 
 // Pointer
@@ -181,16 +144,37 @@ QPoint QtPieMenu::globalCentre() const
     return mapToGlobal(rect().center());
 }
 
+/// Whether a click there leaves the menu. A stroke that opened it reaches as far as it likes.
+bool QtPieMenu::isAway(QPoint globalPos) const
+{
+    return d->cancelDistance > 0 && !d->stroke.isOpening() &&
+           radiusAt(mapFromGlobal(globalPos)) > std::max(d->cancelDistance, d->outerRadius);
+}
+
+bool QtPieMenu::isInside(QPoint globalPos) const
+{
+    return radiusAt(mapFromGlobal(globalPos)) <= d->outerRadius;
+}
+
 int QtPieMenu::targetAt(QPoint globalPos) const
 {
+    if (isAway(globalPos))
+        return Data::kNone;
     return pie::targetAt(d->layoutOf(*this), globalPos - d->stroke.origin(globalCentre()));
+}
+
+/// Highlights what letting go would pick.
+void QtPieMenu::light(QPoint globalPos)
+{
+    d->pointer = globalPos;
+    const int index = d->stroke.isAiming() ? targetAt(globalPos) : Data::kNone;
+    setHighlightedItem(canChoose(index) ? index : Data::kNone);
 }
 
 void QtPieMenu::pointTo(QPoint globalPos)
 {
-    d->pointer = globalPos;
-    const int index = targetAt(globalPos);
-    setHighlightedItem(canChoose(index) ? index : Data::kNone);
+    light(globalPos);
+    const int index = d->stroke.isAiming() ? targetAt(globalPos) : Data::kNone;
     if (index == d->pointerOver)
         return;
     d->pointerOver = index;
@@ -209,11 +193,25 @@ void QtPieMenu::hoverAlert()
         openSubMenu(d->pointerOver, d->pointer);
 }
 
+void QtPieMenu::awaitRest()
+{
+    if (d->stroke.isOpening())
+        d->rest.start();
+}
+
+void QtPieMenu::pointerRested()
+{
+    d->stroke.rest();
+    if (d->stroke.isOpening() && d->stroke.isAiming())
+        pointTo(d->pointer);
+}
+
 void QtPieMenu::mouseMoveEvent(QMouseEvent *event)
 {
     const QPoint pointer = event->globalPosition().toPoint();
     const bool isOnItem = targetAt(pointer) != Data::kNone;
     d->stroke.move(pointer, isOnItem, QApplication::startDragDistance());
+    awaitRest();
     pointTo(pointer);
 }
 
@@ -230,18 +228,28 @@ void QtPieMenu::mouseReleaseEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::RightButton && std::exchange(d->isRightDown, false))
         return cancelLevel();
+    if (!d->stroke.isHeld())
+        return;
     const QPoint pointer = event->globalPosition().toPoint();
-    const int target = targetAt(pointer);
-    d->pointer = pointer;
-    const pie::Verdict verdict =
-        d->stroke.release(pointer, target != Data::kNone, QApplication::startDragDistance());
-    carryOut(verdict, target);
+    const bool isOnItem = targetAt(pointer) != Data::kNone;
+    d->stroke.move(pointer, isOnItem, QApplication::startDragDistance());
+    if (pointer != d->pointer)
+        light(pointer);
+    const int lit = d->highlighted; // perhaps by a key
+    const bool wasOpening = d->stroke.isOpening();
+    const pie::Verdict verdict = d->stroke.release(isOnItem || lit >= 0);
+    if (wasOpening && verdict == pie::Verdict::KeepOpen)
+        light(pointer); // directions count from the middle now
+    carryOut(verdict, lit);
 }
 
 void QtPieMenu::carryOut(pie::Verdict verdict, int target)
 {
+    d->rest.stop();
     if (verdict == pie::Verdict::Choose)
         activateItem(target);
+    else if (verdict == pie::Verdict::Cancel && isAway(d->pointer))
+        cancelAllOpen();
     else if (verdict == pie::Verdict::Cancel)
         cancelLevel();
 }
@@ -250,21 +258,56 @@ void QtPieMenu::carryOut(pie::Verdict verdict, int target)
 
 void QtPieMenu::keyPressEvent(QKeyEvent *event)
 {
-    const bool isOpener = event->isAutoRepeat() && !d->keysDown.contains(event->key());
-    if (isOpener)
+    if (!isVisible())
         return;
-    d->keysDown.insert(event->key());
+    const pie::Key key(*event);
+    const QPointer<QtPieMenu> alive(this);
+    if (!d->keys.isReleaseSettled() && !d->keys.isRepetition(key, event->timestamp()))
+        releaseSettled();
+    if (!alive || !isVisible())
+        return;
+    d->releaseWait.stop();
+    const pie::HeldKeys::Press press =
+        d->keys.press(key, event->timestamp(), event->isAutoRepeat());
+    if (press == pie::HeldKeys::Press::Foreign)
+        return;
     d->hover.stop();
-    if (!steerByKey(event->key()) && !event->isAutoRepeat())
+    if (!steerByKey(event->key()) && press == pie::HeldKeys::Press::New)
         pickByKey(*event);
 }
 
 void QtPieMenu::keyReleaseEvent(QKeyEvent *event)
 {
-    if (event->isAutoRepeat() || d->keysDown.remove(event->key()))
+    if (!isVisible() || event->isAutoRepeat())
         return;
-    const bool isTap = d->sinceOpening.elapsed() < d->tapThreshold;
-    carryOut(d->stroke.releaseKey(isTap, canChoose(d->highlighted)), d->highlighted);
+    const QPointer<QtPieMenu> alive(this);
+    if (!d->keys.isReleaseSettled())
+        releaseSettled();
+    if (!alive || !isVisible())
+        return;
+    d->keys.release(pie::Key(*event), event->timestamp());
+    d->isTap = d->sinceOpening.elapsed() < d->tapThreshold;
+    d->releaseWait.start(Data::kRepetition);
+}
+
+void QtPieMenu::releaseUnrepeated()
+{
+    // Behind a pause of this program the repetition may still wait in the queue: look once more.
+    if (d->releaseWait.interval() > 0)
+        d->releaseWait.start(0);
+    else
+        releaseSettled();
+}
+
+void QtPieMenu::releaseSettled()
+{
+    d->releaseWait.stop();
+    if (!d->keys.settle())
+        return;
+    const pie::Verdict verdict = d->stroke.releaseKey(d->isTap, canChoose(d->highlighted));
+    if (verdict == pie::Verdict::KeepOpen && d->highlighted < 0 && isInside(d->pointer))
+        light(d->pointer); // a pointer elsewhere has no part in what is done by keys
+    carryOut(verdict, d->highlighted);
 }
 
 bool QtPieMenu::steerByKey(int key)
@@ -324,7 +367,9 @@ void QtPieMenu::pickByKey(const QKeyEvent &event)
     default:
         break;
     }
-    if (key >= Qt::Key_0 && key <= Qt::Key_9)
+    constexpr auto kNotPlain = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    const bool isPlain = (event.modifiers() & kNotPlain) == Qt::NoModifier;
+    if (isPlain && key >= Qt::Key_0 && key <= Qt::Key_9)
         return activateByKey(key == Qt::Key_0 ? 9 : key - Qt::Key_1);
     if (!event.text().isEmpty())
         pickByLetter(event.text().front());
@@ -349,13 +394,11 @@ void QtPieMenu::activateByKey(int index)
 {
     if (!canChoose(index))
         return;
-    if (QtPieMenu *menu = subMenuAt(index)) {
+    if (subMenuAt(index)) {
         const pie::Layout &layout = d->layoutOf(*this);
         const double radius = (layout.innerRadius + layout.outerRadius) / 2;
         const QPointF place = layout.pointIn(index, radius) - QPointF(0.5, 0.5); // a pixel's corner
-        openSubMenu(index, mapToGlobal(place.toPoint()));
-        menu->setHighlightedItem(Data::kJustOpened); // the pointer has no say in this
-        return;
+        return openSubMenu(index, mapToGlobal(place.toPoint()));
     }
     activateItem(index);
 }

@@ -42,6 +42,8 @@ public:
             return given.isEmpty() ? pie::withoutMnemonic(item()->text()) : given;
         }
         const QtPieMenu *ring = parentMenu();
+        if (kind == QAccessible::Accelerator && ring)
+            return keyName();
         if (kind != QAccessible::Description || !ring)
             return QAccessibleWidget::text(kind);
         return QtPieMenu::tr("%1, %2 of %3")
@@ -110,7 +112,22 @@ public:
             parentMenu()->activateItem(index());
     }
 
+    [[nodiscard]] QStringList keyBindingsForAction(const QString &name) const override
+    {
+        const bool hasKey = name == pressAction() && parentMenu() && !keyName().isEmpty();
+        return hasKey ? QStringList(keyName()) : QStringList();
+    }
+
 private:
+    /// Of the key that picks the item: its letter, or else its digit; empty when it has neither.
+    [[nodiscard]] QString keyName() const
+    {
+        const QChar letter = pie::mnemonicOf(item()->text());
+        if (!letter.isNull())
+            return letter.toUpper();
+        return index() < 10 ? QString::number((index() + 1) % 10) : QString();
+    }
+
     static constexpr int kSpot = 16; ///< pixels
     [[nodiscard]] QtPieItem *item() const { return static_cast<QtPieItem *>(object()); }
     [[nodiscard]] QtPieMenu *menu() const { return qobject_cast<QtPieMenu *>(object()); }
@@ -148,17 +165,27 @@ void installAccessibility()
 
 void announceFocus(QtPieMenu &menu, QtPieItem *item)
 {
-    if (!QAccessible::isActive())
-        return;
     QAccessibleEvent event(item ? item : static_cast<QObject *>(&menu), QAccessible::Focus);
     QAccessible::updateAccessibility(&event);
 }
 
 void announceOpen(QtPieMenu &menu, bool isOpen)
 {
-    if (!QAccessible::isActive())
-        return;
     QAccessibleEvent event(&menu, isOpen ? QAccessible::PopupMenuStart : QAccessible::PopupMenuEnd);
+    QAccessible::updateAccessibility(&event);
+}
+
+void announceName(QtPieItem &item)
+{
+    QAccessibleEvent event(&item, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&event);
+}
+
+void announceCheck(QtPieItem &item)
+{
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(&item, changed);
     QAccessible::updateAccessibility(&event);
 }
 

@@ -12,5 +12,9 @@ void installAccessibility();
 /// Tells that @p item, or the menu itself when null, is where keys go.
 void announceFocus(QtPieMenu &menu, QtPieItem *item);
 void announceOpen(QtPieMenu &menu, bool isOpen);
+/// Tells that the item's text, or whether it is checked, is different now. The toolkit does so for
+/// its enabled state.
+void announceName(QtPieItem &item);
+void announceCheck(QtPieItem &item);
 
 } // namespace pie

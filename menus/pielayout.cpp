@@ -6,24 +6,29 @@
 #include <QtMath>
 #include <algorithm>
 #include <cmath>
+#include <numeric>
+#include <optional>
+#include <utility>
 
 namespace pie {
 
 namespace {
 
-constexpr double kPadding = 4;    ///< between a label and the edges of its sector
-constexpr double kGap = 2;        ///< between icon and text
-constexpr double kSmallIcon = 16; ///< shown alone where there is no room for text
-/// Where along the radius a label is tried, the middle first, as parts of the ring's width.
-constexpr double kPlaces[] = {0.5, 0.58, 0.42, 0.66, 0.34, 0.74, 0.82};
+constexpr double kPadding = 4;     ///< between a label and the edges of its sector
+constexpr double kGap = 2;         ///< between icon and text
+constexpr double kMarkPadding = 6; ///< between a digit or an arrow and the outer rim
+constexpr double kGrowth = 6;      ///< pixels from one radius that is tried to the next
+/// Where along the radius labels are tried, the middle first, as parts of the ring's width.
+constexpr double kPlaces[] = {0.55, 0.5, 0.62, 0.44, 0.69, 0.37, 0.76, 0.82};
 
-/// The part of a sector that labels may cover, with the centre of the ring as origin.
+/// The part of a sector that something may cover, with the centre of the ring as origin.
 class Room
 {
 public:
-    Room(const Layout &layout, int sector, double outerMark)
-        : m_inner(layout.innerRadius + kPadding),
-          m_outer(layout.outerRadius - std::max(kPadding, outerMark)),
+    Room(const Layout &layout, int sector, double padding)
+        : m_inner(layout.innerRadius + padding),
+          m_outer(layout.outerRadius - padding),
+          m_padding(padding),
           m_isWedge(layout.sweep(sector) <= std::numbers::pi)
     {
         const auto i = static_cast<std::size_t>(sector);
@@ -47,70 +52,192 @@ private:
         // Distances from the two border lines: dy grows downwards, hence the order.
         const double fromFirst = m_first.y() * point.x() - m_first.x() * point.y();
         const double fromLast = m_last.x() * point.y() - m_last.y() * point.x();
-        return !m_isWedge || (fromFirst >= kPadding && fromLast >= kPadding);
+        return !m_isWedge || (fromFirst >= m_padding && fromLast >= m_padding);
     }
 
     double m_inner;
     double m_outer;
+    double m_padding;
     bool m_isWedge; ///< a sector of more than half a turn borders on nothing that a label reaches
     QPointF m_first;
     QPointF m_last;
 };
 
-Label labelAround(QPointF middle, double icon, QSizeF text)
+QRectF squareAround(QPointF middle, double edge)
 {
-    const double gap = icon > 0 && !text.isEmpty() ? kGap : 0;
-    const double top = middle.y() - (icon + gap + text.height()) / 2;
-    Label label;
-    if (icon > 0)
-        label.icon = QRectF(middle.x() - icon / 2, top, icon, icon);
-    if (!text.isEmpty())
-        label.text = QRectF(QPointF(middle.x() - text.width() / 2, top + icon + gap), text);
-    return label;
+    return {middle - QPointF(edge, edge) / 2, QSizeF(edge, edge)};
 }
 
-bool holds(const Room &room, const Label &label)
+/// Digit and arrow side by side at the outer rim. A sector too narrow has no digit.
+Label placeMarks(const Layout &layout, int sector, const Wish &wish, double edge)
 {
-    return (label.icon.isNull() || room.holds(label.icon)) &&
-           (label.text.isNull() || room.holds(label.text));
-}
-
-/// The label with the widest text that fits around @p middle; an empty one when none does.
-Label widestLabel(const Room &room, QPointF middle, double icon, QSizeF text)
-{
-    const Label whole = labelAround(middle, icon, text);
-    if (holds(room, whole))
-        return whole;
-    Label best;
-    double fitting = 0;
-    for (double tooWide = text.width(); tooWide - fitting > 1;) {
-        const double width = (fitting + tooWide) / 2;
-        const Label label = labelAround(middle, icon, {width, text.height()});
-        const bool fits = holds(room, label);
-        (fits ? fitting : tooWide) = width;
-        if (fits)
-            best = label;
+    const double angle = middleOf(layout.borders, sector);
+    const QPointF out(std::cos(angle), -std::sin(angle));
+    const QPointF along(out.y(), -out.x()); // counter-clockwise
+    const QPointF middle = out * (layout.outerRadius - kMarkPadding - edge / 2);
+    const bool hasBoth = wish.hasDigit && wish.hasArrow;
+    const double apart = edge / std::max(std::abs(along.x()), std::abs(along.y())) + 0.1;
+    const double aside = hasBoth ? apart / 2 : 0; // as squares, not as circles
+    Label marks;
+    if (wish.hasArrow)
+        marks.arrow = squareAround(middle - aside * along, edge);
+    if (wish.hasDigit) {
+        const QRectF digit = squareAround(middle + aside * along, edge);
+        if (Room(layout, sector, kMarkPadding / 2).holds(digit.adjusted(1, 1, -1, -1)))
+            marks.digit = digit;
+        else if (wish.hasArrow)
+            marks.arrow = squareAround(middle, edge);
     }
-    return best;
+    return marks;
 }
 
-/// The label with the most text along the middle of the sector.
-Label bestLabel(const Layout &layout, int sector, double outerMark, double icon, QSizeF text)
+/// Places one label on a circle.
+class Placer
 {
-    const Room room(layout, sector, outerMark);
-    Label best;
-    for (const double place : kPlaces) {
-        const double radius = std::lerp(layout.innerRadius, layout.outerRadius, place);
-        const QPointF middle = layout.pointIn(sector, radius) - layout.centre();
-        const Label label = widestLabel(room, middle, icon, text);
-        const bool isFirst = best.icon.isNull() && best.text.isNull();
-        if (isFirst || label.text.width() > best.text.width())
-            best = label;
-        const bool isWhole = best.text.width() >= text.width();
-        if (isWhole && (icon <= 0 || !best.icon.isNull()))
-            break;
+public:
+    Placer(const Layout &layout, int sector, const Wish &wish, const Label &marks, double icon,
+           double radius)
+        : m_wish(wish),
+          m_marks(marks),
+          m_icon(wish.hasIcon ? icon : 0),
+          m_middle(layout.pointIn(sector, radius) - layout.centre()),
+          m_room(layout, sector, kPadding)
+    {
     }
-    return best;
+
+    [[nodiscard]] std::optional<Label> whole() const
+    {
+        for (std::size_t way = 0; way < m_wish.texts.size(); ++way) {
+            const Label label = around(m_wish.texts[way], static_cast<int>(way));
+            if (holds(label))
+                return label;
+        }
+        const bool isWhole = m_wish.texts.empty() && holds(around({}, 0));
+        return isWhole ? std::optional(around({}, 0)) : std::nullopt;
+    }
+
+    /// The label with most of the text; without text, when that would be next to nothing.
+    [[nodiscard]] Label cut() const
+    {
+        Label best;
+        double bestPart = 0;
+        for (std::size_t way = 0; way < m_wish.texts.size(); ++way) {
+            const QSizeF text = m_wish.texts[way];
+            const double width = widest(text);
+            if (width >= m_wish.readable && width / text.width() > bestPart) {
+                bestPart = width / text.width();
+                best = around({width, text.height()}, static_cast<int>(way));
+            }
+        }
+        for (const QSizeF &rest : {m_wish.least, QSizeF()}) {
+            const Label label = around(rest, -1);
+            if (bestPart == 0 && best.both().isNull() && holds(label))
+                best = label;
+        }
+        return best;
+    }
+
+private:
+    [[nodiscard]] Label around(QSizeF text, int way) const
+    {
+        if (text.isEmpty())
+            text = QSizeF(0, 0); // none is of size -1
+        const double gap = m_icon > 0 && !text.isEmpty() ? kGap : 0;
+        const double top = m_middle.y() - (m_icon + gap + text.height()) / 2;
+        Label label;
+        label.way = way;
+        if (m_icon > 0)
+            label.icon = QRectF(m_middle.x() - m_icon / 2, top, m_icon, m_icon);
+        if (!text.isEmpty())
+            label.text = QRectF(QPointF(m_middle.x() - text.width() / 2, top + m_icon + gap), text);
+        return label;
+    }
+
+    [[nodiscard]] bool holds(const Label &label) const
+    {
+        for (const QRectF &part : {label.icon, label.text}) {
+            if (!part.isNull() && (!m_room.holds(part) || part.intersects(m_marks.arrow) ||
+                                   part.intersects(m_marks.digit)))
+                return false;
+        }
+        return true;
+    }
+
+    /// How much of a text fits, to the pixel.
+    [[nodiscard]] double widest(QSizeF text) const
+    {
+        double fitting = 0;
+        for (double tooWide = text.width(); tooWide - fitting > 1;) {
+            const double width = (fitting + tooWide) / 2;
+            (holds(around({width, text.height()}, 0)) ? fitting : tooWide) = width;
+        }
+        return fitting;
+    }
+
+    const Wish &m_wish;
+    const Label &m_marks;
+    double m_icon;
+    QPointF m_middle;
+    Room m_room;
+};
+
+double radiusAt(const Layout &layout, double place)
+{
+    return std::lerp(layout.innerRadius, layout.outerRadius, place);
+}
+
+std::vector<Label> marksOf(const Layout &layout, std::span<const Wish> wishes, double mark)
+{
+    std::vector<Label> marks;
+    for (int i = 0; i < layout.count(); ++i)
+        marks.push_back(placeMarks(layout, i, wishes[static_cast<std::size_t>(i)], mark));
+    return marks;
+}
+
+Labels placeOnCircle(const Layout &layout, std::span<const Wish> wishes,
+                     const std::vector<Label> &marks, double icon, double radius)
+{
+    Labels all;
+    for (int i = 0; i < layout.count(); ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        Label label;
+        if (layout.sweep(i) > 0) {
+            const Placer placer(layout, i, wishes[at], marks[at], icon, radius);
+            const std::optional<Label> whole = placer.whole();
+            label = whole ? *whole : placer.cut();
+            all.cut += whole ? 0 : 1;
+            all.missing += !whole && label.both().isNull() ? 1 : 0;
+            label.digit = marks[at].digit;
+            label.arrow = marks[at].arrow;
+        }
+        all.labels.push_back(label);
+    }
+    return all;
+}
+
+bool areAllWhole(const Layout &layout, std::span<const Wish> wishes,
+                 const std::vector<Label> &marks, double icon, double radius)
+{
+    for (int i = 0; i < layout.count(); ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        if (layout.sweep(i) > 0 && !Placer(layout, i, wishes[at], marks[at], icon, radius).whole())
+            return false;
+    }
+    return true;
+}
+
+/// What all texts together show.
+double shownText(const Labels &all)
+{
+    return std::accumulate(all.labels.begin(), all.labels.end(), 0.0,
+                           [](double sum, const Label &label) { return sum + label.text.width(); });
+}
+
+bool isBetter(const Labels &one, const Labels &other)
+{
+    if (std::pair(one.missing, one.cut) != std::pair(other.missing, other.cut))
+        return std::pair(one.missing, one.cut) < std::pair(other.missing, other.cut);
+    return shownText(one) > shownText(other) + 1;
 }
 
 } // namespace
@@ -158,7 +285,10 @@ QPainterPath sectorPath(const Layout &layout, int sector)
     QPainterPath path;
     path.arcMoveTo(circle(layout, layout.outerRadius), start);
     path.arcTo(circle(layout, layout.outerRadius), start, sweep);
-    path.arcTo(circle(layout, layout.innerRadius), start + sweep, -sweep);
+    if (layout.innerRadius > 0)
+        path.arcTo(circle(layout, layout.innerRadius), start + sweep, -sweep);
+    else
+        path.lineTo(layout.centre()); // a circle without width adds nothing to a path
     path.closeSubpath();
     return path;
 }
@@ -171,17 +301,40 @@ QPainterPath ringPath(const Layout &layout)
     return path;
 }
 
-Label placeLabel(const Layout &layout, int sector, const Wish &wish)
+Labels placeLabels(const Layout &layout, std::span<const Wish> wishes, double mark,
+                   std::span<const double> icons)
 {
-    if (layout.sweep(sector) <= 0)
-        return {};
-    Label label = bestLabel(layout, sector, wish.outerMark, wish.icon, wish.text);
-    // An icon alone says more than two letters under it.
-    if (wish.icon > 0 && label.text.width() < std::min(wish.text.width(), wish.readable))
-        label = bestLabel(layout, sector, wish.outerMark, std::min(wish.icon, kSmallIcon), {});
-    label.icon.translate(layout.centre());
-    label.text.translate(layout.centre());
-    return label;
+    const std::vector<Label> marks = marksOf(layout, wishes, mark);
+    std::optional<Labels> best;
+    for (const double icon : icons) {
+        for (const double place : kPlaces) {
+            Labels labels = placeOnCircle(layout, wishes, marks, icon, radiusAt(layout, place));
+            if (!best || isBetter(labels, *best))
+                best = std::move(labels);
+            if (best->cut == 0)
+                break;
+        }
+        if (best->cut == 0)
+            break;
+    }
+    for (Label &label : best->labels) {
+        for (QRectF *part : {&label.icon, &label.text, &label.digit, &label.arrow})
+            part->translate(layout.centre());
+    }
+    return *best;
+}
+
+double radiusForLabels(Layout layout, double most, std::span<const Wish> wishes, double mark,
+                       double icon)
+{
+    for (; layout.outerRadius < most; layout.outerRadius += kGrowth) {
+        const std::vector<Label> marks = marksOf(layout, wishes, mark);
+        for (const double place : kPlaces) {
+            if (areAllWhole(layout, wishes, marks, icon, radiusAt(layout, place)))
+                return layout.outerRadius;
+        }
+    }
+    return std::max(most, 0.0);
 }
 
 } // namespace pie

@@ -7,6 +7,7 @@
 #include <QPointF>
 #include <QRectF>
 #include <QSizeF>
+#include <span>
 #include <vector>
 
 namespace pie {
@@ -43,20 +44,43 @@ struct Layout
 /// What an item wants to show, in pixels.
 struct Wish
 {
-    QSizeF text;          ///< of the whole text; empty: none
-    double readable = 0;  ///< width below which cut text says less than an icon alone
-    double icon = 0;      ///< edge of the icon; 0: none
-    double outerMark = 0; ///< taken by a mark at the outer rim; 0: none
+    std::vector<QSizeF> texts; ///< of the whole text, in one line and perhaps broken into two
+    double readable = 0;       ///< width below which cut text says nothing
+    QSizeF least;              ///< shown instead of such text; empty: nothing
+    bool hasIcon = false;
+    bool hasDigit = false; ///< at the outer rim
+    bool hasArrow = false; ///< there as well
 };
 
 /// Where it is shown: the icon above the text. What found no place is null.
 struct Label
 {
     QRectF icon;
-    QRectF text; ///< narrower than wanted when the sector is too narrow
+    QRectF text;
+    QRectF digit;
+    QRectF arrow;
+    int way = 0; ///< which of the texts; -1: what is shown instead
+
+    /// Icon and text together.
+    [[nodiscard]] QRectF both() const { return icon | text; }
 };
 
-/// Finds the place along the middle of the sector where most of the text fits.
-[[nodiscard]] Label placeLabel(const Layout &layout, int sector, const Wish &wish);
+struct Labels
+{
+    std::vector<Label> labels; ///< one for each sector, all with their middles on one circle
+    int missing = 0;           ///< items that show nothing of what they have to say
+    int cut = 0;               ///< items that do not show all of it
+};
+
+/// Finds the circle, and the largest of the icons' sizes, with which most items show most.
+/// @param mark  edge of digits and arrows
+/// @param icons sizes from the largest on
+[[nodiscard]] Labels placeLabels(const Layout &layout, std::span<const Wish> wishes, double mark,
+                                 std::span<const double> icons);
+
+/// The smallest outer radius from that of @p layout to @p most at which all labels are shown in
+/// full with icons of the size given; @p most when there is none.
+[[nodiscard]] double radiusForLabels(Layout layout, double most, std::span<const Wish> wishes,
+                                     double mark, double icon);
 
 } // namespace pie

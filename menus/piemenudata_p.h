@@ -2,13 +2,14 @@
 // The state of a pie menu, shared by the sources of its class.
 #pragma once
 
+#include "menus/piecells_p.h"
+#include "menus/pieitems_p.h"
+#include "menus/piekeys_p.h"
 #include "menus/pielayout_p.h"
-#include "menus/piepainter_p.h"
 #include "menus/piestroke_p.h"
 #include <QBitmap>
 #include <QElapsedTimer>
 #include <QPoint>
-#include <QSet>
 #include <QTimer>
 #include <kelo_base/menus/QtPieMenu.h>
 #include <optional>
@@ -18,12 +19,15 @@ struct QtPieMenu::Data
 {
     static constexpr int kNone = -1;
     static constexpr int kJustOpened = -2; ///< nothing highlighted yet
+    static constexpr int kRest = 150;      ///< milliseconds after which a pointer has rested
+    static constexpr int kRepetition = 15; ///< in which a release is followed by a repetition
 
-    std::vector<QtPieItem *> items; ///< children of the menu, which owns them
+    pie::Items items; ///< children of the menu, which owns them
     QTimer hover;
     bool autoActivates = false;
     int innerRadius = 0;
-    int outerRadius = 0;
+    int outerRadius = 0;      ///< as it is now
+    int leastOuterRadius = 0; ///< as it was set; the menu may grow beyond
     int highlighted = kJustOpened;
     int shownSubMenu = kNone;
     int pointerOver = kNone; ///< what the pointer is on, disabled items included
@@ -34,20 +38,35 @@ struct QtPieMenu::Data
     bool isMaskOutdated = true;
 
     int tapThreshold = 200;
-    SubMenuPlacement placement = SubMenuPlacement::AroundPointer;
+    int cancelDistance = 0; ///< 0: none
+    SubMenuPlacement placement = SubMenuPlacement::AtParent;
     bool isFading = false;
+    bool isGrowing = false;
+    bool showsDigits = true;
 
     pie::Stroke stroke;
+    QTimer rest; ///< runs while the pointer has not rested since the menu opened
+    pie::HeldKeys keys;
+    QTimer releaseWait;   ///< runs while a key that was let go may be repeating
+    bool isTap = false;   ///< it was let go soon after the menu opened
+    unsigned opening = 0; ///< counts the times the menu popped up
     QElapsedTimer sinceOpening;
-    QPoint pointer;     ///< on the screen, where it was last seen
-    QSet<int> keysDown; ///< those pressed on the open menu
+    QPoint pointer; ///< on the screen, where it was last seen
     bool isRightDown = false;
 
     std::optional<pie::Layout> layout; ///< none while outdated, see layoutOf()
     std::vector<pie::Cell> cells;      ///< empty while outdated, see fittedCells()
+    bool areCellsFitted = false;
 
     [[nodiscard]] const pie::Layout &layoutOf(const QtPieMenu &menu);
     [[nodiscard]] const std::vector<pie::Cell> &fittedCells(const QtPieMenu &menu);
-    [[nodiscard]] std::vector<int> weights() const;
+    /// The outer radius with which all labels are shown, as far as the screen has room for it.
+    [[nodiscard]] int grownRadius(const QtPieMenu &menu, QSize screen);
+    /// Items, or what they show, are different now.
     void outdate();
+    /// The size is different now.
+    void outdateLayout();
+
+private:
+    void makeCells(const QtPieMenu &menu);
 };

@@ -6,19 +6,19 @@
 
 namespace pie {
 
-void Stroke::open(QPoint press)
+void Stroke::open(QPoint origin, QPoint pointer)
 {
     *this = Stroke();
     m_phase = Phase::Opening;
-    m_press = press;
+    m_origin = origin;
+    m_press = pointer;
 }
 
-Stroke Stroke::handOver(QPoint pointer)
+Stroke Stroke::handOver(QPoint origin, QPoint pointer)
 {
-    const bool isHeld = std::exchange(m_phase, Phase::Idle) != Phase::Idle;
     Stroke next;
-    next.m_phase = isHeld ? Phase::Opening : Phase::Idle;
-    next.m_press = pointer;
+    if (std::exchange(m_phase, Phase::Idle) != Phase::Idle)
+        next.open(origin, pointer);
     return next;
 }
 
@@ -30,20 +30,14 @@ void Stroke::press(QPoint pointer, bool isOnItem)
     m_hasReachedItem = isOnItem;
 }
 
-void Stroke::follow(QPoint pointer, bool isOnItem, int clickDistance)
-{
-    m_hasMoved |= (pointer - m_press).manhattanLength() >= clickDistance;
-    m_hasReachedItem |= isOnItem && m_phase == Phase::Opening;
-}
-
 void Stroke::move(QPoint pointer, bool isOnItem, int clickDistance)
 {
-    follow(pointer, isOnItem, clickDistance);
+    m_hasMoved |= (pointer - m_press).manhattanLength() >= clickDistance;
+    m_hasReachedItem |= isOnItem && isOpening();
 }
 
-Verdict Stroke::release(QPoint pointer, bool isOnItem, int clickDistance)
+Verdict Stroke::release(bool isOnItem)
 {
-    follow(pointer, isOnItem, clickDistance);
     const Phase phase = std::exchange(m_phase, Phase::Idle);
     const bool isOpeningClick = phase == Phase::Opening && !m_hasMoved;
     if (phase == Phase::Idle || isOpeningClick)
@@ -57,15 +51,17 @@ Verdict Stroke::release(QPoint pointer, bool isOnItem, int clickDistance)
 
 Verdict Stroke::releaseKey(bool isTap, bool isOnItem)
 {
-    const Phase phase = std::exchange(m_phase, Phase::Idle);
-    if (phase != Phase::Opening || isTap)
+    if (!isOpening()) // a button has taken over
+        return Verdict::KeepOpen;
+    m_phase = Phase::Idle;
+    if (isTap)
         return Verdict::KeepOpen;
     return isOnItem ? Verdict::Choose : Verdict::Cancel;
 }
 
 QPoint Stroke::origin(QPoint centre) const
 {
-    return m_phase == Phase::Opening && !m_isSeen ? m_press : centre;
+    return isOpening() && !m_hasRested ? m_origin : centre;
 }
 
 } // namespace pie

@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Registration of the viewer's document window, and what it offers by default.
+#include <QGlobalStatic>
+#include <kelo_base/navigation/DocWindowNotifier.h>
 #include <kelo_base/navigation/DocWindowXIfc.h>
 
 namespace {
+
 DocWindowXIfc *registeredWindow = nullptr; // watched, not owned: cleared by its destructor
-}
+
+Q_GLOBAL_STATIC(DocWindowNotifier, processNotifier)
+
+} // namespace
 
 DocWindowXIfc *DocWindowXIfc::HInstance()
 {
@@ -13,13 +19,29 @@ DocWindowXIfc *DocWindowXIfc::HInstance()
 
 void DocWindowXIfc::SetHInstance(DocWindowXIfc *window)
 {
+    if (window == registeredWindow)
+        return;
     registeredWindow = window;
+    if (DocWindowNotifier *notifier = Notifier())
+        emit notifier->documentWindowReplaced();
+}
+
+DocWindowNotifier *DocWindowXIfc::Notifier()
+{
+    return processNotifier();
+}
+
+void DocWindowXIfc::AnnouncePrimaryView() const
+{
+    DocWindowNotifier *notifier = Notifier();
+    if (notifier && registeredWindow == this)
+        emit notifier->primaryViewReplaced();
 }
 
 DocWindowXIfc::~DocWindowXIfc()
 {
     if (registeredWindow == this)
-        registeredWindow = nullptr;
+        SetHInstance(nullptr);
 }
 
 bool DocWindowXIfc::GeoToDevice(QWidget *, UCoord &) const
@@ -27,7 +49,22 @@ bool DocWindowXIfc::GeoToDevice(QWidget *, UCoord &) const
     return false;
 }
 
+bool DocWindowXIfc::DeviceToDocument(QWidget *, UCoord &) const
+{
+    return false;
+}
+
+bool DocWindowXIfc::DocumentToDevice(QWidget *, UCoord &) const
+{
+    return false;
+}
+
 DocWindowXIfc::UDocItem DocWindowXIfc::CurrentDocument(QWidget *) const
+{
+    return {};
+}
+
+DocWindowXIfc::ViewDetails DocWindowXIfc::CurrentDetails(QWidget *) const
 {
     return {};
 }
@@ -48,6 +85,11 @@ DocWindowXIfc::UDocItemList DocWindowXIfc::StoredViews(QWidget *) const
 }
 
 bool DocWindowXIfc::ShowDocument(QWidget *, const UDocItem &)
+{
+    return false;
+}
+
+bool DocWindowXIfc::ShowWholePage(QWidget *, PageTurn)
 {
     return false;
 }

@@ -62,6 +62,36 @@ UDocItemList &UDocItemList::operator<<(UDocItem item)
     return *this;
 }
 
+bool UDocItemList::Insert(int index, UDocItem item)
+{
+    if (index < 0 || index > Size())
+        return false;
+    m_items.insert(index, std::move(item));
+    if (currentIndex >= index)
+        ++currentIndex;
+    return true;
+}
+
+bool UDocItemList::Replace(int index, UDocItem item)
+{
+    if (index < 0 || index >= Size())
+        return false;
+    m_items[index] = std::move(item);
+    return true;
+}
+
+bool UDocItemList::Remove(int index)
+{
+    if (index < 0 || index >= Size())
+        return false;
+    m_items.removeAt(index);
+    if (currentIndex == index)
+        currentIndex = -1;
+    else if (currentIndex > index)
+        --currentIndex;
+    return true;
+}
+
 int UDocItemList::BuildHashID() const
 {
     ContentHash hash;

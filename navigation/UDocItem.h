@@ -39,6 +39,14 @@ public:
     /// The item at @p index, counted from 0; one that is not valid when there is none.
     [[nodiscard]] const UDocItem &operator[](int index) const;
     UDocItemList &operator<<(UDocItem item);
+    // The next three fail, and change nothing, when there is no such index. The current item stays
+    // the current one, at whatever index it is then.
+
+    /// Puts @p item before the one at @p index; Size() appends.
+    bool Insert(int index, UDocItem item);
+    bool Replace(int index, UDocItem item);
+    /// Without the current item there is no current index.
+    bool Remove(int index);
     /// Back to a list as just constructed.
     void Clear() { *this = UDocItemList(); }
 

@@ -13,16 +13,22 @@ namespace {
 
 constexpr double kAngleTolerance = 0.001; ///< radians
 
-/// Twice the area of the triangle with one corner at the origin.
-double doubledArea(const QPointF &left, const QPointF &right)
+/// What counts as nothing across a line, as part of the coordinates: some thousand times the
+/// precision of their numbers, since points on a line are computed, and rounded.
+constexpr double kFlatness = 1e-12;
+
+/// Area of the parallelogram of two vectors.
+double crossProduct(const QPointF &left, const QPointF &right)
 {
-    return std::abs(left.x() * right.y() - left.y() * right.x());
+    return left.x() * right.y() - left.y() * right.x();
 }
 
 } // namespace
 
 UGeoArea::UGeoArea(QWidget *view, const QRect &device)
 {
+    if (device.isEmpty())
+        return;
     const ViewAccess access(view);
     QPolygonF corners;
     for (UCoord corner :
@@ -44,10 +50,18 @@ UGeoArea::UGeoArea(const QPainterPath &path)
 
 bool UGeoArea::IsGeoValid() const
 {
-    double area = 0; // of the fan around the first corner, folds counted, so that none cancels
-    for (int i = 2; i < m_polygon.size(); ++i)
-        area += doubledArea(m_polygon[i - 1] - m_polygon[0], m_polygon[i] - m_polygon[0]);
-    return area > 0;
+    QPointF longest; // from the first corner
+    double coordinate = 0;
+    for (const QPointF &corner : m_polygon) {
+        const QPointF vector = corner - m_polygon[0];
+        if (magnitude(vector) > magnitude(longest))
+            longest = vector;
+        coordinate = std::max({coordinate, std::abs(corner.x()), std::abs(corner.y())});
+    }
+    const double flatArea = magnitude(longest) * coordinate * kFlatness;
+    return std::any_of(m_polygon.cbegin(), m_polygon.cend(), [&](const QPointF &corner) {
+        return std::abs(crossProduct(corner - m_polygon[0], longest)) > flatArea;
+    });
 }
 
 /// Points that are not finite leave the area empty.

@@ -20,13 +20,14 @@ class KELO_BASE_EXPORT UGeoArea
 public:
     UGeoArea() = default;
     /// What @p view (null: the primary one) shows between the corner pixels of @p device. Empty
-    /// when the view cannot convert one of them, or knows no finite place for it.
+    /// when @p device is, and when the view cannot convert one of them or knows no finite place.
     UGeoArea(QWidget *view, const QRect &device);
     /// What a path in metres of the map encloses, curves taken as short lines.
     explicit UGeoArea(const QPainterPath &path);
 
     void Reset() { *this = UGeoArea(); }
-    /// Whether it has three corners or more that are not on one line.
+    /// Whether it has three corners or more that are not on one line, as far as numbers of that
+    /// size can tell: a width of 0.01 mm counts at coordinates of 5,000 km, less of it nearer to 0.
     [[nodiscard]] bool IsGeoValid() const;
     /// Size in metres: the first two sides of a rectangle, however it is turned (of a view: along
     /// and across its screen); else the size of Bounds(). An empty area gives -1 x -1.

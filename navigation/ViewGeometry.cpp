@@ -103,20 +103,26 @@ double EstimatedZoomRatioFromDesiredHeightAboveGroundLevelS(QWidget *view, doubl
         nullptr);
 }
 
+double MapScale(QWidget *view)
+{
+    const auto diagonals = diagonalsOf(view);
+    return diagonals ? viewgeometry::mapScale(*diagonals) : -1;
+}
+
 bool NorthAngle(QWidget *view, double &angle)
 {
     angle = 0;
     const ViewAccess access(view);
     QRect device;
-    if (!access.deviceRect(device))
+    constexpr int kNarrowest = 4; // pixels; in one of three, both points are its middle
+    if (!access.deviceRect(device) || device.width() < kNarrowest)
         return false;
     const int middle = device.center().y();
     UCoord left(device.left() + 1, middle);
     UCoord right(device.right() - 1, middle);
     if (!access.toGeo(left) || !access.toGeo(right))
         return false;
-    const UCoord span = right - left;
-    const double computed = viewgeometry::northAngle(span.devicePoint.x(), span.geoPoint);
+    const double computed = viewgeometry::northAngle(right.geoPoint - left.geoPoint);
     if (std::isnan(computed))
         return false;
     angle = computed;

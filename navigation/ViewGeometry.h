@@ -48,11 +48,17 @@ KELO_BASE_EXPORT double EstimatedZoomRatioFromDesiredHeightAboveGroundLevel(
 [[nodiscard]] KELO_BASE_EXPORT double
 EstimatedZoomRatioFromDesiredHeightAboveGroundLevelS(QWidget *view, double desiredHeight);
 
+/// The denominator of the scale at which the map stands on the screen, by the screen's physical
+/// resolution: 5000 for 1 : 5000. ZoomBy() with the ratio of a wished scale to it leads there.
+/// @return -1 when it cannot be computed, as with the estimates
+[[nodiscard]] KELO_BASE_EXPORT double MapScale(QWidget *view);
+
 /// The direction, counter-clockwise from the map's east, in which the right of the screen points:
 /// -180 ... 180 degrees, 0 for a map with north at the top. A north arrow is painted turned
 /// clockwise on screen by it. Measured through the middle of the view, one pixel inside its edges.
-/// @return false, and an angle of 0, when the view does not tell, or both points are one on the map
-///         (as they are in a view three pixels wide)
+/// @return false, and an angle of 0, when the view does not tell, or both points are one on the
+/// map;
+///         so for a view less than four pixels wide, which has nothing between its edges
 KELO_BASE_EXPORT bool NorthAngle(QWidget *view, double &angle);
 
 /// The zoom-factor correction for a map scale denominator, interpolated between the entries of a

@@ -5,12 +5,17 @@
 #include <kelo_base/navigation/DocWindowXIfc.h>
 #include <kelo_base/navigation/KView.h>
 
-/// For the length of one call; every question fails while there is no document window or no view.
+/// Whether a KView is being destroyed, and with it perhaps the document window that owns it.
+[[nodiscard]] bool isAnyViewDying();
+
+/// For the length of one call; every question fails while there is no document window or no view,
+/// or a view is dying.
 class ViewAccess
 {
 public:
     /// Null means the primary view.
-    explicit ViewAccess(QWidget *view) : m_window(DocWindowXIfc::HInstance()), m_view(view)
+    explicit ViewAccess(QWidget *view)
+        : m_window(isAnyViewDying() ? nullptr : DocWindowXIfc::HInstance()), m_view(view)
     {
         if (!m_view && m_window)
             m_view = m_window->PrimaryView();

@@ -42,10 +42,12 @@ template <typename Int>
     return std::isfinite(point.x()) && std::isfinite(point.y());
 }
 
+constexpr double kNeverZero = 0.001; ///< metres by which a diagonal on the map is longer
+
 /// What a view shows between two opposite corners.
 struct Diagonals
 {
-    double onMap;    ///< metres
+    double onMap;    ///< metres, kNeverZero longer than measured
     double onScreen; ///< metres
 };
 
@@ -56,8 +58,16 @@ struct Diagonals
 {
     constexpr double kInchesPerMetre = 39.37007874015748;
     const double dotsPerMetre = std::sqrt(dpi.width() * dpi.height()) * kInchesPerMetre;
-    return {.onMap = std::hypot(map.x(), map.y()) + 0.001, // never 0
+    return {.onMap = std::hypot(map.x(), map.y()) + kNeverZero,
             .onScreen = std::hypot(pixels.x(), pixels.y()) / dotsPerMetre};
+}
+
+/// Denominator of the scale at which the map stands on the screen; -1 for a view without area or
+/// screen.
+[[nodiscard]] inline double mapScale(const Diagonals &view)
+{
+    const double scale = (view.onMap - kNeverZero) / view.onScreen;
+    return scale > 0 && std::isfinite(scale) ? scale : -1;
 }
 
 /// The eye that looks at the map and at the screen.
@@ -120,18 +130,17 @@ struct Estimate
                    desiredHeight / eye.distance * view.onScreen / view.onMap);
 }
 
-/// Angle in degrees between a vector along the screen's horizontal and its image on the map,
-/// negative when the image points south; no number when the image is null or not finite.
+/// Angle in degrees between a vector to the right of the screen and its image on the map, negative
+/// when the image points south; no number when the image is null or not finite.
 ///
 /// This is the arccosine of the normalised scalar product. The arctangent gives the same to all
 /// digits also where the cosine is flat, near 0 and 180, and never has an argument above 1.
-[[nodiscard]] inline double northAngle(double deviceX, QPointF map)
+[[nodiscard]] inline double northAngle(QPointF map)
 {
     constexpr double kDegreesPerRadian = 57.29577951308232;
     if (map.isNull() || !isFinite(map))
         return std::numeric_limits<double>::quiet_NaN();
-    const double along = deviceX < 0 ? -map.x() : map.x();
-    const double angle = std::atan2(std::abs(map.y()), along) * kDegreesPerRadian;
+    const double angle = std::atan2(std::abs(map.y()), map.x()) * kDegreesPerRadian;
     return map.y() < 0 ? -angle : angle;
 }
 

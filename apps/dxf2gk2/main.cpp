@@ -10,6 +10,8 @@
 #include <QGuiApplication>
 #include <algorithm>
 #include <cstdio>
+#include <kelo_base/core/Environment.h>
+#include <kelo_base/core/FileName.h>
 #include <kelo_base/core/Translation.h>
 #include <memory>
 
@@ -17,7 +19,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-enum ExitStatus { Done = 0, PlanFailed = 1, WrongUsage = 2, HadWarnings = 3 };
+enum ExitStatus { Done = 0, PlanFailed = 1, WrongUsage = 2, HadWarnings = 3, HasChanges = 4 };
 
 void tell(const QString &line)
 {
@@ -52,12 +54,14 @@ QString targetConflict(const Options &options)
             targets << outputPath(options, plan);
     if (!options.preview.isEmpty())
         targets << options.preview;
-    std::vector<std::pair<QString, QString>> places; // to sort: there may be thousands
+    std::vector<std::pair<std::filesystem::path, QString>>
+        places; // to sort: there may be thousands
     for (const QString &target : targets)
         if (target != kStandardStream)
             places.emplace_back(placeOf(target), target);
     std::ranges::sort(places);
-    const auto twice = std::ranges::adjacent_find(places, {}, &std::pair<QString, QString>::first);
+    const auto twice =
+        std::ranges::adjacent_find(places, {}, &std::pair<std::filesystem::path, QString>::first);
     return twice == places.end() ? QString()
                                  : Text::tr("two results would go to '%1'").arg(twice->second);
 }
@@ -74,12 +78,18 @@ void report(const Conversion &conversion, const Options &options, StandardOutput
         printSheets(out, conversion);
     if (options.listTags)
         printTags(out, conversion);
+    if (conversion.comparison)
+        printChanges(out, conversion);
 }
 
-void comment(const Conversion &conversion)
+void comment(const Conversion &conversion, const Options &options)
 {
-    for (const Diagnostic &diagnostic : conversion.analysis.diagnostics)
+    if (!conversion.session)
+        return;
+    for (const PlanFinding &diagnostic : conversion.session->Findings())
         tell(warningLine(conversion.plan, diagnostic));
+    if (conversion.comparison)
+        tell(comparisonLine(conversion, options));
     if (!conversion.failure)
         tell(summaryLine(conversion));
 }
@@ -89,6 +99,7 @@ int convertAll(const Options &options)
     StandardOutput out;
     bool hasFailed = false;
     bool hasWarned = false;
+    bool hasChanges = false;
     if (options.json)
         out.write(R"({"plans":[)");
     for (const QString &plan : options.plans) {
@@ -96,16 +107,21 @@ int convertAll(const Options &options)
         const Conversion conversion = convert(options, plan, bar);
         bar.clear();
         hasFailed |= conversion.failure.has_value();
-        hasWarned |= conversion.analysis.warnings > 0;
+        hasWarned |= conversion.warnings() > 0;
+        hasChanges |= conversion.hasChanges();
         if (options.json)
             out.write(&plan == &options.plans.first() ? "\n" : ",\n");
         report(conversion, options, out);
         if (!options.quiet)
-            comment(conversion);
+            comment(conversion, options);
     }
     if (options.json)
         out.write("\n]}\n");
-    return finish(out, hasFailed ? PlanFailed : hasWarned && options.strict ? HadWarnings : Done);
+    if (hasFailed)
+        return finish(out, PlanFailed);
+    if (hasWarned && options.strict)
+        return finish(out, HadWarnings);
+    return finish(out, hasChanges && !options.writesSheets() ? HasChanges : Done);
 }
 
 } // namespace
@@ -118,7 +134,7 @@ int main(int argc, char *argv[])
     });
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
-        arguments << QFile::decodeName(argv[i]);
+        arguments << FileNameFromBytes(argv[i]);
     ParsedOptions parsed = parseOptions(arguments);
     const Options &options = parsed.options;
 
@@ -129,6 +145,9 @@ int main(int argc, char *argv[])
     const std::unique_ptr<QCoreApplication> application(options.preview.isEmpty()
                                                             ? new QCoreApplication(own, argv)
                                                             : new QGuiApplication(own, argv));
+    QCoreApplication::setOrganizationName(u"kelo"_s);
+    QCoreApplication::setApplicationName(u"dxf2gk2"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(DXF2GK2_VERSION));
     const bool isTranslated = !options.json && InstallTranslation();
     if (!isTranslated)
         systemcalls::speakEnglish(); // no sentence in two languages
@@ -138,7 +157,9 @@ int main(int argc, char *argv[])
         return wrongUsage(parsed);
     if (options.help || options.version) {
         StandardOutput out;
-        out.write(options.help ? helpText().toUtf8() : "dxf2gk2 " DXF2GK2_VERSION "\n"_ba);
+        out.write(options.help   ? helpText().toUtf8()
+                  : options.json ? DescribeEnvironment().ToJson()
+                                 : "dxf2gk2 " DXF2GK2_VERSION "\n"_ba);
         return finish(out, Done);
     }
     const QString conflict = targetConflict(options);

@@ -4,6 +4,7 @@
 
 #include <QStringList>
 #include <kelo_base/dxf/RoutingTilesRevisor.h>
+#include <kelo_base/dxf/SheetComparison.h>
 #include <kelo_base/dxf/SheetSelection.h>
 
 /// Stands for standard input as a plan, and for standard output as a target.
@@ -14,21 +15,32 @@ enum class ProgressMode { Auto, Always, Never };
 struct Options
 {
     QStringList plans;
-    QString output;    ///< of the one plan; empty: beside the plan
-    QString outputDir; ///< empty: beside each plan
-    QString preview;   ///< empty: none
+    QString output;                       ///< of the one plan; empty: beside the plan
+    QString outputDir;                    ///< empty: beside each plan
+    QString preview;                      ///< empty: none
+    QString compare;                      ///< an older GK2 file; empty: none
+    double tolerance = kDefaultTolerance; ///< of the comparison, in units of the drawing
     SheetFilter filter;
     CornerOrder order = CornerOrder::Upright;
+    bool placed = false; ///< sheets lie where their inserts stand
+    QString numberTag;   ///< empty: the usual ones
+    QString encoding;    ///< of the plans' texts; empty: as they say
     ProgressMode progress = ProgressMode::Auto;
     bool list = false;
     bool listTags = false;
     bool json = false;
     bool strict = false;
+    bool force = false;
+    bool allowEmpty = false;
     bool quiet = false;
     bool help = false;
     bool version = false;
 
-    [[nodiscard]] bool writesSheets() const { return !list && !listTags; }
+    [[nodiscard]] bool hasTarget() const { return !output.isEmpty() || !outputDir.isEmpty(); }
+    [[nodiscard]] bool writesSheets() const
+    {
+        return !list && !listTags && (compare.isEmpty() || hasTarget());
+    }
 };
 
 struct ParsedOptions

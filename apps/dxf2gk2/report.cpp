@@ -8,7 +8,10 @@
 #include <QJsonObject>
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <kelo_base/core/FileName.h>
 #include <kelo_base/dxf/Gk2Writer.h>
+#include <kelo_base/dxf/SheetCorners.h>
 #include <limits>
 #include <string>
 
@@ -16,22 +19,22 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+/// In the order of kClockwiseCorners.
 struct CornerColumn
 {
-    VtxPosition position;
     const char *title;     ///< to be translated
     QLatin1StringView key; ///< in JSON
 };
 constexpr std::array kCornerColumns{
-    CornerColumn{vpTopLeft, QT_TRANSLATE_NOOP("dxf2gk2", "Top left"), "topLeft"_L1},
-    CornerColumn{vpTopRight, QT_TRANSLATE_NOOP("dxf2gk2", "Top right"), "topRight"_L1},
-    CornerColumn{vpBottomRight, QT_TRANSLATE_NOOP("dxf2gk2", "Bottom right"), "bottomRight"_L1},
-    CornerColumn{vpBottomLeft, QT_TRANSLATE_NOOP("dxf2gk2", "Bottom left"), "bottomLeft"_L1}};
-using Corners = std::array<const DxfVertex *, 5>; ///< by label
+    CornerColumn{QT_TRANSLATE_NOOP("dxf2gk2", "Top left"), "topLeft"_L1},
+    CornerColumn{QT_TRANSLATE_NOOP("dxf2gk2", "Top right"), "topRight"_L1},
+    CornerColumn{QT_TRANSLATE_NOOP("dxf2gk2", "Bottom right"), "bottomRight"_L1},
+    CornerColumn{QT_TRANSLATE_NOOP("dxf2gk2", "Bottom left"), "bottomLeft"_L1}};
 
 /// A text from a file in one line of a terminal: control characters do not reach it.
 QString printable(QString text)
 {
+    text = ReadableFileName(std::move(text));
     std::ranges::replace_if(
         text, [](QChar c) { return c.category() == QChar::Other_Control; }, u'\uFFFD');
     return text;
@@ -50,40 +53,7 @@ int amount(qint64 count)
     return static_cast<int>(std::min<qint64>(count, std::numeric_limits<int>::max()));
 }
 
-/// "12 sheets written to FILE"; only counted when they were not written.
-QString sheetsText(const Conversion &conversion)
-{
-    if (conversion.output.isEmpty()) {
-        const int sheets = amount(static_cast<qint64>(conversion.analysis.sheets.size()));
-        return sheets == 1 ? Text::tr("1 sheet") : Text::tr("%n sheets", nullptr, sheets);
-    }
-    const int written = amount(conversion.written);
-    const QString target =
-        conversion.output == kStandardStream ? Text::tr("standard output") : conversion.output;
-    return (written == 1 ? Text::tr("1 sheet written to %1")
-                         : Text::tr("%n sheets written to %1", nullptr, written))
-        .arg(target);
-}
-
-/// The labelled corners of a sheet; of two with one label the later counts, as in the export.
-Corners cornersOf(const DxfDrawing &drawing, const DxfInsert &insert)
-{
-    Corners corners{};
-    for (const DxfPolyline &polyline : drawing.Polylines(*drawing.BlockOf(insert))) {
-        const auto vertices = drawing.Vertices(polyline);
-        for (quint32 i = 0; i < vertices.size(); ++i)
-            corners[static_cast<std::size_t>(drawing.Corner(polyline, i))] = &vertices[i];
-    }
-    corners[vpUnknown] = nullptr;
-    return corners;
-}
-
-bool hasCorners(const Corners &corners)
-{
-    return std::ranges::any_of(corners, [](const DxfVertex *corner) { return corner; });
-}
-
-QString cornerText(const DxfVertex *corner)
+QString cornerText(const std::optional<DxfVertex> &corner)
 {
     std::string text;
     if (corner) {
@@ -129,27 +99,88 @@ QStringList sheetRow(const DxfDrawing &drawing, const DxfInsert &insert)
     const qint64 number = SheetNumber(drawing, insert);
     QStringList row{number < 0 ? u"-"_s : QString::number(number),
                     value ? cell(drawing.DisplayText(*value)) : u"-"_s,
-                    cell(drawing.DisplayText(drawing.BlockName(insert)))};
-    const Corners corners = cornersOf(drawing, insert);
-    if (!hasCorners(corners))
+                    cell(drawing.DisplayText(drawing.ShownBlockName(insert)))};
+    const SheetCorners corners = CornersOf(drawing, *drawing.BlockOf(insert));
+    if (!HasCorners(corners))
         return row << Text::tr("no corners");
-    for (const CornerColumn &column : kCornerColumns)
-        row << cornerText(corners[static_cast<std::size_t>(column.position)]);
+    for (const auto &corner : corners)
+        row << cornerText(corner);
     return row;
 }
 
 QJsonObject sheetJson(const DxfDrawing &drawing, const DxfInsert &insert)
 {
     const auto value = SheetNumberText(drawing, insert);
-    const Corners corners = cornersOf(drawing, insert);
+    const SheetCorners corners = CornersOf(drawing, *drawing.BlockOf(insert));
     QJsonObject cornerObject;
-    for (const CornerColumn &column : kCornerColumns)
-        if (const DxfVertex *corner = corners[static_cast<std::size_t>(column.position)])
-            cornerObject[column.key] = QJsonArray{corner->x, corner->y};
+    for (std::size_t i = 0; i < corners.size(); ++i)
+        if (corners[i])
+            cornerObject[kCornerColumns[i].key] = QJsonArray{corners[i]->x, corners[i]->y};
     return {{u"number"_s, SheetNumber(drawing, insert)},
             {u"value"_s, value ? QJsonValue(drawing.DisplayText(*value)) : QJsonValue()},
-            {u"block"_s, drawing.DisplayText(drawing.BlockName(insert))},
+            {u"block"_s, drawing.DisplayText(drawing.ShownBlockName(insert))},
             {u"corners"_s, cornerObject}};
+}
+
+struct ChangeWords
+{
+    SheetChange::Kind kind;
+    const char *word;      ///< to be translated
+    QLatin1StringView key; ///< in JSON
+};
+/// In the order of the kinds' numbers.
+constexpr std::array kChangeWords{
+    ChangeWords{SheetChange::Kind::New, QT_TRANSLATE_NOOP("dxf2gk2", "new"), "new"_L1},
+    ChangeWords{SheetChange::Kind::Gone, QT_TRANSLATE_NOOP("dxf2gk2", "gone"), "gone"_L1},
+    ChangeWords{SheetChange::Kind::Moved, QT_TRANSLATE_NOOP("dxf2gk2", "moved"), "moved"_L1},
+    ChangeWords{SheetChange::Kind::Renamed, QT_TRANSLATE_NOOP("dxf2gk2", "renamed"), "renamed"_L1}};
+
+const ChangeWords &wordsOf(const SheetChange &change)
+{
+    return kChangeWords[static_cast<std::size_t>(change.kind)];
+}
+
+QString numberIn(const Conversion &conversion, const std::vector<Gk2Record> &sheets,
+                 std::size_t sheet)
+{
+    const QByteArray &number = sheets[sheet].number;
+    const std::string_view text(number.data(), static_cast<std::size_t>(number.size()));
+    return conversion.session->Drawing().DisplayText(text);
+}
+
+/// Kind, number, number before where it was another one, distance.
+QStringList changeRow(const Conversion &conversion, const SheetChange &change)
+{
+    const Comparison &comparison = *conversion.comparison;
+    const bool isGone = change.kind == SheetChange::Kind::Gone;
+    const QString number = isGone ? numberIn(conversion, comparison.older, change.older)
+                                  : numberIn(conversion, comparison.newer, change.newer);
+    QStringList row{Text::tr(wordsOf(change).word), cell(number)};
+    if (change.kind == SheetChange::Kind::Renamed)
+        row << Text::tr("was %1").arg(cell(numberIn(conversion, comparison.older, change.older)));
+    if (change.kind == SheetChange::Kind::Moved)
+        row << (std::isfinite(change.distance)
+                    ? Text::tr("by %1").arg(QString::number(change.distance, 'f', 2))
+                    : Text::tr("other corners"));
+    return row;
+}
+
+QJsonArray changesJson(const Conversion &conversion)
+{
+    const Comparison &comparison = *conversion.comparison;
+    QJsonArray array;
+    for (const SheetChange &change : comparison.changes) {
+        QJsonObject object{{u"change"_s, wordsOf(change).key}};
+        if (change.newer != SheetChange::kNone)
+            object[u"number"_s] = numberIn(conversion, comparison.newer, change.newer);
+        if (change.older != SheetChange::kNone)
+            object[u"before"_s] = numberIn(conversion, comparison.older, change.older);
+        if (change.kind == SheetChange::Kind::Moved) // null: it has other corners
+            object[u"distance"_s] =
+                std::isfinite(change.distance) ? QJsonValue(change.distance) : QJsonValue();
+        array.append(object);
+    }
+    return array;
 }
 
 QStringList examplesOf(const DxfDrawing &drawing, const TagUse &tag)
@@ -181,9 +212,12 @@ QJsonArray tagsJson(const DxfDrawing &drawing)
 QJsonArray diagnosticsJson(const Conversion &conversion)
 {
     QJsonArray array;
-    for (const Diagnostic &d : conversion.analysis.diagnostics)
+    if (!conversion.session)
+        return array;
+    for (const PlanFinding &d : conversion.session->Findings())
         array.append(
-            QJsonObject{{u"severity"_s, d.severity == Severity::Warning ? u"warning"_s : u"note"_s},
+            QJsonObject{{u"severity"_s,
+                         d.severity == PlanFinding::Severity::Warning ? u"warning"_s : u"note"_s},
                         {u"line"_s, d.line},
                         {u"subject"_s, d.subject},
                         {u"text"_s, d.text}});
@@ -212,17 +246,46 @@ QString faultLine(const QString &plan, qint64 line, const QString &what)
     return printable(text + what);
 }
 
-QString warningLine(const QString &plan, const Diagnostic &diagnostic)
+QString warningLine(const QString &plan, const PlanFinding &diagnostic)
 {
-    const auto kind = diagnostic.severity == Severity::Warning ? "warning: "_L1 : "note: "_L1;
+    const auto kind =
+        diagnostic.severity == PlanFinding::Severity::Warning ? "warning: "_L1 : "note: "_L1;
     return faultLine(plan, diagnostic.line, kind + diagnostic.text);
+}
+
+QString sheetsText(const Conversion &conversion)
+{
+    if (conversion.output.isEmpty()) {
+        const int sheets = amount(static_cast<qint64>(conversion.session->Sheets().size()));
+        return sheets == 1 ? Text::tr("1 sheet") : Text::tr("%n sheets", nullptr, sheets);
+    }
+    const int written = amount(conversion.written);
+    if (conversion.output == kStandardStream)
+        return written == 1 ? Text::tr("1 sheet written to standard output")
+                            : Text::tr("%n sheets written to standard output", nullptr, written);
+    return (written == 1 ? Text::tr("1 sheet written to %1")
+                         : Text::tr("%n sheets written to %1", nullptr, written))
+        .arg(conversion.output);
+}
+
+QString comparisonLine(const Conversion &conversion, const Options &options)
+{
+    QStringList parts;
+    for (const ChangeWords &words : kChangeWords) {
+        const auto count =
+            std::ranges::count(conversion.comparison->changes, words.kind, &SheetChange::kind);
+        if (count > 0)
+            parts << QString::number(count) + u' ' + Text::tr(words.word);
+    }
+    const QString changes = parts.isEmpty() ? Text::tr("no changes") : parts.join(", "_L1);
+    return printable(
+        Text::tr("%1 compared with %2: %3").arg(conversion.plan, options.compare, changes));
 }
 
 QString summaryLine(const Conversion &conversion)
 {
-    const SheetAnalysis &analysis = conversion.analysis;
-    const int skipped = amount(analysis.skipped);
-    const int warnings = amount(analysis.warnings);
+    const int skipped = amount(conversion.skipped());
+    const int warnings = amount(conversion.warnings());
     const QStringList parts{
         sheetsText(conversion),
         skipped == 1 ? Text::tr("1 skipped") : Text::tr("%n skipped", nullptr, skipped),
@@ -232,15 +295,15 @@ QString summaryLine(const Conversion &conversion)
 
 void printSheets(StandardOutput &out, const Conversion &conversion)
 {
-    const DxfDrawing &drawing = conversion.drawing;
+    const DxfDrawing &drawing = conversion.session->Drawing();
     QStringList titles{Text::tr("Number"), Text::tr("Value"), Text::tr("Block")};
     for (const CornerColumn &column : kCornerColumns)
         titles << Text::tr(column.title);
     Table table(titles);
-    for (const quint32 sheet : conversion.analysis.sheets)
+    for (const quint32 sheet : conversion.session->Sheets())
         table.measure(sheetRow(drawing, drawing.Inserts()[sheet]));
     table.printTitles(out);
-    for (const quint32 sheet : conversion.analysis.sheets) {
+    for (const quint32 sheet : conversion.session->Sheets()) {
         if (out.hasFailed())
             return;
         table.print(out, sheetRow(drawing, drawing.Inserts()[sheet]));
@@ -249,7 +312,7 @@ void printSheets(StandardOutput &out, const Conversion &conversion)
 
 void printTags(StandardOutput &out, const Conversion &conversion)
 {
-    const DxfDrawing &drawing = conversion.drawing;
+    const DxfDrawing &drawing = conversion.session->Drawing();
     Table table({Text::tr("Inserts"), Text::tr("Tag"), Text::tr("Example values")});
     QList<QStringList> rows;
     for (const TagUse &tag : tagsByUse(drawing)) {
@@ -265,18 +328,33 @@ void printTags(StandardOutput &out, const Conversion &conversion)
         table.print(out, row);
 }
 
+void printChanges(StandardOutput &out, const Conversion &conversion)
+{
+    Table table({Text::tr("Change"), Text::tr("Number"), QString()});
+    for (const SheetChange &change : conversion.comparison->changes)
+        table.measure(changeRow(conversion, change));
+    if (conversion.hasChanges())
+        table.printTitles(out);
+    for (const SheetChange &change : conversion.comparison->changes) {
+        if (out.hasFailed())
+            return;
+        table.print(out, changeRow(conversion, change));
+    }
+}
+
 void printJson(StandardOutput &out, const Conversion &conversion, const Options &options)
 {
-    const SheetAnalysis &analysis = conversion.analysis;
-    QJsonObject object{{u"plan"_s, conversion.plan},
+    QJsonObject object{{u"plan"_s, ReadableFileName(conversion.plan)},
                        {u"written"_s, conversion.written},
-                       {u"skipped"_s, analysis.skipped},
-                       {u"warnings"_s, analysis.warnings},
+                       {u"skipped"_s, conversion.skipped()},
+                       {u"warnings"_s, conversion.warnings()},
                        {u"diagnostics"_s, diagnosticsJson(conversion)}};
     if (!conversion.output.isEmpty())
-        object[u"output"_s] = conversion.output;
+        object[u"output"_s] = ReadableFileName(conversion.output);
     if (options.listTags && !conversion.failure)
-        object[u"tags"_s] = tagsJson(conversion.drawing);
+        object[u"tags"_s] = tagsJson(conversion.session->Drawing());
+    if (conversion.comparison)
+        object[u"changes"_s] = changesJson(conversion);
     if (conversion.failure)
         object[u"error"_s] = failureJson(*conversion.failure);
     QByteArray text = compact(object);
@@ -286,9 +364,9 @@ void printJson(StandardOutput &out, const Conversion &conversion, const Options 
     text.chop(1);
     out.write(text + R"(,"sheets":[)");
     const char *separator = "\n";
-    for (const quint32 sheet : analysis.sheets) {
-        out.write(separator +
-                  compact(sheetJson(conversion.drawing, conversion.drawing.Inserts()[sheet])));
+    const DxfDrawing &drawing = conversion.session->Drawing();
+    for (const quint32 sheet : conversion.session->Sheets()) {
+        out.write(separator + compact(sheetJson(drawing, drawing.Inserts()[sheet])));
         separator = ",\n";
     }
     out.write("\n]}");

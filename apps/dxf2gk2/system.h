@@ -2,8 +2,6 @@
 // What the program needs of the operating system beside files.
 #pragma once
 
-#include <QFileDevice>
-
 namespace systemcalls {
 
 /// Makes standard streams that were closed by the caller fail when used, instead of letting the
@@ -15,9 +13,6 @@ bool isTerminal(int descriptor);
 
 /// Lets the system's own messages be English from now on, whatever the locale.
 void speakEnglish();
-
-/// What the user's mask leaves a new file of reading and writing.
-QFileDevice::Permissions newFilePermissions();
 
 /// While it lives, the signals that end a program (interrupt, terminate, hang-up) are only noted,
 /// so that an unfinished file can be taken away; its end lets the noted signal have its effect.

@@ -4,9 +4,7 @@
 #include <clocale>
 #include <csignal>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
-#include <utility>
 
 namespace systemcalls {
 namespace {
@@ -39,21 +37,6 @@ bool isTerminal(int descriptor)
 void speakEnglish()
 {
     std::setlocale(LC_MESSAGES, "C");
-}
-
-QFileDevice::Permissions newFilePermissions()
-{
-    const mode_t mask = umask(0);
-    umask(mask);
-    QFileDevice::Permissions permissions;
-    for (const auto &[bit, permission] : {std::pair{S_IRUSR, QFileDevice::ReadOwner},
-                                          {S_IWUSR, QFileDevice::WriteOwner},
-                                          {S_IRGRP, QFileDevice::ReadGroup},
-                                          {S_IWGRP, QFileDevice::WriteGroup},
-                                          {S_IROTH, QFileDevice::ReadOther},
-                                          {S_IWOTH, QFileDevice::WriteOther}})
-        permissions.setFlag(permission, (mask & static_cast<mode_t>(bit)) == 0);
-    return permissions;
 }
 
 InterruptWatch::InterruptWatch()

@@ -62,14 +62,16 @@ QMap<QString, QString> fieldsOf(const QByteArray &text)
 QByteArray readFile(const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const bool isFile = QFileInfo(path).isFile(); // a pipe would be opened once somebody writes
+    return isFile && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 bool writeFile(const QString &path, const QByteArray &bytes)
 {
     QFile file(path + u".new"_s);
-    const bool isWritten =
-        file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
+    file.remove(); // half a file of an earlier life, or a link or pipe that somebody put there
+    const bool isWritten = file.open(QIODevice::WriteOnly | QIODevice::NewOnly) &&
+                           file.write(bytes) == bytes.size() && file.flush();
     file.close();
     return isWritten && renameFile(file.fileName(), path);
 }

@@ -8,6 +8,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
+#include <QRegularExpression>
 #include <QTimer>
 #include <QUuid>
 #include <cstdio>
@@ -29,7 +30,9 @@ const char kHelp[] = QT_TRANSLATE_NOOP(
     "Commands: \"goto X Y [NORTH [HEIGHT]]\", \"find OBJECT\", test, \"integer N\",\n"
     "\"raw NAME PARAMETERS\"; with the word front behind it, the viewer shall come to the front.\n"
     "Without commands it listens. Example:\n"
-    "  partner-sim /tmp/exchange \"goto 3500000 5800000 0 250\" \"find ABC front\"");
+    "  partner-sim /tmp/exchange \"goto 3500000 5800000 0 250\" \"find ABC front\"\n"
+    "\n"
+    "Exits with 0 when all was accepted, 1 after refusal or silence, 2 when it cannot start.");
 
 int refuse(const QString &reason)
 {
@@ -46,6 +49,26 @@ std::optional<Manner> mannerOf(const QString &name)
                                                {u"half"_s, Manner::Half}};
     const auto manner = manners.find(name);
     return manner == manners.end() ? std::nullopt : std::optional(*manner);
+}
+
+/// Whole milliseconds from 1 on; nothing when the option says something else.
+std::optional<int> millisecondsOf(const QString &text)
+{
+    bool isNumber = false;
+    const int number = text.toInt(&isNumber);
+    return isNumber && number > 0 ? std::optional(number) : std::nullopt;
+}
+
+bool isSenderId(const QString &text)
+{
+    static const QRegularExpression form(u"\\A[A-Za-z0-9._-]{1,64}\\z"_s);
+    return form.match(text).hasMatch();
+}
+
+/// Whether lines can be appended to the file, or none is wanted.
+bool canAppendTo(const QString &filename)
+{
+    return filename.isEmpty() || QFile(filename).open(QIODevice::Append);
 }
 
 } // namespace
@@ -75,7 +98,11 @@ int main(int argc, char **argv)
         {u"clumsy"_s, Text::tr("Write like a careless partner: plain, bytes or half."),
          u"manner"_s},
     });
-    parser.process(app);
+    const bool isUnderstood = parser.parse(QCoreApplication::arguments());
+    if (parser.isSet(u"help"_s) || parser.isSet(u"help-all"_s))
+        parser.showHelp();
+    if (!isUnderstood) // process() would end with the status of a refusal
+        return refuse(parser.errorText().chopped(1)); // without its full stop
 
     QStringList lines = parser.positionalArguments();
     if (lines.isEmpty() || !QDir(lines[0]).exists())
@@ -86,11 +113,19 @@ int main(int argc, char **argv)
     const QString sender = parser.isSet(u"sender"_s)
                                ? parser.value(u"sender"_s)
                                : QUuid::createUuid().toString(QUuid::WithoutBraces);
+    if (!isSenderId(sender))
+        return refuse(Text::tr("a sender has 1 to 64 of A-Z a-z 0-9 . _ -"));
+    const auto silence = millisecondsOf(parser.value(u"silence"_s));
+    const auto poll = millisecondsOf(parser.value(u"poll"_s));
+    if (!silence || !poll)
+        return refuse(Text::tr("milliseconds are whole numbers from 1 on"));
+    if (!canAppendTo(parser.value(u"journal"_s)))
+        return refuse(Text::tr("cannot write '%1'").arg(parser.value(u"journal"_s)));
     const Options options{.directory = lines.takeFirst(),
                           .sender = sender,
                           .journal = parser.value(u"journal"_s),
                           .manner = *manner,
-                          .silence = parser.value(u"silence"_s).toInt(),
+                          .silence = *silence,
                           .repeats = parser.isSet(u"repeat"_s),
                           .refuses = parser.isSet(u"refuse"_s),
                           .isJson = parser.isSet(u"json"_s)};
@@ -113,8 +148,8 @@ int main(int argc, char **argv)
         outgoing.poll();
         incoming.poll();
         if (outgoing.isDone() && !listens)
-            QCoreApplication::quit();
+            QCoreApplication::exit(outgoing.hasFailed() ? 1 : 0);
     });
-    timer.start(std::max(1, parser.value(u"poll"_s).toInt()));
+    timer.start(*poll);
     return QCoreApplication::exec();
 }

@@ -4,6 +4,7 @@
 
 #include <QDateTime>
 #include <QFileInfo>
+#include <QTemporaryFile>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -11,6 +12,16 @@ namespace {
 
 constexpr int kKeptAnswers = 32;
 constexpr qint64 kLeftoverSeconds = 60;
+
+/// By the clock of the file system, which need not be this computer's.
+qint64 ageInSeconds(const QString &path)
+{
+    const QFileInfo file(path);
+    QTemporaryFile probe(file.path() + u"/kelo-data-clock-XXXXXX"_s);
+    const QDateTime now = probe.open() ? probe.fileTime(QFileDevice::FileModificationTime)
+                                       : QDateTime::currentDateTime();
+    return file.lastModified().secsTo(now);
+}
 
 } // namespace
 
@@ -36,7 +47,7 @@ void Receiver::poll()
     const QString claimed = m_file + u".claimed"_s;
     if (!QFile::exists(claimed) && !renameFile(m_file, claimed))
         return;
-    const qint64 age = QFileInfo(claimed).lastModified().secsTo(QDateTime::currentDateTime());
+    const qint64 age = ageInSeconds(claimed);
     const auto fields = fieldsOf(readFile(claimed));
     const QString sender = fields.value(u"Sender"_s);
     const quint64 number = fields.value(u"SerialNumber"_s).toULongLong();

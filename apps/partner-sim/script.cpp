@@ -2,6 +2,9 @@
 // What the user asks to send, a command a line.
 #include "script.h"
 
+#include <algorithm>
+#include <cmath>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -10,9 +13,21 @@ bool areNumbers(const QStringList &words)
 {
     return std::all_of(words.begin(), words.end(), [](const QString &word) {
         bool isNumber = false;
-        static_cast<void>(word.toDouble(&isNumber));
-        return isNumber;
+        return std::isfinite(word.toDouble(&isNumber)) && isNumber;
     });
+}
+
+bool isInteger(const QString &word)
+{
+    bool isNumber = false;
+    static_cast<void>(word.toInt(&isNumber));
+    return isNumber;
+}
+
+/// Separators end a value.
+bool isValue(const QString &word)
+{
+    return !word.contains(u',') && !word.contains(u':');
 }
 
 Command named(const QString &name, const QStringList &parameters)
@@ -46,11 +61,11 @@ std::optional<Command> parseCommand(const QString &line)
     std::optional<Command> command;
     if (verb == "goto"_L1)
         command = gotoCommand(words);
-    else if (verb == "find"_L1 && words.size() == 1)
+    else if (verb == "find"_L1 && words.size() == 1 && isValue(words[0]))
         command = named(u"FindDocumentsForObject"_s, {u"ObjectId:"_s + words[0]});
     else if (verb == "test"_L1 && words.isEmpty())
         command = named(u"TestCommand"_s, {});
-    else if (verb == "integer"_L1 && words.size() == 1 && areNumbers(words))
+    else if (verb == "integer"_L1 && words.size() == 1 && isInteger(words[0]))
         command = Command{u"IntegerCommand"_s, words[0], {}};
     else if (verb == "raw"_L1 && !words.isEmpty())
         command = named(words[0], {words.sliced(1).join(u' ')});

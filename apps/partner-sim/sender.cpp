@@ -57,9 +57,8 @@ void Sender::seeAnswer()
     const bool isTaken = !QFile::exists(m_file);
     const auto answers = fieldsOf(readFile(m_answersFile));
     const QString state = answers.value(m_options.sender + u'/' + QString::number(number()));
-    if (m_options.manner == Manner::Plain) {
-        if (isTaken)
-            finish(u"taken"_s); // that is all one learns without numbers
+    if (m_options.manner == Manner::Plain && isTaken) {
+        finish(u"taken"_s); // that is all one learns without numbers
     } else if (state == "accepted"_L1 || state == "refused"_L1) {
         finish(state);
     } else if (m_sent.hasExpired(m_options.silence)) {
@@ -73,6 +72,7 @@ void Sender::seeAnswer()
 void Sender::finish(const QString &outcome)
 {
     print({{u"event"_s, outcome}, {u"number"_s, QString::number(number())}}, m_options.isJson);
+    m_hasFailed |= outcome == "refused"_L1 || outcome == "silence"_L1;
     m_isWaiting = false;
     ++m_next;
 }

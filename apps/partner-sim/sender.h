@@ -18,6 +18,8 @@ public:
 
     void poll();
     [[nodiscard]] bool isDone() const { return m_next >= m_commands.size() && !m_isWaiting; }
+    /// Whether a command was refused, or met silence.
+    [[nodiscard]] bool hasFailed() const { return m_hasFailed; }
 
 private:
     void write(const Command &command);
@@ -31,5 +33,6 @@ private:
     QList<Command> m_commands;
     qsizetype m_next = 0; ///< index of the command that waits for its turn or its answer
     bool m_isWaiting = false;
+    bool m_hasFailed = false;
     QElapsedTimer m_sent;
 };

@@ -173,30 +173,30 @@ void click(QtPieMenu &menu, int item)
     }
 }
 
-/// The menu on a plan, with its sub-menu open, as a picture in a file.
+/// The menu on a plan as it opens, and beside it with its sub-menu open, as a picture in a file.
 bool savePicture(Gallery &gallery, int count, const QString &path)
 {
     constexpr int kMargin = 24;
     gallery.build(count, 40, outerRadiusFor(count));
     QtPieMenu &menu = *gallery.menu;
     QtPieMenu &layers = *menu.subMenuAt(kLayersAt);
-    const QRect screen = menu.screen()->geometry();
-    menu.popup(screen.center());
+    menu.popup(menu.screen()->geometry().center());
+    menu.setHighlightedItem(0);
+    const QPixmap first = menu.grab();
     click(menu, kLayersAt);
     layers.setHighlightedItem(3);
 
+    const QPoint left(kMargin, kMargin);
+    const QPoint right(left.x() + menu.width() + kMargin, kMargin);
     PlanView plan;
-    plan.resize(screen.size());
+    plan.resize(right.x() + menu.width() + kMargin, menu.height() + 2 * kMargin);
     QPixmap picture = plan.grab();
     QPainter painter(&picture);
-    painter.drawPixmap(menu.pos(), menu.grab());
-    painter.drawPixmap(layers.pos(), layers.grab());
+    painter.drawPixmap(left, first);
+    painter.drawPixmap(right, menu.grab());
+    painter.drawPixmap(right + layers.pos() - menu.pos(), layers.grab());
     painter.end();
-    const QRectF shown =
-        (menu.geometry() | layers.geometry()).adjusted(-kMargin, -kMargin, kMargin, kMargin);
-    const double scale = picture.devicePixelRatio();
-    return picture.copy(QRectF(shown.topLeft() * scale, shown.size() * scale).toAlignedRect())
-        .save(path);
+    return picture.save(path);
 }
 
 int showWindow(Gallery &gallery, int count)
@@ -206,16 +206,19 @@ int showWindow(Gallery &gallery, int count)
     auto *column = new QVBoxLayout(&window);
     auto *row = new QHBoxLayout;
     auto *counts = new QComboBox;
-    auto *atParent = new QCheckBox(Text::tr("Sub-menus at the same place"));
+    auto *aroundPointer = new QCheckBox(Text::tr("Sub-menus around the pointer"));
     auto *isAutomatic = new QCheckBox(Text::tr("Sub-menus at once"));
     auto *isFading = new QCheckBox(Text::tr("Fade in"));
+    auto *hasDigits = new QCheckBox(Text::tr("Digits"));
+    hasDigits->setChecked(true);
     auto *chosen = new QLabel(Text::tr("Press a mouse button on the plan, or the space bar."));
     auto *plan = new PlanView;
     for (const int items : {4, 8, 12})
         counts->addItem(Text::tr("%n items", nullptr, items), items);
     counts->setCurrentIndex(std::max(counts->findData(count), 0));
-    for (QWidget *option : {static_cast<QWidget *>(counts), static_cast<QWidget *>(atParent),
-                            static_cast<QWidget *>(isAutomatic), static_cast<QWidget *>(isFading)})
+    for (QWidget *option : {static_cast<QWidget *>(counts), static_cast<QWidget *>(aroundPointer),
+                            static_cast<QWidget *>(isAutomatic), static_cast<QWidget *>(isFading),
+                            static_cast<QWidget *>(hasDigits)})
         row->addWidget(option);
     row->addStretch();
     column->addLayout(row);
@@ -225,16 +228,18 @@ int showWindow(Gallery &gallery, int count)
     const auto rebuild = [&] {
         const int items = counts->currentData().toInt();
         gallery.build(items, 40, outerRadiusFor(items));
-        gallery.menu->setSubMenuPlacement(atParent->isChecked()
-                                              ? QtPieMenu::SubMenuPlacement::AtParent
-                                              : QtPieMenu::SubMenuPlacement::AroundPointer);
+        gallery.menu->setSubMenuPlacement(aroundPointer->isChecked()
+                                              ? QtPieMenu::SubMenuPlacement::AroundPointer
+                                              : QtPieMenu::SubMenuPlacement::AtParent);
         gallery.menu->setAutoActivateSubMenus(isAutomatic->isChecked());
         gallery.menu->setFading(isFading->isChecked());
+        gallery.menu->setDigitsShown(hasDigits->isChecked());
+        gallery.menu->subMenuAt(kLayersAt)->setDigitsShown(hasDigits->isChecked());
         plan->setMenu(gallery.menu.get());
     };
     rebuild();
     QObject::connect(counts, &QComboBox::currentIndexChanged, &window, rebuild);
-    for (QCheckBox *option : {atParent, isAutomatic, isFading})
+    for (QCheckBox *option : {aroundPointer, isAutomatic, isFading, hasDigits})
         QObject::connect(option, &QCheckBox::toggled, &window, rebuild);
     QObject::connect(&gallery.registry(), &ActionManager::afterActionTriggered, chosen,
                      [chosen](const QAction &action) { chosen->setText(action.iconText()); });

@@ -34,6 +34,9 @@ inline bool isStillRunning(std::uint32_t process, std::uint64_t start)
     return present != 0 && (isUnknown || present == start);
 }
 
+/// Whether keys of settings files that differ in case alone are the same, as the system's own are.
+bool settingsIgnoreCase();
+
 /// Names the calling thread for debuggers; no effect where nobody listens.
 /// @param name  UTF-8, not null
 void setThreadName(const char *name);

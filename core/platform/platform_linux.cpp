@@ -101,6 +101,11 @@ std::vector<std::string> processNames()
     return names;
 }
 
+bool settingsIgnoreCase()
+{
+    return false;
+}
+
 void setThreadName(const char *name)
 {
     constexpr std::size_t kMaxBytes = 15; // longer names are refused, not cut

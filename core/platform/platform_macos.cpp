@@ -56,6 +56,11 @@ std::vector<std::string> processNames()
     return names;
 }
 
+bool settingsIgnoreCase()
+{
+    return false;
+}
+
 void setThreadName(const char *name)
 {
     pthread_setname_np(name);

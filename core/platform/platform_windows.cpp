@@ -83,6 +83,11 @@ std::vector<std::string> processNames()
     return names;
 }
 
+bool settingsIgnoreCase()
+{
+    return true;
+}
+
 void setThreadName(const char *name)
 {
     // A debugger sees the exception first. The handler sends it back when there is none: vectored,

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Access to the compact arrays of a drawing.
-#include <algorithm>
 #include <kelo_base/dxf/DxfDrawing.h>
+
+#include "dxf/read/textencoding_p.h"
+#include <algorithm>
 
 const DxfBlock *DxfDrawing::BlockOf(const DxfInsert &insert) const
 {
@@ -48,15 +50,59 @@ void DxfDrawing::SetCorner(const DxfPolyline &polyline, quint32 vertex, VtxPosit
     m_corners[polyline.firstVertex + vertex] = static_cast<quint8>(position);
 }
 
-bool DxfDrawing::HasUtf8Texts() const
+DxfPlacement DxfDrawing::Placement(std::size_t insert) const
 {
-    return m_version.starts_with("AC") && m_version >= "AC1021";
+    const auto index = static_cast<qsizetype>(insert);
+    DxfPlacement placement = m_shapes[index < m_shapeOfInsert.size() ? m_shapeOfInsert[index] : 0];
+    if (index < m_positions.size())
+        placement.position = m_positions[index];
+    return placement;
+}
+
+DxfVertex DxfDrawing::BasePoint(const DxfBlock &block) const
+{
+    return m_basePoints.value(&block - m_blocks.data());
+}
+
+bool DxfDrawing::SetEncoding(const QString &name)
+{
+    if (!name.isEmpty() && !textencoding::codecOf(name.toStdString()))
+        return false;
+    m_encoding = name;
+    learnEncoding();
+    return true;
+}
+
+void DxfDrawing::learnEncoding()
+{
+    const bool isNewPlan = m_version.starts_with("AC") && m_version >= "AC1021";
+    m_codec = !m_encoding.isEmpty() ? textencoding::codecOf(m_encoding.toStdString()).value_or("")
+              : isNewPlan           ? QByteArray(textencoding::kUtf8)
+                                    : textencoding::codecOf(m_codePage).value_or("");
+    m_hasUtf8Texts = m_codec == textencoding::kUtf8;
+    m_characters =
+        m_codec.isEmpty() || m_hasUtf8Texts ? QString() : textencoding::charactersOf(m_codec);
+    m_numberTagBytes = EncodedText(m_numberTag).value_or(m_numberTag.toUtf8());
 }
 
 QString DxfDrawing::DisplayText(std::string_view text) const
 {
     const QByteArrayView bytes(text.data(), static_cast<qsizetype>(text.size()));
-    return HasUtf8Texts() ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes);
+    const QString shown = m_hasUtf8Texts ? QString::fromUtf8(bytes)
+                                         : textencoding::decoded(text, m_codec, m_characters);
+    return textencoding::withoutEscapes(shown);
+}
+
+std::optional<QByteArray> DxfDrawing::EncodedText(const QString &text) const
+{
+    return m_hasUtf8Texts ? std::optional(text.toUtf8()) : textencoding::encoded(text, m_codec);
+}
+
+quint32 DxfDrawing::shownName(quint32 name) const
+{
+    using Names = std::pair<quint32, quint32>;
+    const auto found = std::ranges::lower_bound(m_shownNames, name, {}, &Names::first);
+    return found != m_shownNames.end() && found->first == name ? found->second : name;
 }
 
 std::string_view DxfDrawing::text(quint32 number) const

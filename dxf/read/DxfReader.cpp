@@ -8,30 +8,8 @@
 #include <QFile>
 #include <kelo_base/core/FileName.h>
 #include <kelo_base/dxf/DxfReader.h>
-#include <locale>
 
 namespace {
-
-/// The parser reads numbers by the global C++ locale, which the program may have changed.
-class ClassicLocale
-{
-public:
-    ClassicLocale() : m_isForeign(m_old != std::locale::classic())
-    {
-        if (m_isForeign)
-            std::locale::global(std::locale::classic());
-    }
-    ~ClassicLocale()
-    {
-        if (m_isForeign)
-            std::locale::global(m_old);
-    }
-    Q_DISABLE_COPY_MOVE(ClassicLocale)
-
-private:
-    const std::locale m_old;
-    const bool m_isForeign;
-};
 
 /// Enough to tell what kind of file it is.
 constexpr std::size_t kHead = 4096;
@@ -65,7 +43,7 @@ Fault readPairs(Scanner &&scanner, PlanGate &gate)
     DxfPair pair;
     ScanResult result = ScanResult::Pair;
     do
-        result = scanner.next(pair);
+        result = gate.skipsEntity() ? scanner.nextEntity(pair) : scanner.next(pair);
     while (result == ScanResult::Pair && gate.take(pair));
     if (result == ScanResult::Error)
         return {scanner.errorPosition(), scanner.errorMessage()};
@@ -83,22 +61,23 @@ DxfReadResult failed(const QString &name, const Fault &fault, bool isBinary)
     DxfReadResult result;
     const bool hasOffset = isBinary && fault.position > 0;
     result.error =
-        ReadError{.file = name,
-                  .line = isBinary ? 0 : fault.position,
-                  .message = hasOffset ? ReaderText::tr("at byte %1: %2")
-                                             .arg(QString::number(fault.position), fault.message)
-                                       : fault.message};
+        DxfReadError{.file = name,
+                     .line = isBinary ? 0 : fault.position,
+                     .message = hasOffset ? ReaderText::tr("at byte %1: %2")
+                                                .arg(QString::number(fault.position), fault.message)
+                                          : fault.message};
     return result;
 }
 
-DxfReadResult readFrom(ByteSource &source, QIODevice &device, const QString &name)
+DxfReadResult readFrom(ByteSource &source, QIODevice &device, const QString &name,
+                       const DxfReadOptions &options)
 {
-    const ClassicLocale numbersHavePoints;
     while (source.unread().size() < kHead && source.more()) {
     }
     const bool isBinary = source.unread().starts_with(kBinarySentinel);
     Fault fault;
     DxfConvertCreationAdapter adapter;
+    adapter.setOptions(options);
     PlanGate gate(adapter);
     const bool isOpen =
         source.state() == ByteSource::State::Open || source.state() == ByteSource::State::End;
@@ -115,7 +94,7 @@ DxfReadResult readFrom(ByteSource &source, QIODevice &device, const QString &nam
     DxfReadResult result{
         .drawing = adapter.takeDrawing(), .diagnostics = adapter.takeDiagnostics(), .error = {}};
     result.drawing.SetBinary(isBinary);
-    for (Diagnostic &diagnostic : result.diagnostics) {
+    for (PlanFinding &diagnostic : result.diagnostics) {
         diagnostic.file = name;
         if (isBinary)
             diagnostic.line = 0;
@@ -125,12 +104,16 @@ DxfReadResult readFrom(ByteSource &source, QIODevice &device, const QString &nam
 
 } // namespace
 
-DxfReadResult ReadDxf(QIODevice &device, const QString &name, const ReadProgress &progress)
+DxfReadResult ReadDxf(QIODevice &device, const QString &name, const PlanProgress &progress,
+                      const DxfReadOptions &options)
 {
+    if (!DxfDrawing().SetEncoding(options.encoding))
+        return failed(name, {0, ReaderText::tr("'%1' is no encoding").arg(options.encoding)},
+                      false);
     ByteSource source(device, progress);
     DxfReadResult result;
     try {
-        result = readFrom(source, device, name);
+        result = readFrom(source, device, name, options);
     } catch (const std::exception &exception) { // the parser, or memory
         result = failed(name, {0, QString::fromLocal8Bit(exception.what())}, false);
     }
@@ -138,7 +121,8 @@ DxfReadResult ReadDxf(QIODevice &device, const QString &name, const ReadProgress
     return result;
 }
 
-DxfReadResult ReadDxfFile(const QString &path, const ReadProgress &progress)
+DxfReadResult ReadDxfFile(const QString &path, const PlanProgress &progress,
+                          const DxfReadOptions &options)
 {
     const QString name = ReadableFileName(path);
     std::error_code ignored;
@@ -151,5 +135,5 @@ DxfReadResult ReadDxfFile(const QString &path, const ReadProgress &progress)
     if (!OpenForReading(file, path))
         return failed(name, {0, ReaderText::tr("Cannot be opened: %1").arg(file.errorString())},
                       false);
-    return ReadDxf(file, name, progress);
+    return ReadDxf(file, name, progress, options);
 }

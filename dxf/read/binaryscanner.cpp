@@ -83,6 +83,14 @@ ScanResult BinaryScanner::next(DxfPair &pair)
     return fail(pair.position, ReaderText::tr("%1 is no group code").arg(pair.code));
 }
 
+ScanResult BinaryScanner::nextEntity(DxfPair &pair)
+{
+    ScanResult result = next(pair);
+    while (result == ScanResult::Pair && pair.code != 0)
+        result = next(pair);
+    return result;
+}
+
 bool BinaryScanner::has(std::size_t bytes)
 {
     while (m_source.unread().size() < bytes)

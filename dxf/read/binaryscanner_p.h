@@ -18,6 +18,8 @@ public:
     explicit BinaryScanner(ByteSource &source);
 
     ScanResult next(DxfPair &pair);
+    /// The next pair that begins an entity, a section or the end.
+    ScanResult nextEntity(DxfPair &pair);
 
     [[nodiscard]] qint64 errorPosition() const { return m_errorOffset; }
     [[nodiscard]] QString errorMessage() const { return m_errorMessage; }

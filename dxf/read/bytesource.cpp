@@ -4,7 +4,7 @@
 #include <QIODevice>
 #include <cstring>
 
-ByteSource::ByteSource(QIODevice &device, const ReadProgress &progress)
+ByteSource::ByteSource(QIODevice &device, const PlanProgress &progress)
     : m_device(device),
       m_progress(progress),
       m_buffer(std::make_unique_for_overwrite<char[]>(2 * kBlock + kPadding)),

@@ -19,7 +19,7 @@ public:
     enum class State { Open, End, Failed, Cancelled };
 
     /// @param progress  may be empty; both must outlive the source
-    ByteSource(QIODevice &device, const ReadProgress &progress);
+    ByteSource(QIODevice &device, const PlanProgress &progress);
 
     [[nodiscard]] const char *begin() const { return m_buffer.get() + m_begin; }
     [[nodiscard]] const char *end() const { return m_buffer.get() + m_end; }
@@ -42,7 +42,7 @@ public:
 
 private:
     QIODevice &m_device;
-    const ReadProgress &m_progress;
+    const PlanProgress &m_progress;
     std::unique_ptr<char[]> m_buffer;
     std::size_t m_begin = 0;
     std::size_t m_end = 0;

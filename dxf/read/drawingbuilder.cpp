@@ -4,7 +4,26 @@
 #include "dxf/read/sheetnumber_p.h"
 #include <algorithm>
 
-bool DxfDrawingBuilder::BeginBlock(std::string_view name, quint32 line)
+void DxfDrawingBuilder::SetVersion(std::string_view version)
+{
+    m_drawing.m_version = version;
+    m_drawing.learnEncoding();
+}
+
+void DxfDrawingBuilder::SetCodePage(std::string_view codePage)
+{
+    m_drawing.m_codePage = codePage;
+    m_drawing.learnEncoding();
+}
+
+void DxfDrawingBuilder::SetOptions(const DxfReadOptions &options)
+{
+    m_drawing.m_numberTag = options.numberTag;
+    m_drawing.m_encoding = options.encoding;
+    m_drawing.learnEncoding();
+}
+
+bool DxfDrawingBuilder::BeginBlock(std::string_view name, quint32 line, DxfVertex basePoint)
 {
     EndBlock();
     m_inBlock = true;
@@ -14,6 +33,10 @@ bool DxfDrawingBuilder::BeginBlock(std::string_view name, quint32 line)
         return false;
     m_blockOfName.resize(static_cast<std::size_t>(m_drawing.m_texts.size()), DxfInsert::kNoBlock);
     m_blockOfName[number] = static_cast<quint32>(m_drawing.m_blocks.size());
+    if (basePoint != DxfVertex{}) {
+        m_drawing.m_basePoints.resize(m_drawing.m_blocks.size());
+        m_drawing.m_basePoints.push_back(basePoint);
+    }
     m_drawing.m_blocks.push_back(
         {.name = number,
          .firstPolyline = static_cast<quint32>(m_drawing.m_polylines.size()),
@@ -56,11 +79,20 @@ void DxfDrawingBuilder::ClosePolyline()
         m_drawing.m_polylines.back().closed = true;
 }
 
-void DxfDrawingBuilder::BeginInsert(std::string_view blockName, quint32 line)
+void DxfDrawingBuilder::MirrorPolyline()
+{
+    if (m_inPolyline)
+        m_drawing.m_polylines.back().mirrored = true;
+}
+
+void DxfDrawingBuilder::BeginInsert(std::string_view blockName, quint32 line,
+                                    const DxfPlacement &placement)
 {
     EndInsert();
     m_inInsert = true;
     auto &inserts = m_inBlock ? m_drawing.m_nestedInserts : m_drawing.m_inserts;
+    if (!m_inBlock)
+        setPlacement(inserts.size(), placement);
     inserts.push_back({.blockName = textNumber(blockName),
                        .block = DxfInsert::kNoBlock,
                        .firstAttribute = static_cast<quint32>(m_drawing.m_attributes.size()),
@@ -99,10 +131,49 @@ void DxfDrawingBuilder::EndInsert()
         return;
     // Of inserts inside blocks only those are kept that someone may have meant as sheets.
     const DxfInsert nested = m_drawing.m_nestedInserts.back();
-    if (!m_dropsBlock && SheetNumberAttribute(m_drawing, nested))
+    if (!m_dropsBlock && dxftools::sheetNumberAttribute(m_drawing, nested))
         return;
     m_drawing.m_nestedInserts.pop_back();
     m_drawing.m_attributes.resize(nested.firstAttribute);
+}
+
+void DxfDrawingBuilder::setPlacement(qsizetype insert, DxfPlacement placement)
+{
+    const DxfVertex position = std::exchange(placement.position, DxfVertex());
+    if (position != DxfVertex{}) {
+        m_drawing.m_positions.resize(insert);
+        m_drawing.m_positions.push_back(position);
+    }
+    if (placement == m_drawing.m_shapes.front())
+        return;
+    if (placement != m_drawing.m_shapes.back()) // neighbours are often drawn alike
+        m_drawing.m_shapes.push_back(placement);
+    m_drawing.m_shapeOfInsert.resize(insert);
+    m_drawing.m_shapeOfInsert.push_back(static_cast<quint32>(m_drawing.m_shapes.size() - 1));
+}
+
+void DxfDrawingBuilder::AddBlockRecord(const DxfBlockRecord &record)
+{
+    const quint32 name = textNumber(record.name);
+    if (record.represented != 0)
+        m_variants.push_back({name, record.represented});
+    m_records.push_back(
+        {record.handle, record.trueName.empty() ? name : textNumber(record.trueName)});
+}
+
+/// Variants may stand before the block that they are variants of, so that this comes last.
+void DxfDrawingBuilder::nameVariants()
+{
+    std::ranges::sort(m_records);
+    for (const Variant &variant : m_variants) {
+        const auto block =
+            std::ranges::lower_bound(m_records, variant.represented, {}, &KnownRecord::handle);
+        if (block != m_records.end() && block->handle == variant.represented)
+            m_drawing.m_shownNames.emplace_back(variant.name, block->name);
+    }
+    std::ranges::sort(m_drawing.m_shownNames);
+    m_records = {};
+    m_variants = {};
 }
 
 bool DxfDrawingBuilder::IsFull() const
@@ -115,6 +186,7 @@ bool DxfDrawingBuilder::IsFull() const
 DxfDrawing DxfDrawingBuilder::Take()
 {
     EndBlock();
+    nameVariants();
     m_blockOfName.resize(static_cast<std::size_t>(m_drawing.m_texts.size()), DxfInsert::kNoBlock);
     for (auto *inserts : {&m_drawing.m_inserts, &m_drawing.m_nestedInserts})
         for (DxfInsert &insert : *inserts)

@@ -5,16 +5,19 @@
 #include "dxf/read/drawingbuilder_p.h"
 #include <QString>
 #include <dl_creationadapter.h>
-#include <kelo_base/dxf/Diagnostic.h>
+#include <kelo_base/dxf/PlanFinding.h>
 #include <vector>
 
-class DxfConvertCreationAdapter : public DL_CreationAdapter
+class DxfConvertCreationAdapter final : public DL_CreationAdapter
 {
 public:
     /// Where the next callbacks come from: line of the file, or byte offset in a binary one.
     void setPosition(qint64 position) { m_position = position; }
-    /// A LWPOLYLINE may tell that it is closed behind its vertices.
-    void closePolyline() { m_builder.ClosePolyline(); }
+    void setOptions(const DxfReadOptions &options) { m_builder.SetOptions(options); }
+    /// A LWPOLYLINE may tell behind its vertices that it is closed, or which way it faces.
+    void completePolyline(bool isClosed);
+    /// The parser knows no records of blocks.
+    void addBlockRecord(const DxfBlockRecord &record) { m_builder.AddBlockRecord(record); }
     /// A reference without a name is none: its attributes belong to nobody.
     void endInsert() { m_builder.EndInsert(); }
     /// Whether the drawing can take no more.
@@ -22,9 +25,9 @@ public:
 
     [[nodiscard]] DxfDrawing takeDrawing() { return m_builder.Take(); }
     /// What did not hinder reading; without file names.
-    [[nodiscard]] std::vector<Diagnostic> takeDiagnostics() { return std::move(m_diagnostics); }
+    [[nodiscard]] std::vector<PlanFinding> takeDiagnostics() { return std::move(m_diagnostics); }
     /// Adds to the diagnostics, at the position set last.
-    void note(const QString &text) { report(Severity::Note, {}, text); }
+    void note(const QString &text) { report(PlanFinding::Severity::Note, {}, text); }
 
     void addBlock(const DL_BlockData &block) override;
     void endBlock() override { m_builder.EndBlock(); }
@@ -38,10 +41,11 @@ public:
     using DL_CreationAdapter::setVariableString;
 
 private:
-    void report(Severity severity, std::string_view subject, const QString &text);
+    [[nodiscard]] DxfPlacement::Plane plane() const;
+    void report(PlanFinding::Severity severity, std::string_view subject, const QString &text);
     [[nodiscard]] quint32 storedPosition() const;
 
     DxfDrawingBuilder m_builder;
-    std::vector<Diagnostic> m_diagnostics;
+    std::vector<PlanFinding> m_diagnostics;
     qint64 m_position = 0;
 };

@@ -9,15 +9,25 @@
 inline constexpr std::string_view kSheetNumberTag{"BL_NR"};
 inline constexpr std::string_view kOldSheetNumberTag{"Bl_Nr"};
 
-[[nodiscard]] constexpr bool IsSheetNumberTag(std::string_view tag)
+/// Whether a sheet's number is looked for under this tag.
+[[nodiscard]] inline bool isSheetNumberTag(const DxfDrawing &drawing, std::string_view tag)
 {
+    if (const std::string_view other = drawing.NumberTag(); !other.empty())
+        return tag == other;
     return tag == kSheetNumberTag || tag == kOldSheetNumberTag;
 }
 
-/// The value under "BL_NR", else the one under "Bl_Nr"; no other tag is tried.
-inline std::optional<std::string_view> SheetNumberAttribute(const DxfDrawing &drawing,
+namespace dxftools {
+
+/// The value under "BL_NR", else the one under "Bl_Nr"; no other tag is tried unless the drawing
+/// has one of its own, which then is the only one.
+inline std::optional<std::string_view> sheetNumberAttribute(const DxfDrawing &drawing,
                                                             const DxfInsert &insert)
 {
+    if (const std::string_view other = drawing.NumberTag(); !other.empty())
+        return drawing.FindAttribute(insert, other);
     const auto value = drawing.FindAttribute(insert, kSheetNumberTag);
     return value ? value : drawing.FindAttribute(insert, kOldSheetNumberTag);
 }
+
+} // namespace dxftools

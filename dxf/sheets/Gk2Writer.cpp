@@ -4,7 +4,7 @@
 
 #include "dxf/read/sheetnumber_p.h"
 #include "dxf/sheets/gk2records_p.h"
-#include "dxf/sheets/progresssteps_p.h"
+#include "dxf/sheets/stepcounter_p.h"
 #include <QFile>
 #include <algorithm>
 #include <bit>
@@ -75,7 +75,7 @@ std::optional<std::string_view> recordNumber(const DxfDrawing &drawing, const Dx
     const DxfBlock *block = drawing.BlockOf(insert);
     if (!block || block->polylineCount == 0 || !insert.exportMark)
         return std::nullopt;
-    return SheetNumberAttribute(drawing, insert);
+    return dxftools::sheetNumberAttribute(drawing, insert);
 }
 
 /// Formats records. Sheets of one block in a row format its corners once.
@@ -204,12 +204,12 @@ void AppendGk2Coordinate(std::string &text, double coordinate)
 }
 
 Gk2Result WriteGk2(QIODevice &device, const DxfDrawing &drawing, std::span<const quint32> sheets,
-                   const SheetProgress &progress)
+                   const PlanProgress &progress)
 {
     Gk2Result result;
     RecordFormatter records(drawing);
     const Lookahead lookahead(drawing, sheets);
-    ProgressSteps steps(progress, sheets.size());
+    StepCounter steps(progress, sheets.size());
     std::string text = "GK2\r\n";
     text.reserve(kChunk + 4096);
     for (std::size_t i = 0; i < sheets.size(); ++i) {
@@ -218,7 +218,7 @@ Gk2Result WriteGk2(QIODevice &device, const DxfDrawing &drawing, std::span<const
             ++result.written;
         if (text.size() >= kChunk)
             result.stored = flush(device, text);
-        result.cancelled = !steps.Step();
+        result.cancelled = !steps.step();
         if (!result)
             return result;
     }
@@ -226,13 +226,13 @@ Gk2Result WriteGk2(QIODevice &device, const DxfDrawing &drawing, std::span<const
     return result;
 }
 
-qint64 CountGk2Records(const DxfDrawing &drawing, std::span<const quint32> sheets)
+qint64 dxftools::countGk2Records(const DxfDrawing &drawing, std::span<const quint32> sheets)
 {
     Nowhere nowhere;
     return WriteGk2(nowhere, drawing, sheets).written;
 }
 
-bool HasGk2Records(const DxfDrawing &drawing, std::span<const quint32> sheets)
+bool dxftools::hasGk2Records(const DxfDrawing &drawing, std::span<const quint32> sheets)
 {
     return std::ranges::any_of(sheets, [&](quint32 sheet) {
         return recordNumber(drawing, drawing.Inserts()[sheet]).has_value();
@@ -248,5 +248,5 @@ qint64 ExportGk2File(const QString &path, const DxfDrawing &drawing,
         if (result)
             return result.written;
     }
-    return CountGk2Records(drawing, sheets);
+    return dxftools::countGk2Records(drawing, sheets);
 }

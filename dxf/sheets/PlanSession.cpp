@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The way of one plan, from its file to the sheets' file.
+#include "dxf/sheets/dxftooltexts_p.h"
 #include "dxf/sheets/gk2records_p.h"
+#include "dxf/sheets/insertfilter_p.h"
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
+#include <iterator>
 #include <kelo_base/core/FileName.h>
 #include <kelo_base/dxf/Gk2Writer.h>
 #include <kelo_base/dxf/PlanSession.h>
+#include <kelo_base/dxf/SheetPlacing.h>
 #include <new>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -58,10 +63,10 @@ OlderFile olderFile(const QString &path)
 } // namespace
 
 PlanOpening PlanSession::Open(const QString &path, const AnalysisOptions &options,
-                              const PlanProgress &progress)
+                              const PlanStages &progress)
 {
     PlanOpening opening;
-    DxfReadResult read = ReadDxfFile(path, progress.reading);
+    DxfReadResult read = ReadDxfFile(path, progress.reading, options.reading);
     if (!isRead(read, opening))
         return opening;
     const QFileInfo info(path);
@@ -72,10 +77,10 @@ PlanOpening PlanSession::Open(const QString &path, const AnalysisOptions &option
 }
 
 PlanOpening PlanSession::Open(QIODevice &device, const QString &name,
-                              const AnalysisOptions &options, const PlanProgress &progress)
+                              const AnalysisOptions &options, const PlanStages &progress)
 {
     PlanOpening opening;
-    DxfReadResult read = ReadDxf(device, name, progress.reading);
+    DxfReadResult read = ReadDxf(device, name, progress.reading, options.reading);
     if (!isRead(read, opening))
         return opening;
     return analysed(std::unique_ptr<PlanSession>(new PlanSession({}, name, std::move(read))),
@@ -91,59 +96,111 @@ PlanSession::PlanSession(const QString &path, const QString &name, DxfReadResult
 }
 
 PlanOpening PlanSession::analysed(std::unique_ptr<PlanSession> session,
-                                  const AnalysisOptions &options, const SheetProgress &progress)
+                                  const AnalysisOptions &options, const PlanProgress &progress)
 {
     std::optional<SheetAnalysis> analysis;
+    bool isCancelled = false;
+    bool isTooLarge = false;
+    const PlanProgress noting = [&](qint64 done, qint64 total) {
+        isCancelled = progress && !progress(done, total);
+        return !isCancelled;
+    };
     const bool hadMemory = attempt([&] {
+        isTooLarge = !session->place(options.appliesPlacement, noting) && !isCancelled;
+        if (isTooLarge || isCancelled)
+            return true;
         analysis = AnalyzeSheets(session->m_drawing, options.filter, options.order, session->m_path,
                                  progress);
         return true;
     });
     if (!hadMemory)
         return {.outcome = PlanOpening::Outcome::NotAnalysed};
+    if (isTooLarge)
+        return {.outcome = PlanOpening::Outcome::NotAnalysed,
+                .error = DxfReadError{.file = session->m_name,
+                                      .message = DxfToolTexts::TooManyToPlace()}};
     if (!analysis)
         return {.outcome = PlanOpening::Outcome::Cancelled};
     session->m_analysis = *std::move(analysis);
     return {.session = std::move(session)};
 }
 
-std::vector<Diagnostic> PlanSession::Findings() const
+std::vector<PlanFinding> PlanSession::Findings() const
 {
-    std::vector<Diagnostic> all = m_readFindings;
+    std::vector<PlanFinding> all = m_readFindings;
     all.insert(all.end(), m_analysis.diagnostics.begin(), m_analysis.diagnostics.end());
     return all;
 }
 
 qint64 PlanSession::Warnings() const
 {
-    return m_analysis.warnings +
-           std::ranges::count(m_readFindings, Severity::Warning, &Diagnostic::severity);
+    return m_analysis.warnings + std::ranges::count(m_readFindings, PlanFinding::Severity::Warning,
+                                                    &PlanFinding::severity);
+}
+
+bool PlanSession::place(bool appliesPlacement, const PlanProgress &progress)
+{
+    if (appliesPlacement == m_asRead.has_value())
+        return true;
+    DxfDrawing old = std::move(m_drawing);
+    if (appliesPlacement) {
+        PlacingResult placed = PlaceInserts(old, progress);
+        const bool isPlaced(placed);
+        m_drawing = isPlaced ? std::move(placed.drawing) : old;
+        if (isPlaced)
+            m_asRead = std::move(old);
+        return isPlaced;
+    }
+    m_drawing = *std::exchange(m_asRead, std::nullopt);
+    if (m_drawing.Inserts().size() == old.Inserts().size())
+        for (std::size_t insert = 0; insert < old.Inserts().size(); ++insert)
+            m_drawing.SetExportMark(insert, old.Inserts()[insert].exportMark);
+    return true;
 }
 
 bool PlanSession::Relabel(const AnalysisOptions &options)
 {
-    return attempt([&] { return LabelSheets(m_drawing, options.order); }) && Review(options.filter);
+    m_all.reset();
+    return attempt([&] {
+               return place(options.appliesPlacement) && LabelSheets(m_drawing, options.order);
+           }) &&
+           Review(options.filter);
 }
 
 bool PlanSession::Choose(const SheetFilter &filter)
 {
     return attempt([&] {
-        m_analysis.sheets = SelectSheets(m_drawing, filter).value();
+        const InsertFilter wanted(filter, m_drawing);
+        std::vector<quint32> chosen; // in order already, and their numbers need no second look
+        chosen.reserve(AllSheets().size());
+        std::ranges::copy_if(AllSheets(), std::back_inserter(chosen), [&](quint32 sheet) {
+            return wanted.Passes(m_drawing.Inserts()[sheet]);
+        });
+        m_analysis.sheets = std::move(chosen);
         return true;
     });
 }
 
-bool PlanSession::Review(const SheetFilter &filter)
+bool PlanSession::Review(const SheetFilter &filter, const PlanProgress &progress)
 {
     return attempt([&] {
-        m_analysis = ReviewSheets(m_drawing, filter, m_path).value();
-        return true;
+        auto analysis = ReviewSheets(m_drawing, filter, m_path, progress);
+        if (analysis)
+            m_analysis = *std::move(analysis);
+        return analysis.has_value();
     });
+}
+
+const std::vector<quint32> &PlanSession::AllSheets()
+{
+    if (!m_all)
+        m_all = SelectSheets(m_drawing, {});
+    return *m_all;
 }
 
 bool PlanSession::HasRecords() const
 {
-    return HasGk2Records(m_drawing, m_analysis.sheets);
+    return dxftools::hasGk2Records(m_drawing, m_analysis.sheets);
 }
 
 Gk2Export::Outcome PlanSession::refusal(const QString &path, const Gk2ExportOptions &options) const
@@ -161,7 +218,7 @@ Gk2Export::Outcome PlanSession::refusal(const QString &path, const Gk2ExportOpti
 }
 
 Gk2Export PlanSession::Export(const QString &path, const Gk2ExportOptions &options,
-                              const SheetProgress &progress) const
+                              const PlanProgress &progress) const
 {
     Gk2Export result;
     result.outcome = refusal(path, options);
@@ -179,19 +236,25 @@ Gk2Export PlanSession::Export(const QString &path, const Gk2ExportOptions &optio
     if (!isStored) {
         result.outcome = result ? Outcome::NotStored : result.outcome;
         result.fault = file.Fault();
-        result.written = CountGk2Records(m_drawing, m_analysis.sheets);
+        result.written = dxftools::countGk2Records(m_drawing, m_analysis.sheets);
         result.keptOlder = file.HasOlder();
     }
     return result;
 }
 
-FileFault PlanSession::ExportPicture(const QString &path) const
+FileFault PlanSession::ExportPicture(const QString &path, std::span<const ChangedSheet> changed,
+                                     qint64 gone) const
 {
-    const auto format =
-        path.endsWith(".svg"_L1, Qt::CaseInsensitive) ? PictureFormat::Svg : PictureFormat::Png;
-    const SheetPicture picture = LayOutSheets(m_drawing, m_analysis.sheets, m_name);
+    const auto format = path.endsWith(".svg"_L1, Qt::CaseInsensitive) ? SheetPictureFormat::Svg
+                                                                      : SheetPictureFormat::Png;
+    SheetPicture picture = LayOutSheets(m_drawing, m_analysis.sheets, m_name);
+    if (!changed.empty() || gone > 0) {
+        ShowSheetNews(picture, changed, gone);
+        ShowSheetStates(picture, m_drawing, m_analysis.sheets);
+    }
     ReplacedFile file(path);
-    const bool isStored =
-        file.Open() && WriteSheetPicture(file.Device(), picture, format) && file.Commit();
+    const bool isStored = file.Open() &&
+                          WriteSheetPicture(file.Device(), picture, m_drawing, format) &&
+                          file.Commit();
     return isStored ? FileFault() : file.Fault();
 }

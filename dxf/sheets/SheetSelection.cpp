@@ -4,7 +4,7 @@
 
 #include "dxf/read/sheetnumber_p.h"
 #include "dxf/sheets/insertfilter_p.h"
-#include "dxf/sheets/progresssteps_p.h"
+#include "dxf/sheets/stepcounter_p.h"
 #include <algorithm>
 #include <charconv>
 #include <limits>
@@ -42,23 +42,23 @@ void noteValue(TagUse &use, std::string_view value)
 } // namespace
 
 std::optional<std::vector<quint32>>
-SelectSheets(const DxfDrawing &drawing, const SheetFilter &filter, const SheetProgress &progress)
+SelectSheets(const DxfDrawing &drawing, const SheetFilter &filter, const PlanProgress &progress)
 {
     const InsertFilter wanted(filter, drawing);
     const auto inserts = drawing.Inserts();
     std::vector<quint32> sheets;
     bool isInOrder = true;
     qint64 last = -1;
-    ProgressSteps steps(progress, inserts.size());
+    StepCounter steps(progress, inserts.size());
     for (quint32 index = 0; index < inserts.size(); ++index) {
         const DxfInsert &insert = inserts[index];
-        if (HasPolylines(drawing, insert) && wanted.Passes(insert)) {
+        if (dxftools::hasPolylines(drawing, insert) && wanted.Passes(insert)) {
             sheets.push_back(index);
             const qint64 number = SheetNumber(drawing, insert);
             isInOrder = isInOrder && number >= last;
             last = number;
         }
-        if (!steps.Step())
+        if (!steps.step())
             return std::nullopt;
     }
     if (!isInOrder)
@@ -68,7 +68,7 @@ SelectSheets(const DxfDrawing &drawing, const SheetFilter &filter, const SheetPr
 
 std::optional<std::string_view> SheetNumberText(const DxfDrawing &drawing, const DxfInsert &insert)
 {
-    return SheetNumberAttribute(drawing, insert);
+    return dxftools::sheetNumberAttribute(drawing, insert);
 }
 
 qint64 SheetNumber(std::string_view text)
@@ -84,7 +84,7 @@ qint64 SheetNumber(std::string_view text)
 
 qint64 SheetNumber(const DxfDrawing &drawing, const DxfInsert &insert)
 {
-    const auto text = SheetNumberAttribute(drawing, insert);
+    const auto text = dxftools::sheetNumberAttribute(drawing, insert);
     return text ? SheetNumber(*text) : -1;
 }
 

@@ -40,7 +40,7 @@ QString pointText(const DxfVertex &point)
 
 } // namespace
 
-QString CornersText(const SheetCorners &corners)
+QString dxftools::cornersText(const SheetCorners &corners)
 {
     const bool hasOpposite = corners[0] && corners[2];
     QStringList points;
@@ -50,7 +50,7 @@ QString CornersText(const SheetCorners &corners)
     return points.isEmpty() ? CornerTexts::none() : points.join(u" \u2013 "_s);
 }
 
-QStringList CornerLines(const SheetCorners &corners)
+QStringList dxftools::cornerLines(const SheetCorners &corners)
 {
     QStringList lines;
     for (std::size_t place = 0; place < corners.size(); ++place)

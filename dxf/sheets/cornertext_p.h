@@ -5,9 +5,13 @@
 #include <QStringList>
 #include <kelo_base/dxf/SheetCorners.h>
 
+namespace dxftools {
+
 /// Two opposite corners, "0,00 2,00 – 3,00 0,00": where the sheet lies and how large it is. All
 /// that there are when one of these two is missing; says so when there is none.
-[[nodiscard]] QString CornersText(const SheetCorners &corners);
+[[nodiscard]] QString cornersText(const SheetCorners &corners);
 
 /// One line for each labelled corner: "Top left: 0,00 2,00".
-[[nodiscard]] QStringList CornerLines(const SheetCorners &corners);
+[[nodiscard]] QStringList cornerLines(const SheetCorners &corners);
+
+} // namespace dxftools

@@ -42,13 +42,54 @@ public:
                      nullptr, textAmount(static_cast<qint64>(rectangles)));
         return text.arg(shown(block));
     }
-    static QString NoSheetNumber(const QString &block, qint64 inserts)
+    /// @param search  LookedForNumber() of one of the inserts
+    static QString NoSheetNumber(const QString &block, qint64 inserts, const QString &search)
     {
         const QString text =
-            inserts == 1 ? tr("An insert of block '%1' has no sheet number and is not exported")
-                         : tr("%n inserts of block '%1' have no sheet number and are not exported",
-                              nullptr, textAmount(inserts));
-        return text.arg(shown(block));
+            inserts == 1
+                ? tr("An insert of block '%1' has no sheet number and is not exported: %2")
+                : tr("%n inserts of block '%1' have no sheet number and are not exported: %2",
+                     nullptr, textAmount(inserts));
+        return text.arg(shown(block), search);
+    }
+    /// @param tag   the one tag that counts; empty: BL_NR and Bl_Nr do
+    /// @param tags  those that an insert has instead
+    static QString LookedForNumber(const QString &tag, const QStringList &tags)
+    {
+        const QString wanted = tag.isEmpty() ? tr("looked for the attribute BL_NR or Bl_Nr")
+                                             : tr("looked for the attribute %1").arg(shown(tag));
+        return tags.isEmpty()
+                   ? tr("%1, there are none").arg(wanted)
+                   : tr("%1, found %2").arg(wanted, shown(tags.join(QLatin1StringView(", "))));
+    }
+    static QString ApplyInsertPosition() { return tr("Appl&y insert position"); }
+    static QString SharedCorners(qint64 sheets)
+    {
+        return tr("%n sheets have the same corners as others, because they share blocks; \"Apply "
+                  "insert position\" (--placed) puts each where its insert stands",
+                  nullptr, textAmount(sheets));
+    }
+    static QString MovedInserts(qint64 sheets)
+    {
+        return sheets == 1
+                   ? tr("A sheet is moved, turned or scaled by its insert, which does not count; "
+                        "\"Apply insert position\" (--placed) lets it count")
+                   : tr("%n sheets are moved, turned or scaled by their inserts, which does not "
+                        "count; \"Apply insert position\" (--placed) lets it count",
+                        nullptr, textAmount(sheets));
+    }
+    static QString TooManyToPlace()
+    {
+        return tr("The rows and columns of its inserts make too many sheets to place them");
+    }
+    static QString NotPlaced(const QString &sheet, bool isTilted)
+    {
+        return isTilted ? tr("Sheet '%1' stays where its block is drawn: its insert is tilted out "
+                             "of the plane")
+                              .arg(shown(sheet))
+                        : tr("Sheet '%1' stays where its block is drawn: the position of its "
+                             "insert is no usable number")
+                              .arg(shown(sheet));
     }
     static QString NoPolyline(const QString &sheet, const QString &block, bool blockExists)
     {
@@ -65,14 +106,15 @@ public:
     {
         return tr("Sheet '%1' is not exported: its insert lies inside a block").arg(shown(sheet));
     }
-    static QString SheetsDrawn(qint64 sheets, std::size_t drawn)
+    static QString SheetsDrawn(qint64 sheets)
     {
-        const int count = textAmount(sheets);
-        if (drawn < static_cast<std::size_t>(sheets))
-            return tr("the first %1 of %n sheets", nullptr, count).arg(drawn);
-        return count == 1 ? tr("1 sheet") : tr("%n sheets", nullptr, count);
+        return sheets == 1 ? tr("1 sheet") : tr("%n sheets", nullptr, textAmount(sheets));
     }
     static QString DrawnInPlace() { return tr("as they lie in the plan"); }
+    static QString DrawnWithoutPlacement()
+    {
+        return tr("as their blocks are drawn, insert positions not applied");
+    }
     static QString DrawnInRows() { return tr("to scale, side by side"); }
     static QString SheetInPreview() { return tr("sheet"); }
     static QStringList CornersInPreview()
@@ -87,11 +129,35 @@ public:
     {
         return tr("without number: %1").arg(sheets);
     }
+    static QString UnmarkedInPreview(qint64 sheets) { return tr("not marked: %1").arg(sheets); }
+    static QString FilteredOutInPreview(qint64 sheets)
+    {
+        return tr("not included: %1").arg(sheets);
+    }
+    static QString NewInPreview(qint64 sheets) { return tr("new: %1").arg(sheets); }
+    static QString MovedInPreview(qint64 sheets) { return tr("moved: %1").arg(sheets); }
+    static QString RenamedInPreview(qint64 sheets) { return tr("renamed: %1").arg(sheets); }
+    static QString GoneInPreview(qint64 sheets) { return tr("gone: %1").arg(sheets); }
     static QString NoNumberInPreview() { return tr("Without sheet number"); }
     static QString PictureName() { return tr("Picture of the sheets"); }
     static QString PictureHelp()
     {
-        return tr("Arrow keys move the picture, plus and minus zoom, Home shows all of it.");
+        return tr("Arrow keys move the picture, plus and minus zoom, Home shows all of it, Space "
+                  "marks the selected sheets or takes their marks away.");
+    }
+    static QString PictureMouseHelp()
+    {
+        return tr("The wheel zooms, dragging moves the picture. A click selects a sheet, with Ctrl "
+                  "or Shift further ones, and on the number marks it. Dragging with Shift selects "
+                  "all within a rectangle. A double click shows a sheet closely, or everything.");
+    }
+    static QString UnmarkedSheet(const QString &number)
+    {
+        return tr("%1 - not marked").arg(number);
+    }
+    static QString FilteredOutSheet(const QString &number)
+    {
+        return tr("%1 - not included").arg(number);
     }
     static QString UnitsInPreview(const QString &length)
     {

@@ -64,7 +64,7 @@ public:
     [[nodiscard]] bool any(Condition condition) const
     {
         return std::ranges::any_of(m_drawing.Inserts(), [&](const DxfInsert &insert) {
-            return HasPolylines(m_drawing, insert) && condition(insert);
+            return dxftools::hasPolylines(m_drawing, insert) && condition(insert);
         });
     }
     [[nodiscard]] bool anyPasses(const SheetFilter &filter) const
@@ -77,7 +77,7 @@ public:
 
 private:
     [[nodiscard]] QString tagLike(const QString &tag) const;
-    [[nodiscard]] QString valueLike(std::string_view tag, const QString &value) const;
+    [[nodiscard]] QString valueLike(const WantedText &tag, const QString &value) const;
 
     const DxfDrawing &m_drawing;
 };
@@ -86,17 +86,16 @@ QString Search::whyNotIncluded(const SheetFilter::Attribute &include) const
 {
     if (include.tag.isEmpty())
         return ReasonTexts::tagMissing();
-    const auto tag = BytesIn(m_drawing, include.tag);
-    if (!tag)
+    const WantedText tag(m_drawing, include.tag);
+    if (!tag.isPossible())
         return ReasonTexts::cannotStand(include.tag);
-    const bool hasTag = any([&](const DxfInsert &insert) {
-        return m_drawing.FindAttribute(insert, ViewOf(*tag)).has_value();
-    });
+    const bool hasTag =
+        any([&](const DxfInsert &insert) { return tag.valueIn(insert).has_value(); });
     if (!hasTag)
         return ReasonTexts::noTag(include.tag, tagLike(include.tag));
-    if (!BytesIn(m_drawing, include.value))
+    if (!WantedText(m_drawing, include.value).isPossible())
         return ReasonTexts::cannotStand(include.value);
-    return ReasonTexts::noValue(include.tag, include.value, valueLike(ViewOf(*tag), include.value));
+    return ReasonTexts::noValue(include.tag, include.value, valueLike(tag, include.value));
 }
 
 QString Search::tagLike(const QString &tag) const
@@ -112,11 +111,11 @@ QString Search::tagLike(const QString &tag) const
     return isFound ? other : QString();
 }
 
-QString Search::valueLike(std::string_view tag, const QString &value) const
+QString Search::valueLike(const WantedText &tag, const QString &value) const
 {
     QString other;
     const bool isFound = any([&](const DxfInsert &insert) {
-        const auto bytes = m_drawing.FindAttribute(insert, tag);
+        const auto bytes = tag.valueIn(insert);
         return bytes && isLike(other = m_drawing.DisplayText(*bytes), value);
     });
     return isFound ? other : QString();
@@ -124,7 +123,7 @@ QString Search::valueLike(std::string_view tag, const QString &value) const
 
 } // namespace
 
-SheetFilter FilterOf(const FilterFields &fields)
+SheetFilter dxftools::filterOf(const FilterFields &fields)
 {
     SheetFilter filter;
     if (fields.includes)
@@ -134,7 +133,7 @@ SheetFilter FilterOf(const FilterFields &fields)
     return filter;
 }
 
-QString WhyNoSheets(const DxfDrawing &drawing, const SheetFilter &filter)
+QString dxftools::whyNoSheets(const DxfDrawing &drawing, const SheetFilter &filter)
 {
     if (drawing.Inserts().empty())
         return drawing.NestedSheetInserts().empty() ? ReasonTexts::noInserts()

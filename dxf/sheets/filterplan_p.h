@@ -16,10 +16,14 @@ struct FilterFields
     friend bool operator==(const FilterFields &, const FilterFields &) = default;
 };
 
+namespace dxftools {
+
 /// Texts are taken as typed, blanks included. A checked box counts even beside empty fields.
-[[nodiscard]] SheetFilter FilterOf(const FilterFields &fields);
+[[nodiscard]] SheetFilter filterOf(const FilterFields &fields);
 
 /// Why SelectSheets() chooses nothing, in one plain sentence without a full stop; empty when it
 /// does choose some. Names the step at which the last ones were lost, and where a text only differs
 /// by case or blanks around it from one in the plan, that one.
-[[nodiscard]] QString WhyNoSheets(const DxfDrawing &drawing, const SheetFilter &filter);
+[[nodiscard]] QString whyNoSheets(const DxfDrawing &drawing, const SheetFilter &filter);
+
+} // namespace dxftools

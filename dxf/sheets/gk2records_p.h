@@ -5,7 +5,11 @@
 #include <kelo_base/dxf/DxfDrawing.h>
 #include <span>
 
+namespace dxftools {
+
 /// What WriteGk2() counts when nothing hinders it.
-[[nodiscard]] qint64 CountGk2Records(const DxfDrawing &drawing, std::span<const quint32> sheets);
+[[nodiscard]] qint64 countGk2Records(const DxfDrawing &drawing, std::span<const quint32> sheets);
 /// Whether that is more than none; looks no further than to the first.
-[[nodiscard]] bool HasGk2Records(const DxfDrawing &drawing, std::span<const quint32> sheets);
+[[nodiscard]] bool hasGk2Records(const DxfDrawing &drawing, std::span<const quint32> sheets);
+
+} // namespace dxftools

@@ -3,37 +3,79 @@
 #include "dxf/sheets/insertfilter_p.h"
 #include <algorithm>
 
-std::optional<QByteArray> BytesIn(const DxfDrawing &drawing, const QString &text)
+namespace {
+
+std::string_view viewOf(const QByteArray &bytes)
 {
-    if (drawing.HasUtf8Texts())
-        return text.toUtf8();
+    return {bytes.data(), static_cast<std::size_t>(bytes.size())};
+}
+
+std::optional<QByteArray> latin1Of(const QString &text)
+{
     const auto isLatin1 = [](QChar c) { return c.unicode() < 0x100; };
     return std::ranges::all_of(text, isLatin1) ? std::optional(text.toLatin1()) : std::nullopt;
 }
 
+} // namespace
+
+WantedText::WantedText(const DxfDrawing &drawing, const QString &text)
+    : m_drawing(drawing),
+      m_text(text),
+      m_latin1(drawing.HasUtf8Texts() ? std::nullopt : latin1Of(text)),
+      m_encoded(drawing.EncodedText(text))
+{
+}
+
+bool WantedText::matches(std::string_view bytes) const
+{
+    if ((m_encoded && bytes == viewOf(*m_encoded)) || (m_latin1 && bytes == viewOf(*m_latin1)))
+        return true;
+    const bool mayHaveEscape = bytes.find('\\') != std::string_view::npos;
+    const bool hasEscape = mayHaveEscape && (bytes.find("\\U+") != std::string_view::npos ||
+                                             bytes.find("\\M+") != std::string_view::npos);
+    return hasEscape && m_drawing.DisplayText(bytes) == m_text;
+}
+
+bool WantedText::matchesTag(const DxfAttribute &attribute) const
+{
+    for (const KnownTag &known : m_knownTags)
+        if (known.tag == attribute.tag)
+            return known.matches;
+    const KnownTag found{attribute.tag, matches(m_drawing.Tag(attribute))};
+    if (m_knownTags.size() < kMostKnownTags)
+        m_knownTags.push_back(found);
+    return found.matches;
+}
+
+std::optional<std::string_view> WantedText::valueIn(const DxfInsert &insert) const
+{
+    for (const DxfAttribute &attribute : m_drawing.Attributes(insert))
+        if (matchesTag(attribute))
+            return m_drawing.Value(attribute);
+    return std::nullopt;
+}
+
 InsertFilter::InsertFilter(const SheetFilter &filter, const DxfDrawing &drawing)
-    : m_drawing(drawing), m_includes(filter.include.has_value())
 {
     if (filter.include) {
-        m_includeTag = BytesIn(drawing, filter.include->tag);
-        m_includeValue = BytesIn(drawing, filter.include->value);
+        m_includeTag.emplace(drawing, filter.include->tag);
+        m_includeValue.emplace(drawing, filter.include->value);
     }
     if (filter.excludeTag)
-        m_excludeTag = BytesIn(drawing, *filter.excludeTag);
+        m_excludeTag.emplace(drawing, *filter.excludeTag);
 }
 
 bool InsertFilter::Passes(const DxfInsert &insert) const
 {
-    if (m_includes) {
-        if (!m_includeTag || !m_includeValue)
-            return false;
-        if (m_drawing.FindAttribute(insert, ViewOf(*m_includeTag)) != ViewOf(*m_includeValue))
+    if (m_includeTag) {
+        const auto value = m_includeTag->valueIn(insert);
+        if (!value || !m_includeValue->matches(*value))
             return false;
     }
-    return !m_excludeTag || !m_drawing.FindAttribute(insert, ViewOf(*m_excludeTag));
+    return !m_excludeTag || !m_excludeTag->valueIn(insert);
 }
 
-bool HasPolylines(const DxfDrawing &drawing, const DxfInsert &insert)
+bool dxftools::hasPolylines(const DxfDrawing &drawing, const DxfInsert &insert)
 {
     const DxfBlock *block = drawing.BlockOf(insert);
     return block && block->polylineCount > 0;

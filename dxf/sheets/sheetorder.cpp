@@ -68,27 +68,27 @@ std::vector<quint32> sheetsInOrderOf(const std::vector<quint32> &blocks, const D
 
 } // namespace
 
-std::vector<quint32> SheetsByValue(const DxfDrawing &drawing)
+std::vector<quint32> dxftools::sheetsByValue(const DxfDrawing &drawing)
 {
     const std::vector<quint32> sheets = sheetsByNumber(drawing);
     std::vector<std::string_view> values(sheets.size());
     std::ranges::transform(sheets, values.begin(), [&](quint32 sheet) {
-        return SheetNumberAttribute(drawing, drawing.Inserts()[sheet]).value_or("");
+        return dxftools::sheetNumberAttribute(drawing, drawing.Inserts()[sheet]).value_or("");
     });
     std::vector<quint32> order = naturalOrder(drawing, values);
     std::ranges::transform(order, order.begin(), [&](quint32 i) { return sheets[i]; });
     return order;
 }
 
-std::vector<quint32> SheetsByBlock(const DxfDrawing &drawing)
+std::vector<quint32> dxftools::sheetsByBlock(const DxfDrawing &drawing)
 {
     std::vector<std::string_view> names(drawing.Blocks().size());
     std::ranges::transform(drawing.Blocks(), names.begin(),
-                           [&](const DxfBlock &block) { return drawing.Name(block); });
+                           [&](const DxfBlock &block) { return drawing.ShownName(block); });
     return sheetsInOrderOf(naturalOrder(drawing, names), drawing);
 }
 
-std::vector<quint32> SheetsByCorners(const DxfDrawing &drawing)
+std::vector<quint32> dxftools::sheetsByCorners(const DxfDrawing &drawing)
 {
     struct Place
     {

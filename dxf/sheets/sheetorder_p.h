@@ -8,10 +8,14 @@
 /// Each gives the indices into DxfDrawing::Inserts() of those whose block has a polyline. What is
 /// equal stands as in the export.
 
+namespace dxftools {
+
 /// By the text of the sheet number in natural order; those without one first.
-[[nodiscard]] std::vector<quint32> SheetsByValue(const DxfDrawing &drawing);
+[[nodiscard]] std::vector<quint32> sheetsByValue(const DxfDrawing &drawing);
 /// By block name in natural order.
-[[nodiscard]] std::vector<quint32> SheetsByBlock(const DxfDrawing &drawing);
+[[nodiscard]] std::vector<quint32> sheetsByBlock(const DxfDrawing &drawing);
 /// From left to right by the top left corner, then upwards; those without corners first, because
 /// they are the ones to look at.
-[[nodiscard]] std::vector<quint32> SheetsByCorners(const DxfDrawing &drawing);
+[[nodiscard]] std::vector<quint32> sheetsByCorners(const DxfDrawing &drawing);
+
+} // namespace dxftools

@@ -6,15 +6,20 @@
 #include "dxf/workbench/dxftoolsform_p.h"
 #include "dxf/workbench/dxftoolsstore_p.h"
 #include "dxf/workbench/layoutmemory_p.h"
+#include "dxf/workbench/messageline_p.h"
+#include "dxf/workbench/picturepanel_p.h"
 #include "dxf/workbench/planopener_p.h"
+#include "dxf/workbench/readpanel_p.h"
 #include "dxf/workbench/sheetdesk_p.h"
 #include "dxf/workbench/sheetexport_p.h"
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTimer>
 #include <QUrl>
+#include <algorithm>
 
 namespace {
 
@@ -23,6 +28,12 @@ QString droppedFile(const QMimeData *data)
 {
     const QList<QUrl> urls = data->urls();
     return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+}
+
+bool areSeveralFiles(const QMimeData *data)
+{
+    const QList<QUrl> urls = data->urls();
+    return urls.size() > 1 && std::ranges::all_of(urls, &QUrl::isLocalFile);
 }
 
 /// The plan is only read. Told that it was moved, some programs delete it where it was.
@@ -55,16 +66,21 @@ struct DxfToolsDialog::Parts
 DxfToolsDialog::DxfToolsDialog(QWidget *parent, QSettings *store)
     : QDialog(parent),
       m_parts(std::make_unique<Parts>(this, store)),
-      btnExportAsGK2(m_parts->form.btnExportAsGK2)
+      btnExportAsGK2(&m_parts->form.exportButton())
 {
     // A window of its own: it can be enlarged, and stays usable beside others.
     setWindowFlags(windowFlags() | Qt::WindowMinMaxButtonsHint);
     setWindowTitle(DxfDialogTexts::Title());
     setAcceptDrops(true);
     const DxfToolsForm &form = m_parts->form;
-    connect(form.btnOpen, &QPushButton::clicked, this, &DxfToolsDialog::OnOpenFileClicked);
+    connect(&form.read(), &ReadPanel::openWanted, this, &DxfToolsDialog::OnOpenFileClicked);
+    new QShortcut(QKeySequence::Open, this, this, &DxfToolsDialog::OnOpenFileClicked);
     connect(btnExportAsGK2, &QPushButton::clicked, this, &DxfToolsDialog::OnExportAsGK2Clicked);
-    connect(form.btnClose, &QPushButton::clicked, this, &DxfToolsDialog::close);
+    connect(&form.closeButton(), &QPushButton::clicked, this, &DxfToolsDialog::close);
+    connect(&form.picture(), &PicturePanel::saveWanted, this, [this] {
+        if (!IsReading())
+            dxftools::savePicture(m_parts->form, m_parts->desk);
+    });
     connect(&m_parts->opener, &PlanOpener::planShown, this, [this] {
         setWindowTitle(DxfDialogTexts::TitleWithPlan(m_parts->desk.plan()->Name()));
     });
@@ -106,7 +122,7 @@ void DxfToolsDialog::OnOpenFileClicked()
 void DxfToolsDialog::OnExportAsGK2Clicked()
 {
     if (!IsReading())
-        ExportSheets(m_parts->form, m_parts->desk);
+        dxftools::exportSheets(m_parts->form, m_parts->desk);
 }
 
 void DxfToolsDialog::done(int result)
@@ -137,8 +153,12 @@ void DxfToolsDialog::keyPressEvent(QKeyEvent *event)
 
 void DxfToolsDialog::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!IsReading() && !droppedFile(event->mimeData()).isEmpty())
+    if (IsReading())
+        return;
+    if (!droppedFile(event->mimeData()).isEmpty())
         acceptCopy(*event);
+    else if (areSeveralFiles(event->mimeData())) // refused, so there will be no drop to answer
+        m_parts->form.read().message().warn(DxfDialogTexts::OnlyOneFile());
 }
 
 void DxfToolsDialog::dropEvent(QDropEvent *event)

@@ -7,7 +7,8 @@
 #include <functional>
 #include <kelo_base/core/NaturalOrder.h>
 #include <optional>
-#include <unordered_set>
+#include <unordered_map>
+#include <utility>
 
 namespace {
 
@@ -20,74 +21,75 @@ std::optional<QString> enterable(const DxfDrawing &drawing, std::string_view byt
     if (bytes.size() > kLongest)
         return std::nullopt;
     const QString text = drawing.DisplayText(bytes);
-    const auto found = BytesIn(drawing, text);
-    return found && ViewOf(*found) == bytes ? std::optional(text) : std::nullopt;
+    return WantedText(drawing, text).matches(bytes) ? std::optional(text) : std::nullopt;
 }
 
 } // namespace
 
-std::vector<TagOffer> OfferTags(const DxfDrawing &drawing)
+std::vector<AttributeOffer> dxftools::offerTags(const DxfDrawing &drawing)
 {
-    std::vector<TagOffer> offers;
+    std::vector<AttributeOffer> offers;
     for (const TagUse &use : CollectTags(drawing))
         if (const auto tag = enterable(drawing, use.tag))
-            offers.push_back({.tag = *tag, .inserts = use.inserts});
-    std::ranges::stable_sort(offers, std::ranges::greater(), &TagOffer::inserts);
+            offers.push_back({.text = *tag, .inserts = use.inserts});
+    std::ranges::stable_sort(offers, std::ranges::greater(), &AttributeOffer::inserts);
     return offers;
 }
 
-QStringList OfferValues(const DxfDrawing &drawing, const QString &tag)
+std::vector<AttributeOffer> dxftools::offerValues(const DxfDrawing &drawing, const QString &tag)
 {
-    const auto tagBytes = BytesIn(drawing, tag);
-    if (!tagBytes)
-        return {};
-    QStringList values;
-    std::unordered_set<std::string_view> known;
+    const WantedText wanted(drawing, tag);
+    std::unordered_map<std::string_view, qint64> uses;
     for (const DxfInsert &insert : drawing.Inserts()) {
-        if (known.size() == kMostValues)
-            break;
-        const auto bytes = drawing.FindAttribute(insert, ViewOf(*tagBytes));
-        const bool isNew = bytes && HasPolylines(drawing, insert) && known.insert(*bytes).second;
-        if (!isNew)
+        const auto value = wanted.valueIn(insert);
+        if (!value || !dxftools::hasPolylines(drawing, insert))
             continue;
-        if (const auto value = enterable(drawing, *bytes))
-            values << *value;
+        if (uses.size() < kMostValues)
+            ++uses[*value];
+        else if (const auto known = uses.find(*value); known != uses.end())
+            ++known->second;
     }
-    std::ranges::sort(values, caseSensitiveNaturalOrderLessThen);
-    return values;
+    std::vector<AttributeOffer> offers;
+    for (const auto &[bytes, inserts] : uses)
+        if (const auto value = enterable(drawing, bytes))
+            offers.push_back({.text = *value, .inserts = inserts});
+    std::ranges::sort(offers, caseSensitiveNaturalOrderLessThen, &AttributeOffer::text);
+    return offers;
 }
 
-QString TagModel::textOf(const TagOffer &offer)
+QString OfferModel::textOf(const AttributeOffer &offer)
 {
-    //: %1 is an attribute tag
+    //: %1 is a tag or a value of attributes
     const QString text = offer.inserts == 1
                              ? tr("%1 (1 insert)")
                              : tr("%1 (%n inserts)", nullptr, textAmount(offer.inserts));
-    return text.arg(offer.tag);
+    return text.arg(offer.text.isEmpty() ? tr("(empty)") : offer.text);
 }
 
-void TagModel::setTags(std::vector<TagOffer> tags)
+void OfferModel::setOffers(std::vector<AttributeOffer> offers)
 {
+    if (offers == m_offers) // a list that pops up would lose its place
+        return;
     beginResetModel();
-    m_tags = std::move(tags);
+    m_offers = std::move(offers);
     endResetModel();
 }
 
-int TagModel::rowCount(const QModelIndex &parent) const
+int OfferModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_tags.size());
+    return parent.isValid() ? 0 : static_cast<int>(m_offers.size());
 }
 
-QVariant TagModel::data(const QModelIndex &index, int role) const
+QVariant OfferModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const TagOffer &offer = m_tags[static_cast<std::size_t>(index.row())];
+    const AttributeOffer &offer = m_offers[static_cast<std::size_t>(index.row())];
     switch (role) {
     case Qt::DisplayRole:
         return textOf(offer);
     case Qt::EditRole:
-        return offer.tag;
+        return offer.text;
     default:
         return {};
     }

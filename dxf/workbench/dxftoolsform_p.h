@@ -5,89 +5,60 @@
 #include <QPointer>
 #include <QWidget>
 
-class DiagnosticModel;
-class EmptyHint;
+class FilterPanel;
+class FindingPanel;
 class MessageLine;
-class QCheckBox;
+class PicturePanel;
+class QBoxLayout;
 class QDialog;
-class QGroupBox;
-class QLabel;
-class QLayout;
-class QLineEdit;
-class QListView;
-class QMenu;
 class QPushButton;
 class QSplitter;
-class QStackedWidget;
-class QTableView;
-class QToolButton;
-class ReadingProgress;
-class SheetPictureView;
-class SheetTableModel;
+class ReadPanel;
+class SheetPanel;
 
-/// The widgets of the dialog, which owns them. The steps stand from top to bottom at one side, what
-/// comes of them at the other.
+/// The panels of the dialog, which owns them. The steps stand from top to bottom at one side, what
+/// comes of them at the other, and the way out at the bottom, where it is always in sight: on low
+/// screens the steps scroll.
 class DxfToolsForm
 {
 public:
     explicit DxfToolsForm(QDialog *dialog);
     Q_DISABLE_COPY_MOVE(DxfToolsForm)
 
+    [[nodiscard]] QDialog &dialog() const { return *m_dialog; }
+    [[nodiscard]] ReadPanel &read() const { return *m_read; }
+    [[nodiscard]] FilterPanel &filter() const { return *m_filter; }
+    [[nodiscard]] SheetPanel &sheets() const { return *m_sheets; }
+    [[nodiscard]] PicturePanel &picture() const { return *m_picture; }
+    [[nodiscard]] FindingPanel &findings() const { return *m_findings; }
+    [[nodiscard]] MessageLine &exportMessage() const { return *m_exportMessage; }
+    [[nodiscard]] QPushButton &exportButton() const { return *m_export; }
+    [[nodiscard]] QPushButton &closeButton() const { return *m_close; }
+    [[nodiscard]] QSplitter &sides() const { return *m_sides; }     ///< steps | results
+    [[nodiscard]] QSplitter &results() const { return *m_results; } ///< picture above findings
+
     /// Whatever cannot be used without a plan.
     void setPlanEnabled(bool hasPlan);
     /// While a plan is read, only that can be cancelled. Puts the focus back afterwards.
     void setReading(bool isReading);
 
-    QPushButton *btnOpen;
-    QPushButton *btnRecent;
-    QMenu *recentMenu;
-    QStackedWidget *readStatus; ///< the message, or while reading the progress
-    MessageLine *readMessage;
-    ReadingProgress *progress;
-
-    QCheckBox *chkCorrectVertexPositions;
-    QGroupBox *grpInclude;
-    QLineEdit *edtIncludeTag;
-    QLineEdit *edtIncludeValue;
-    QGroupBox *grpExclude;
-    QLineEdit *edtExcludeTag;
-
-    SheetTableModel *sheetModel;
-    QTableView *sheetList;
-    EmptyHint *sheetHint;
-    QLabel *lblCounter;
-    QLabel *lblToBeExported;
-    QPushButton *btnMarkAll;
-    QPushButton *btnMarkNone;
-
-    SheetPictureView *picture;
-    QToolButton *btnZoomIn;
-    QToolButton *btnZoomOut;
-    QToolButton *btnZoomToFit;
-    DiagnosticModel *findingModel;
-    QListView *findingList;
-    EmptyHint *findingHint;
-
-    MessageLine *exportMessage;
-    QPushButton *btnExportAsGK2;
-    QPushButton *btnClose;
-
-    QSplitter *sides;   ///< steps | results
-    QSplitter *results; ///< picture above findings
-
 private:
-    void create();
-    void nameForAccess();
+    void layOut();
     void setTabOrder();
-    QWidget *readGroup();
-    QWidget *analyzeGroup();
-    QLayout *sheetPart();
-    QWidget *picturePart();
-    QWidget *findingPart();
-    QLayout *footer();
+    [[nodiscard]] QWidget *steps();
+    [[nodiscard]] QBoxLayout *footer();
 
     QDialog *m_dialog;
-    QWidget *m_openButtons = nullptr;
+    ReadPanel *m_read;
+    FilterPanel *m_filter;
+    SheetPanel *m_sheets;
     QWidget *m_analyzeGroup = nullptr;
+    PicturePanel *m_picture;
+    FindingPanel *m_findings;
+    MessageLine *m_exportMessage;
+    QPushButton *m_export;
+    QPushButton *m_close;
+    QSplitter *m_sides = nullptr;
+    QSplitter *m_results = nullptr;
     QPointer<QWidget> m_focusBefore; ///< reading; null unless that was shown
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // A sentence in the middle of a view that has nothing to show.
 #include "dxf/workbench/emptyhint_p.h"
+
+#include "dxf/workbench/panelparts_p.h"
 #include <QAbstractScrollArea>
 #include <QEvent>
 
@@ -11,8 +13,8 @@ EmptyHint::EmptyHint(QAbstractScrollArea *view) : QLabel(view->viewport())
     setMargin(fontMetrics().height());
     setTextFormat(Qt::PlainText);
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    setForegroundRole(QPalette::PlaceholderText);
     hide();
+    takeInk();
     parentWidget()->installEventFilter(this);
 }
 
@@ -23,9 +25,21 @@ void EmptyHint::showText(const QString &text)
     setVisible(!text.isEmpty());
 }
 
+/// The palette's own faint colours cannot be read by everybody.
+void EmptyHint::takeInk()
+{
+    QPalette own = palette();
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+        own.setColor(group, foregroundRole(), workbench::quietInk(parentWidget()->palette()));
+    if (own != palette())
+        setPalette(own);
+}
+
 bool EmptyHint::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Resize)
         setGeometry(parentWidget()->rect());
+    else if (event->type() == QEvent::PaletteChange)
+        takeInk();
     return QLabel::eventFilter(watched, event);
 }

@@ -41,7 +41,7 @@ private:
 
 } // namespace
 
-QIcon InkIcon(const QString &file)
+QIcon dxftools::inkIcon(const QString &file)
 {
     return QIcon(new InkEngine(QIcon(file))); // the icon owns its engine
 }

@@ -4,5 +4,9 @@
 
 #include <QIcon>
 
+namespace dxftools {
+
 /// The shape of an image in the colour of the text on buttons, faint where it is disabled.
-QIcon InkIcon(const QString &file);
+QIcon inkIcon(const QString &file);
+
+} // namespace dxftools

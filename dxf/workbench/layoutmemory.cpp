@@ -1,29 +1,30 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Where the dialog was and how it was divided, from one time to the next.
+#include "dxf/workbench/layoutmemory_p.h"
+
 #include "dxf/workbench/dxftoolsform_p.h"
 #include "dxf/workbench/dxftoolskeys_p.h"
 #include "dxf/workbench/dxftoolsstore_p.h"
-#include "dxf/workbench/layoutmemory_p.h"
-#include <QHeaderView>
+#include "dxf/workbench/sheetpanel_p.h"
+#include <QGuiApplication>
+#include <QScreen>
 #include <QSplitter>
-#include <QTableView>
-#include <algorithm>
 
 namespace {
 
-/// Fits a screen of 1366 x 768 with its panels.
-constexpr QSize kMinimumSize(900, 600);
-constexpr QSize kFirstSize(1240, 680);
+constexpr QSize kFirstSize(1320, 720); ///< where the screen has that much
+/// What the window system puts around a window, before it has told how much that is.
+constexpr QSize kFrame(16, 48);
 
 } // namespace
 
 LayoutMemory::LayoutMemory(QWidget *dialog, DxfToolsForm &form, DxfToolsStore &store)
     : m_dialog(dialog), m_form(form), m_store(store)
 {
-    m_dialog->setMinimumSize(kMinimumSize.expandedTo(m_dialog->minimumSizeHint()));
-    m_dialog->resize(kFirstSize);
-    m_form.sides->setSizes({480, 760});
-    m_form.results->setSizes({480, 110});
+    const QSize room = m_dialog->screen()->availableSize() - kFrame;
+    m_dialog->resize(kFirstSize.boundedTo(room)); // which is no less than the layout needs
+    m_form.sides().setSizes({m_dialog->width() * 9 / 20, m_dialog->width() * 11 / 20});
+    m_form.results().setSizes({m_dialog->height() * 4 / 5, m_dialog->height() / 5});
     restore();
     if (UserDataManagerI *const manager = m_store.manager())
         connect(manager, &UserDataManagerI::onSavingUserConfigFiles, this, &LayoutMemory::save);
@@ -35,21 +36,18 @@ void LayoutMemory::save()
     if (!layout)
         return;
     layout->setValue(dxftools::kDialogGeometry, m_dialog->saveGeometry());
-    layout->setValue(dxftools::kSides, m_form.sides->saveState());
-    layout->setValue(dxftools::kResults, m_form.results->saveState());
+    layout->setValue(dxftools::kPosition, m_dialog->pos());
+    layout->setValue(dxftools::kSides, m_form.sides().saveState());
+    layout->setValue(dxftools::kResults, m_form.results().saveState());
     saveColumns(*layout);
 }
 
 /// As plain numbers: reading its own state from a damaged file, the header would crash.
 void LayoutMemory::saveColumns(QSettings &layout) const
 {
-    const QHeaderView &header = *m_form.sheetList->horizontalHeader();
-    QStringList widths;
-    for (int column = 0; column < header.count(); ++column)
-        widths << QString::number(header.sectionSize(column));
-    layout.setValue(dxftools::kColumns, widths);
-    layout.setValue(dxftools::kSortColumn, header.sortIndicatorSection());
-    layout.setValue(dxftools::kSortsDown, header.sortIndicatorOrder() == Qt::DescendingOrder);
+    layout.setValue(dxftools::kColumns, m_form.sheets().columnWidths());
+    layout.setValue(dxftools::kSortColumn, m_form.sheets().sortColumn());
+    layout.setValue(dxftools::kSortsDown, m_form.sheets().sortOrder() == Qt::DescendingOrder);
 }
 
 void LayoutMemory::restore()
@@ -58,22 +56,28 @@ void LayoutMemory::restore()
     if (!layout)
         return;
     const auto stored = [layout](QAnyStringView key) { return layout->value(key).toByteArray(); };
-    m_dialog->restoreGeometry(stored(dxftools::kDialogGeometry));
-    m_form.sides->restoreState(stored(dxftools::kSides));
-    m_form.results->restoreState(stored(dxftools::kResults));
+    if (m_dialog->restoreGeometry(stored(dxftools::kDialogGeometry)))
+        restorePosition(*layout);
+    m_form.sides().restoreState(stored(dxftools::kSides));
+    m_form.results().restoreState(stored(dxftools::kResults));
     restoreColumns(*layout);
+}
+
+/// The geometry is that of the inside: some window managers put the frame there, and the window
+/// would creep by its title bar each time.
+void LayoutMemory::restorePosition(const QSettings &layout)
+{
+    const QPoint position = layout.value(dxftools::kPosition).toPoint();
+    const bool isUsual = !(m_dialog->windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen));
+    const QScreen *const screen = QGuiApplication::screenAt(position);
+    if (isUsual && screen && layout.contains(dxftools::kPosition))
+        m_dialog->move(position);
 }
 
 void LayoutMemory::restoreColumns(const QSettings &layout)
 {
-    constexpr int kWidest = 2000;
-    const QStringList widths = layout.value(dxftools::kColumns).toStringList();
-    const int columns = static_cast<int>(
-        std::min<qsizetype>(widths.size(), m_form.sheetList->horizontalHeader()->count()));
-    for (int column = 0; column < columns; ++column)
-        if (const int width = widths[column].toInt(); width > 0)
-            m_form.sheetList->setColumnWidth(column, std::min(width, kWidest));
+    m_form.sheets().setColumnWidths(layout.value(dxftools::kColumns).toStringList());
     const bool sortsDown = layout.value(dxftools::kSortsDown).toBool();
-    m_form.sheetList->sortByColumn(layout.value(dxftools::kSortColumn, -1).toInt(),
-                                   sortsDown ? Qt::DescendingOrder : Qt::AscendingOrder);
+    m_form.sheets().sortBy(layout.value(dxftools::kSortColumn, -1).toInt(),
+                           sortsDown ? Qt::DescendingOrder : Qt::AscendingOrder);
 }

@@ -18,6 +18,7 @@ public:
 
 private:
     void restore();
+    void restorePosition(const QSettings &layout);
     void saveColumns(QSettings &layout) const;
     void restoreColumns(const QSettings &layout);
 

@@ -2,7 +2,10 @@
 // Zooms and pans within limits, and finds figures.
 #include "dxf/workbench/pictureviewport_p.h"
 
+#include "dxf/sheets/figurelayout_p.h"
+#include "dxf/sheets/sheetpainter_p.h"
 #include <QLineF>
+#include <QTransform>
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -56,18 +59,6 @@ bool anyEdge(const QPolygonF &points, Hit hit)
     return points.size() == 1 && hit(QLineF(points[0], points[0]));
 }
 
-bool isAt(const SheetFigure &figure, QPointF point, double tolerance)
-{
-    return std::ranges::any_of(figure.outlines, [&](const QPolygonF &points) {
-        const QRectF box = points.boundingRect();
-        const bool hasInside = points.isClosed() && box.width() > 0 && box.height() > 0;
-        if (hasInside)
-            return points.containsPoint(point, Qt::OddEvenFill);
-        return anyEdge(points,
-                       [&](const QLineF &edge) { return distance(edge, point) <= tolerance; });
-    });
-}
-
 /// Cuts the line down to what lies within each side in turn; what is left touches the area.
 bool crosses(const QLineF &line, const QRectF &area)
 {
@@ -84,19 +75,6 @@ bool crosses(const QLineF &line, const QRectF &area)
     };
     return cut(line.x1(), line.dx(), area.left(), area.right()) &&
            cut(line.y1(), line.dy(), area.top(), area.bottom());
-}
-
-bool touches(const SheetFigure &figure, const QRectF &area)
-{
-    if (!Touch(figure.bounds, area))
-        return false;
-    if (area.contains(figure.bounds))
-        return true;
-    return std::ranges::any_of(figure.outlines, [&](const QPolygonF &points) {
-        const bool holds =
-            points.isClosed() && points.containsPoint(area.topLeft(), Qt::OddEvenFill);
-        return holds || anyEdge(points, [&](const QLineF &edge) { return crosses(edge, area); });
-    });
 }
 
 } // namespace
@@ -198,26 +176,44 @@ void PictureViewport::keepInTouch()
     m_origin += inTouch - shown.topLeft();
 }
 
-std::optional<std::size_t> FigureAt(std::span<const SheetFigure> figures, QPointF point,
-                                    double tolerance)
+bool dxftools::isAt(const SheetFigure &figure, QPointF point, double tolerance)
 {
-    const QRectF near(point - QPointF(tolerance, tolerance), 2 * QSizeF(tolerance, tolerance));
-    for (std::size_t i = figures.size(); i-- > 0;)
-        if (Touch(figures[i].bounds, near) && isAt(figures[i], point, tolerance))
-            return i;
-    return std::nullopt;
+    return std::ranges::any_of(figure.outlines, [&](const QPolygonF &points) {
+        const QRectF box = points.boundingRect();
+        const bool hasInside = points.isClosed() && box.width() > 0 && box.height() > 0;
+        if (hasInside)
+            return points.containsPoint(point, Qt::OddEvenFill);
+        return anyEdge(points,
+                       [&](const QLineF &edge) { return distance(edge, point) <= tolerance; });
+    });
 }
 
-std::vector<std::size_t> FiguresIn(std::span<const SheetFigure> figures, const QRectF &area)
+bool dxftools::touches(const SheetFigure &figure, const QRectF &area)
 {
-    std::vector<std::size_t> touched;
-    for (std::size_t i = 0; i < figures.size(); ++i)
-        if (touches(figures[i], area))
-            touched.push_back(i);
-    return touched;
+    if (!dxftools::touch(figure.bounds, area))
+        return false;
+    if (area.contains(figure.bounds))
+        return true;
+    return std::ranges::any_of(figure.outlines, [&](const QPolygonF &points) {
+        const bool holds =
+            points.isClosed() && points.containsPoint(area.topLeft(), Qt::OddEvenFill);
+        return holds || anyEdge(points, [&](const QLineF &edge) { return crosses(edge, area); });
+    });
 }
 
-bool Touch(const QRectF &a, const QRectF &b)
+bool dxftools::isOnNumber(const SheetFigure &figure, QPointF point)
+{
+    if (figure.textHeight <= 0 || figure.number.isEmpty())
+        return false;
+    const QPointF own = QTransform().rotate(-figure.angle).map(point - figure.centre);
+    const auto mark = dxftools::markBoxOf(figure);
+    const double text =
+        kCharacterWidth * figure.textHeight * static_cast<double>(figure.number.size());
+    const double half = mark ? -mark->box.left() : text / 2;
+    return std::abs(own.x()) <= half && std::abs(own.y()) <= 0.6 * figure.textHeight;
+}
+
+bool dxftools::touch(const QRectF &a, const QRectF &b)
 {
     return a.left() <= b.right() && b.left() <= a.right() && a.top() <= b.bottom() &&
            b.top() <= a.bottom();

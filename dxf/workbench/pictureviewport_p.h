@@ -6,9 +6,6 @@
 #include <QRectF>
 #include <QSizeF>
 #include <kelo_base/dxf/SheetPreview.h>
-#include <optional>
-#include <span>
-#include <vector>
 
 /// A window above a picture. Points of the window are logical pixels; those of the picture are its
 /// own. Both have y growing downwards. There is always an answer, for empty ones too.
@@ -62,13 +59,16 @@ private:
     QPointF m_origin;
 };
 
-/// The figure at a point: inside of its outline or, where that is open, on the line. Of several the
-/// one painted last.
+namespace dxftools {
+
+/// Whether a figure is at a point: inside of its outline or, where that is open, on the line.
 /// @param tolerance  how far from a line counts as on it
-[[nodiscard]] std::optional<std::size_t> FigureAt(std::span<const SheetFigure> figures,
-                                                  QPointF point, double tolerance);
-/// The figures that the area touches, in ascending order.
-[[nodiscard]] std::vector<std::size_t> FiguresIn(std::span<const SheetFigure> figures,
-                                                 const QRectF &area);
+[[nodiscard]] bool isAt(const SheetFigure &figure, QPointF point, double tolerance);
+/// Whether an area touches the figure.
+[[nodiscard]] bool touches(const SheetFigure &figure, const QRectF &area);
+/// Whether a point lies on the number of a figure or the box beside it.
+[[nodiscard]] bool isOnNumber(const SheetFigure &figure, QPointF point);
 /// Whether rectangles have a point in common, also when they have no width or no height.
-[[nodiscard]] bool Touch(const QRectF &a, const QRectF &b);
+[[nodiscard]] bool touch(const QRectF &a, const QRectF &b);
+
+} // namespace dxftools

@@ -7,7 +7,8 @@
 #include "dxf/workbench/dxftoolsstore_p.h"
 #include "dxf/workbench/messageline_p.h"
 #include "dxf/workbench/planopener_p.h"
-#include "dxf/workbench/readingprogress_p.h"
+#include "dxf/workbench/readingbar_p.h"
+#include "dxf/workbench/readpanel_p.h"
 #include "dxf/workbench/recentplans_p.h"
 #include "dxf/workbench/sheetdesk_p.h"
 #include <QDir>
@@ -15,7 +16,6 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QPointer>
-#include <QPushButton>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -28,7 +28,7 @@ QString nameOf(const QString &path)
 }
 
 /// What the reader says about a plan, with its name unless it names the plan itself.
-QString sentenceFor(const QString &path, const ReadError &error)
+QString sentenceFor(const QString &path, const DxfReadError &error)
 {
     if (error.message.contains(path))
         return error.message;
@@ -65,11 +65,11 @@ QString menuText(qsizetype position, const QString &path, const QFontMetrics &me
 PlanOpener::PlanOpener(DxfToolsForm &form, SheetDesk &desk, DxfToolsStore &store)
     : m_form(form), m_desk(desk), m_store(store)
 {
-    connect(m_form.progress, &ReadingProgress::becameLong, this,
-            [this] { m_form.setReading(true); });
+    connect(&m_form.read().progress(), &ReadingBar::becameLong, this, [this] { showReading(); });
     fillRecentMenu();
-    connect(m_form.recentMenu, &QMenu::aboutToShow, this, &PlanOpener::fillRecentMenu);
-    connect(m_form.readMessage, &MessageLine::actionClicked, this, &PlanOpener::forgetVanished);
+    connect(&m_form.read().recentMenu(), &QMenu::aboutToShow, this, &PlanOpener::fillRecentMenu);
+    connect(&m_form.read().message(), &MessageLine::actionClicked, this,
+            &PlanOpener::forgetVanished);
 }
 
 bool PlanOpener::read(const QString &path)
@@ -77,14 +77,16 @@ bool PlanOpener::read(const QString &path)
     if (m_isReading)
         return false;
     m_isReading = true;
+    m_path = path;
     m_closesAfterwards = false;
-    m_form.progress->begin();
+    m_form.read().progress().begin();
     const QPointer<PlanOpener> alive(this);
     PlanOpening opening = PlanSession::Open(path, m_desk.options(), progressFor(nameOf(path)));
     if (!alive) // the dialog was deleted meanwhile
         return false;
     m_isReading = false;
     m_form.setReading(false);
+    m_desk.showInstead({});
     const bool isOpen{opening};
     if (isOpen)
         show(std::move(opening.session));
@@ -96,18 +98,25 @@ bool PlanOpener::read(const QString &path)
     return isOpen;
 }
 
-/// Each report handles events, in which this object may be deleted: what is needed is captured.
-PlanProgress PlanOpener::progressFor(const QString &name) const
+/// Whoever looks where the plan will be is told what happens; drops are refused meanwhile.
+void PlanOpener::showReading()
 {
-    const QPointer<ReadingProgress> progress = m_form.progress;
-    progress->beginStep(DxfDialogTexts::Reading(name), ReadingProgress::Unit::Bytes);
+    m_form.setReading(true);
+    m_desk.showInstead(DxfDialogTexts::Reading(nameOf(m_path)));
+}
+
+/// Each report handles events, in which this object may be deleted: what is needed is captured.
+PlanStages PlanOpener::progressFor(const QString &name) const
+{
+    const QPointer<ReadingBar> progress = &m_form.read().progress();
+    progress->beginStep(DxfDialogTexts::Reading(name), ReadingBar::Unit::Bytes);
     const auto advance = [progress](qint64 done, qint64 total) {
         return progress && progress->advance(done, total);
     };
     const auto analyze = [progress, advance, title = DxfDialogTexts::Analyzing(name),
                           isBegun = false](qint64 done, qint64 total) mutable {
         if (progress && !std::exchange(isBegun, true))
-            progress->beginStep(title, ReadingProgress::Unit::Items);
+            progress->beginStep(title, ReadingBar::Unit::Items);
         return advance(done, total);
     };
     return {.reading = advance, .analyzing = analyze};
@@ -117,9 +126,9 @@ void PlanOpener::show(std::unique_ptr<PlanSession> plan)
 {
     m_desk.show(std::move(plan));
     const PlanSession &shown = *m_desk.plan();
-    m_form.readMessage->inform(DxfDialogTexts::PlanRead(
+    m_form.read().message().inform(DxfDialogTexts::PlanRead(
         shown.Name(), static_cast<qint64>(shown.Drawing().Inserts().size())));
-    m_form.exportMessage->clear();
+    m_form.exportMessage().clear();
     remember(shown.Path());
     emit planShown();
 }
@@ -130,15 +139,15 @@ void PlanOpener::tellFailure(const QString &path, const PlanOpening &opening)
     if (const PlanSession *shown = m_desk.plan())
         sentence = DxfDialogTexts::StillShown(sentence, shown->Name());
     if (opening.outcome == PlanOpening::Outcome::Cancelled)
-        m_form.readMessage->inform(sentence);
+        m_form.read().message().inform(sentence);
     else
-        m_form.readMessage->warn(sentence);
+        m_form.read().message().warn(sentence);
 }
 
 void PlanOpener::cancel()
 {
     if (m_isReading)
-        m_form.progress->cancel();
+        m_form.read().progress().cancel();
 }
 
 void PlanOpener::cancelAndClose()
@@ -155,8 +164,8 @@ void PlanOpener::askAndRead()
     const QString last = settings ? settings->value(dxftools::kLastUsedFile).toString() : QString();
     // Not on the stack: it is its parent's, which may be deleted while it is open.
     const QPointer<QFileDialog> dialog =
-        new QFileDialog(m_form.btnOpen->window(), DxfToolTexts::ReadFileTitle(),
-                        QFileInfo(last).path(), DxfDialogTexts::PlanFiles());
+        new QFileDialog(&m_form.dialog(), DxfToolTexts::ReadFileTitle(), QFileInfo(last).path(),
+                        DxfDialogTexts::PlanFiles());
     dialog->setFileMode(QFileDialog::ExistingFile);
     const bool isChosen = dialog->exec() == QDialog::Accepted && dialog;
     const QString path = isChosen ? dialog->selectedFiles().value(0) : QString();
@@ -171,18 +180,19 @@ void PlanOpener::remember(const QString &path)
     if (!settings)
         return;
     settings->setValue(dxftools::kLastUsedFile, path);
-    RecentPlans plans = ReadRecentPlans(*settings);
+    RecentPlans plans = dxftools::readRecentPlans(*settings);
     plans.Add(path);
-    WriteRecentPlans(*settings, plans);
+    dxftools::writeRecentPlans(*settings, plans);
 }
 
 /// From the settings, which the toolkit holds in memory: the disk is not asked.
 void PlanOpener::fillRecentMenu()
 {
-    QMenu *const menu = m_form.recentMenu;
+    QMenu *const menu = &m_form.read().recentMenu();
     menu->clear();
     QSettings *const settings = m_store.settings();
-    const QStringList paths = settings ? ReadRecentPlans(*settings).Paths() : QStringList();
+    const QStringList paths =
+        settings ? dxftools::readRecentPlans(*settings).Paths() : QStringList();
     for (qsizetype i = 0; i < paths.size(); ++i) {
         QAction *const action = menu->addAction(menuText(i, paths[i], menu->fontMetrics()));
         action->setToolTip(QDir::toNativeSeparators(paths[i]));
@@ -198,16 +208,16 @@ void PlanOpener::readRecent(const QString &path)
     if (read(path) || !alive || QFileInfo::exists(path))
         return;
     m_vanished = path;
-    m_form.readMessage->warn(m_form.readMessage->text(), DxfDialogTexts::RemoveFromList());
+    m_form.read().message().warn(m_form.read().message().text(), DxfDialogTexts::RemoveFromList());
 }
 
 void PlanOpener::forgetVanished()
 {
     if (QSettings *const settings = m_store.settings()) {
-        RecentPlans plans = ReadRecentPlans(*settings);
+        RecentPlans plans = dxftools::readRecentPlans(*settings);
         plans.Remove(m_vanished);
-        WriteRecentPlans(*settings, plans);
+        dxftools::writeRecentPlans(*settings, plans);
     }
-    m_form.readMessage->clear();
-    m_form.btnRecent->setFocus();
+    m_form.read().message().clear();
+    m_form.read().recentButton()->setFocus();
 }

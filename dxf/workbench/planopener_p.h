@@ -10,7 +10,7 @@ class DxfToolsForm;
 class DxfToolsStore;
 class SheetDesk;
 class PlanSession;
-struct PlanProgress;
+struct PlanStages;
 struct PlanOpening;
 
 /// Reads one plan at a time, with progress, and puts it on the desk; or says why not. Nothing of
@@ -35,7 +35,8 @@ signals:
     void closeWanted();
 
 private:
-    [[nodiscard]] PlanProgress progressFor(const QString &name) const;
+    void showReading();
+    [[nodiscard]] PlanStages progressFor(const QString &name) const;
     void show(std::unique_ptr<PlanSession> plan);
     void tellFailure(const QString &path, const PlanOpening &opening);
     void remember(const QString &path);
@@ -48,5 +49,6 @@ private:
     DxfToolsStore &m_store;
     bool m_isReading = false;
     bool m_closesAfterwards = false;
+    QString m_path;     ///< being read
     QString m_vanished; ///< the recent plan that the message offers to remove
 };

@@ -30,7 +30,7 @@ void RecentPlans::Remove(const QString &path)
     m_paths.removeOne(oneSpelling(path));
 }
 
-RecentPlans ReadRecentPlans(QSettings &settings)
+RecentPlans dxftools::readRecentPlans(QSettings &settings)
 {
     QStringList paths;
     ReadHistoryFromFile(settings, dxftools::kRecentFiles, paths);
@@ -40,7 +40,7 @@ RecentPlans ReadRecentPlans(QSettings &settings)
     return plans;
 }
 
-void WriteRecentPlans(QSettings &settings, const RecentPlans &plans)
+void dxftools::writeRecentPlans(QSettings &settings, const RecentPlans &plans)
 {
     WriteHistoryToFile(settings, dxftools::kRecentFiles, plans.Paths());
 }

@@ -25,6 +25,10 @@ private:
     QStringList m_paths;
 };
 
+namespace dxftools {
+
 /// What is stored, with the rules of the list applied to it: files may be edited by hand.
-[[nodiscard]] RecentPlans ReadRecentPlans(QSettings &settings);
-void WriteRecentPlans(QSettings &settings, const RecentPlans &plans);
+[[nodiscard]] RecentPlans readRecentPlans(QSettings &settings);
+void writeRecentPlans(QSettings &settings, const RecentPlans &plans);
+
+} // namespace dxftools

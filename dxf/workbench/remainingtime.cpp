@@ -52,7 +52,7 @@ QString textOf(qint64 seconds)
 
 } // namespace
 
-qint64 SteadySeconds(qint64 remaining, qint64 shown)
+qint64 dxftools::steadySeconds(qint64 remaining, qint64 shown)
 {
     constexpr qint64 kSlack = 500;
     const qint64 seconds = std::max(roundedUp(remaining, 1000) / 1000, qint64{1});
@@ -70,6 +70,6 @@ QString RemainingTime::Text(qint64 elapsed, qint64 done, qint64 total)
     const double rest = static_cast<double>(total - done) / static_cast<double>(done);
     constexpr double kMost = 1e12; // 30 years, and fits everywhere
     const double remaining = std::min(static_cast<double>(elapsed) * rest, kMost);
-    m_shown = SteadySeconds(static_cast<qint64>(remaining), m_shown);
+    m_shown = dxftools::steadySeconds(static_cast<qint64>(remaining), m_shown);
     return textOf(m_shown);
 }

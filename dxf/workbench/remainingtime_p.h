@@ -18,9 +18,13 @@ private:
     qint64 m_shown = 0; ///< seconds; 0 before anything was shown
 };
 
+namespace dxftools {
+
 /// The seconds to show for a time left, at least 1, rounded up to a step of 1 below 10 seconds, of
 /// 5 below a minute, of 60 above.
 /// @param remaining  milliseconds
 /// @param shown      the answer before, which stays while the time exceeds it by a tenth and half a
 ///                   second at most; 0 when there was none
-[[nodiscard]] qint64 SteadySeconds(qint64 remaining, qint64 shown);
+[[nodiscard]] qint64 steadySeconds(qint64 remaining, qint64 shown);
+
+} // namespace dxftools

@@ -2,17 +2,15 @@
 // The plan on the desk: its sheets are chosen, listed, drawn and reviewed.
 #pragma once
 
-#include "dxf/workbench/filtercompletion_p.h"
 #include <QObject>
 #include <QTimer>
-#include <kelo_base/core/ScopedOverrideCursor.h>
 #include <kelo_base/dxf/PlanSession.h>
 #include <memory>
 #include <optional>
 #include <vector>
 
 class DxfToolsForm;
-class QModelIndex;
+struct PlanChanges;
 
 /// Keeps list, picture and findings in step with the plan, the filter and each other. While someone
 /// types, only the list follows every key; what takes longer follows when the typing pauses.
@@ -30,28 +28,31 @@ public:
     [[nodiscard]] const PlanSession *plan() const { return m_plan.get(); }
     /// As they stand in the form.
     [[nodiscard]] AnalysisOptions options() const;
+    /// Tells what an export changed against the older file, in findings and picture, until other
+    /// sheets are shown.
+    void showChanges(const PlanChanges &changes);
+    /// While there is no plan: what stands in its place, or the invitation to open one.
+    void showInstead(const QString &text);
 
 private:
-    void connectFilter();
     void connectSheets();
-    void connectSelection();
     void choose();
     void review();
     void relabel();
     void tellFailure();
     void showSheets();
-    void showReview();
-    void showCounts();
+    void showPicture();
+    void showFindings();
+    void select(const std::vector<quint32> &sheets);
+    void followList();
+    void showFindingsOf(const std::vector<quint32> &sheets);
+    void showFinding(const PlanFinding &finding);
     [[nodiscard]] QString whyEmpty() const;
-    [[nodiscard]] std::vector<quint32> selectedSheets() const;
-    void selectSheets(const std::vector<quint32> &sheets);
-    void showFinding(const QModelIndex &index);
-    void toggleMarks();
 
     DxfToolsForm &m_form;
-    FilterCompletion m_completion;
-    std::unique_ptr<PlanSession> m_plan;
+    std::shared_ptr<PlanSession> m_plan; ///< shared with a review that is under way
+    std::vector<PlanFinding> m_changes;  ///< of the last export, as findings
     QTimer m_reviewDue;
-    std::optional<qor::QtScopedOverrideCursor> m_sorting; ///< a million sheets take a while
-    bool m_isSharingSelection = false;
+    bool m_isReviewing = false;
+    bool m_isReviewStale = false; ///< plan, labels or filter changed since it began
 };

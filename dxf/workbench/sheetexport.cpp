@@ -4,6 +4,8 @@
 #include "dxf/workbench/dxfdialogtexts_p.h"
 #include "dxf/workbench/dxftoolsform_p.h"
 #include "dxf/workbench/messageline_p.h"
+#include "dxf/workbench/panelparts_p.h"
+#include "dxf/workbench/planchanges_p.h"
 #include "dxf/workbench/sheetdesk_p.h"
 #include "dxf/workbench/sheetexport_p.h"
 #include <QDir>
@@ -11,23 +13,30 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPointer>
-#include <QPushButton>
 #include <kelo_base/core/ScopedOverrideCursor.h>
+#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+struct Question
+{
+    QString title;
+    QString filters;
+    QString suffix; ///< of the name that is offered, and of one without
+};
+
 /// Beside the plan, under its name. Empty when the user cancels.
-QString askForTarget(QWidget *parent, const QString &plan)
+QString askForTarget(QWidget *parent, const QString &plan, const Question &question)
 {
     const QFileInfo info(plan);
     // Not on the stack: it is its parent's, which may be deleted while it is open.
     const QPointer<QFileDialog> dialog =
-        new QFileDialog(parent, DxfToolTexts::ExportFileTitle(), info.path(), u"*.txt"_s);
+        new QFileDialog(parent, question.title, info.path(), question.filters);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(u"txt"_s);
-    dialog->selectFile(info.completeBaseName() + ".txt"_L1);
+    dialog->setDefaultSuffix(question.suffix);
+    dialog->selectFile(info.completeBaseName() + u'.' + question.suffix);
     const bool isChosen = dialog->exec() == QDialog::Accepted && dialog;
     const QString target = isChosen ? dialog->selectedFiles().value(0) : QString();
     delete dialog.data();
@@ -48,6 +57,23 @@ QString sentenceFor(const FileFault &fault)
     return fault.reason;
 }
 
+/// Why a file was not written, with its name.
+QString sentenceFor(const QString &target, const FileFault &fault)
+{
+    return DxfDialogTexts::NotExported(QDir::toNativeSeparators(target), sentenceFor(fault));
+}
+
+/// Nothing where no sheets were before.
+std::optional<PlanChanges> changesIn(const QString &target, const PlanSession &plan)
+{
+    if (!QFileInfo(target).isFile())
+        return std::nullopt;
+    const Gk2Reading older = ReadGk2File(target);
+    if (!older || older.records.empty())
+        return std::nullopt;
+    return dxftools::changesAgainst(older.records, plan.Drawing(), plan.Sheets());
+}
+
 void tellResult(MessageLine &line, const QString &target, const Gk2Export &result)
 {
     const QString file = QDir::toNativeSeparators(target);
@@ -55,7 +81,7 @@ void tellResult(MessageLine &line, const QString &target, const Gk2Export &resul
         return line.inform(DxfDialogTexts::Exported(result.written, file));
     if (result.outcome == Gk2Export::Outcome::IsThePlan)
         return line.warn(DxfDialogTexts::IsThePlan(file));
-    const QString sentence = DxfDialogTexts::NotExported(file, sentenceFor(result.fault));
+    const QString sentence = sentenceFor(target, result.fault);
     line.warn(result.keptOlder ? DxfDialogTexts::OlderFileKept(sentence) : sentence);
 }
 
@@ -71,21 +97,45 @@ void report(QWidget *parent, qint64 written)
 
 } // namespace
 
-void ExportSheets(DxfToolsForm &form, const SheetDesk &desk)
+void dxftools::exportSheets(DxfToolsForm &form, SheetDesk &desk)
 {
     if (!desk.plan())
         return;
-    const QPointer<MessageLine> line = form.exportMessage;
+    const QPointer<MessageLine> line = &form.exportMessage();
     QWidget *const window = line->window();
-    const QString target = askForTarget(window, desk.plan()->Path());
+    const QString target = askForTarget(window, desk.plan()->Path(),
+                                        {DxfToolTexts::ExportFileTitle(), u"*.txt"_s, u"txt"_s});
     if (!line || target.isEmpty())
         return;
     Gk2Export result;
     {
         const qor::QtScopedOverrideCursor wait(Qt::WaitCursor);
+        const std::optional<PlanChanges> changes = changesIn(target, *desk.plan());
         result = desk.plan()->Export(target);
+        tellResult(*line, target, result);
+        if (result && changes) {
+            desk.showChanges(*changes);
+            line->inform(DxfDialogTexts::ExportedWithChanges(line->text(), changes->summary));
+        }
     }
-    tellResult(*line, target, result);
     if (result.outcome != Gk2Export::Outcome::IsThePlan)
         report(window, result.written);
+}
+
+void dxftools::savePicture(DxfToolsForm &form, const SheetDesk &desk)
+{
+    if (!desk.plan())
+        return;
+    const QPointer<MessageLine> line = &form.exportMessage();
+    const QString target = askForTarget(line->window(), desk.plan()->Path(),
+                                        {workbench::spoken(DxfDialogTexts::SavePicture()),
+                                         DxfDialogTexts::PictureFiles(), u"svg"_s});
+    if (!line || target.isEmpty())
+        return;
+    const qor::QtScopedOverrideCursor wait(Qt::WaitCursor);
+    const FileFault fault = desk.plan()->ExportPicture(target);
+    if (fault.kind == FileFault::Kind::None)
+        line->inform(DxfDialogTexts::PictureSaved(QDir::toNativeSeparators(target)));
+    else
+        line->warn(sentenceFor(target, fault));
 }

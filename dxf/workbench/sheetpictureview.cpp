@@ -3,7 +3,7 @@
 #include "dxf/workbench/sheetpictureview_p.h"
 
 #include "dxf/sheets/dxftooltexts_p.h"
-#include "dxf/workbench/sheetcanvas_p.h"
+#include "dxf/workbench/picturelegend_p.h"
 #include <QApplication>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <span>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -24,13 +25,15 @@ constexpr double kStep = 1.25;     ///< zoom of one click of the wheel or one ke
 constexpr double kTolerance = 4;   ///< pixels beside a line that count as on it
 constexpr double kCloseness = 0.5; ///< of a usual sheet's side fills the window at the largest zoom
 
+constexpr quint32 kNowhere = 0xFFFFFFFF;
+
 /// What fills the window at the largest zoom: half of a sheet of the usual size.
-double detailOf(const std::vector<SheetFigure> &figures)
+double detailOf(const std::vector<SheetPlace> &places)
 {
     std::vector<double> sides;
-    sides.reserve(figures.size());
-    for (const SheetFigure &figure : figures)
-        sides.push_back(std::max(figure.bounds.width(), figure.bounds.height()));
+    sides.reserve(places.size());
+    for (const SheetPlace &place : places)
+        sides.push_back(std::max(place.bounds.width(), place.bounds.height()));
     if (sides.empty())
         return 1;
     const auto middle = sides.begin() + static_cast<std::ptrdiff_t>(sides.size() / 2);
@@ -38,18 +41,37 @@ double detailOf(const std::vector<SheetFigure> &figures)
     return *middle > 0 ? *middle * kCloseness : 1;
 }
 
-QRectF boundsOf(const std::vector<SheetFigure> &figures)
+QRectF boundsOf(const std::vector<SheetPlace> &places)
 {
-    if (figures.empty())
+    if (places.empty())
         return {0, 0, 1, 1};
-    QPointF low = figures.front().bounds.topLeft();
+    QPointF low = places.front().bounds.topLeft();
     QPointF high = low;
-    for (const SheetFigure &figure : figures) {
-        low = {std::min(low.x(), figure.bounds.left()), std::min(low.y(), figure.bounds.top())};
-        high = {std::max(high.x(), figure.bounds.right()),
-                std::max(high.y(), figure.bounds.bottom())};
+    for (const SheetPlace &place : places) {
+        low = {std::min(low.x(), place.bounds.left()), std::min(low.y(), place.bounds.top())};
+        high = {std::max(high.x(), place.bounds.right()),
+                std::max(high.y(), place.bounds.bottom())};
     }
     return {low, high};
+}
+
+/// Ascending. Of a million, looking at each insert once is quicker than comparing.
+void sortSheets(std::vector<quint32> &sheets)
+{
+    constexpr std::size_t kMany = 10'000;
+    if (std::ranges::is_sorted(sheets))
+        return;
+    if (sheets.size() < kMany) {
+        std::ranges::sort(sheets);
+        return;
+    }
+    std::vector<bool> isThere(std::size_t{*std::ranges::max_element(sheets)} + 1);
+    for (const quint32 sheet : sheets)
+        isThere[sheet] = true;
+    sheets.clear();
+    for (quint32 sheet = 0; sheet < isThere.size(); ++sheet)
+        if (isThere[sheet])
+            sheets.push_back(sheet);
 }
 
 /// Sheets are what people look for; most of the room is theirs.
@@ -74,24 +96,39 @@ void SheetPictureView::setSheets(const DxfDrawing &drawing, std::span<const quin
 {
     m_message.clear();
     setAccessibleDescription(DxfToolTexts::PictureHelp());
+    m_drawing = &drawing;
     m_picture = LayOutSheets(drawing, sheets, title);
-    m_legend = std::move(m_picture.legend);
-    m_figureOfSheet.clear();
-    for (std::size_t i = 0; i < m_picture.figures.size(); ++i)
-        for (const quint32 sheet : m_picture.figures[i].sheets)
-            m_figureOfSheet.emplace_back(sheet, i);
-    std::ranges::sort(m_figureOfSheet);
+    m_legend = m_picture.legend;
+    m_placeOfSheet.assign(drawing.Inserts().size(), kNowhere);
+    for (quint32 place = 0; place < m_picture.places.size(); ++place)
+        for (const quint32 sheet : m_picture.SheetsAt(m_picture.places[place]))
+            m_placeOfSheet[sheet] = place;
     m_drag = Drag::None;
     setSelectedSheets({});
-    changeView([this] {
-        m_viewport.SetPicture(boundsOf(m_picture.figures), detailOf(m_picture.figures));
-    });
+    changeView(
+        [this] { m_viewport.SetPicture(boundsOf(m_picture.places), detailOf(m_picture.places)); });
     layOut();
+}
+
+void SheetPictureView::showStates(std::span<const quint32> chosen)
+{
+    if (!m_drawing)
+        return;
+    ShowSheetStates(m_picture, *m_drawing, chosen);
+    m_legend = m_picture.legend;
+    layOut();
+}
+
+void SheetPictureView::showNews(std::span<const ChangedSheet> changed, qint64 gone)
+{
+    ShowSheetNews(m_picture, changed, gone);
 }
 
 void SheetPictureView::clear(const QString &message)
 {
-    setSheets({}, {}, {});
+    const DxfDrawing none;
+    setSheets(none, {}, {});
+    m_drawing = nullptr;
     m_legend.clear();
     m_message = message;
     if (!message.isEmpty())
@@ -101,19 +138,21 @@ void SheetPictureView::clear(const QString &message)
 
 void SheetPictureView::setSelectedSheets(std::vector<quint32> sheets)
 {
-    std::ranges::sort(sheets);
+    sortSheets(sheets);
+    if (sheets.empty() && m_selected.empty() && m_isSelected.size() == m_picture.places.size())
+        return;
     m_selected = std::move(sheets);
-    m_isSelected.assign(m_picture.figures.size(), false);
+    m_isSelected.assign(m_picture.places.size(), false);
     for (const quint32 sheet : m_selected)
-        if (const auto *entry = entryOf(sheet))
-            m_isSelected[entry->second] = true;
+        if (sheet < m_placeOfSheet.size() && m_placeOfSheet[sheet] != kNowhere)
+            m_isSelected[m_placeOfSheet[sheet]] = true;
     repaintAll();
 }
 
 void SheetPictureView::showSheet(quint32 sheet)
 {
-    if (const auto *entry = entryOf(sheet))
-        changeView([&] { m_viewport.BringInSight(m_picture.figures[entry->second].bounds); });
+    if (const SheetPlace *place = placeOf(sheet))
+        changeView([&] { m_viewport.BringInSight(place->bounds); });
 }
 
 void SheetPictureView::zoomIn()
@@ -162,8 +201,8 @@ void SheetPictureView::layOut()
 
 double SheetPictureView::layOutLegend()
 {
-    return LayOutLegend(m_legend, QFontMetricsF(font()), width(),
-                        m_picture.pixelsPerUnit * m_viewport.Scale(), layoutDirection());
+    return dxftools::layOutLegend(m_legend, QFontMetricsF(font()), width(),
+                                  m_picture.pixelsPerUnit * m_viewport.Scale(), layoutDirection());
 }
 
 void SheetPictureView::repaintAll()
@@ -177,34 +216,82 @@ QRect SheetPictureView::canvas() const
     return {0, 0, width(), height() - static_cast<int>(m_legendHeight)};
 }
 
-std::optional<std::size_t> SheetPictureView::figureAt(QPointF pos) const
+std::optional<std::size_t> SheetPictureView::placeAt(QPointF pos) const
 {
-    if (!QRectF(canvas()).contains(pos))
+    if (!m_drawing || !QRectF(canvas()).contains(pos))
         return std::nullopt;
-    return FigureAt(m_picture.figures, m_viewport.ToPicture(pos), kTolerance / m_viewport.Scale());
+    const double tolerance = kTolerance / m_viewport.Scale();
+    const QPointF point = m_viewport.ToPicture(pos);
+    const QRectF near(point - QPointF(tolerance, tolerance), 2 * QSizeF(tolerance, tolerance));
+    for (std::size_t i = m_picture.places.size(); i-- > 0;) { // the one painted last
+        const SheetPlace &place = m_picture.places[i];
+        if (dxftools::touch(place.bounds, near) &&
+            dxftools::isAt(FigureOf(m_picture, place, *m_drawing), point, tolerance))
+            return i;
+    }
+    return std::nullopt;
 }
 
-const std::pair<quint32, std::size_t> *SheetPictureView::entryOf(quint32 sheet) const
+std::vector<std::size_t> SheetPictureView::placesIn(const QRectF &area) const
 {
-    const auto entry = std::ranges::lower_bound(m_figureOfSheet, sheet, {},
-                                                &std::pair<quint32, std::size_t>::first);
-    return entry != m_figureOfSheet.end() && entry->first == sheet ? &*entry : nullptr;
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; m_drawing && i < m_picture.places.size(); ++i) {
+        const SheetPlace &place = m_picture.places[i];
+        const bool touches = dxftools::touch(place.bounds, area) &&
+                             (area.contains(place.bounds) ||
+                              dxftools::touches(FigureOf(m_picture, place, *m_drawing), area));
+        if (touches)
+            places.push_back(i);
+    }
+    return places;
+}
+
+SheetScene SheetPictureView::sceneWith(const SheetLook &look) const
+{
+    SheetScene scene{.picture = m_picture, .drawing = *m_drawing, .look = look};
+    scene.scale = m_viewport.Scale();
+    scene.origin = m_viewport.Origin();
+    scene.area = canvas();
+    scene.hasBoxes = true;
+    scene.highlight = palette().color(QPalette::Highlight);
+    scene.isSelected = &m_isSelected;
+    return scene;
+}
+
+bool SheetPictureView::isOnNumber(std::size_t place, QPointF pos) const
+{
+    const SheetLook look = dxftools::screenLook(palette(), font());
+    const SheetFigure figure = dxftools::figureIn(sceneWith(look), m_picture.places[place]);
+    return dxftools::markBoxOf(figure) && dxftools::isOnNumber(figure, pos);
+}
+
+const SheetPlace *SheetPictureView::placeOf(quint32 sheet) const
+{
+    const bool isShown = sheet < m_placeOfSheet.size() && m_placeOfSheet[sheet] != kNowhere;
+    return isShown ? &m_picture.places[m_placeOfSheet[sheet]] : nullptr;
+}
+
+std::vector<quint32> SheetPictureView::sheetsAt(const std::vector<std::size_t> &places) const
+{
+    std::vector<quint32> sheets;
+    for (const std::size_t i : places) {
+        const auto own = m_picture.SheetsAt(m_picture.places[i]);
+        sheets.insert(sheets.end(), own.begin(), own.end());
+    }
+    std::ranges::sort(sheets);
+    return sheets;
 }
 
 /// What a click with Ctrl finds selected it takes away; everything else adds, or begins anew.
-void SheetPictureView::pick(const std::vector<std::size_t> &figures,
-                            Qt::KeyboardModifiers modifiers, bool isBand)
+void SheetPictureView::pick(const std::vector<std::size_t> &places, Qt::KeyboardModifiers modifiers,
+                            bool isBand)
 {
-    std::vector<quint32> picked;
-    for (const std::size_t i : figures)
-        picked.insert(picked.end(), m_picture.figures[i].sheets.begin(),
-                      m_picture.figures[i].sheets.end());
-    std::ranges::sort(picked);
+    std::vector<quint32> picked = sheetsAt(places);
     const bool hasControl = modifiers.testFlag(Qt::ControlModifier);
     const bool keeps = hasControl || (!isBand && modifiers.testFlag(Qt::ShiftModifier));
     if (keeps) {
         const bool takesAway =
-            hasControl && !isBand && !figures.empty() && m_isSelected[figures.front()];
+            hasControl && !isBand && !places.empty() && m_isSelected[places.front()];
         std::vector<quint32> all;
         if (takesAway)
             std::ranges::set_difference(m_selected, picked, std::back_inserter(all));
@@ -234,15 +321,32 @@ bool SheetPictureView::event(QEvent *event)
 
 bool SheetPictureView::showToolTip(const QPoint &pos, const QPoint &globalPos)
 {
-    const auto figure = figureAt(pos);
-    if (!figure) {
+    const auto place = placeAt(pos);
+    const QString text = !m_drawing ? QString()
+                         : !place   ? DxfToolTexts::PictureMouseHelp()
+                                    : toolTipOf(*place);
+    if (text.isEmpty())
         QToolTip::hideText();
-        return true;
-    }
-    const QString &number = m_picture.figures[*figure].number;
-    const QString text = number.isEmpty() ? DxfToolTexts::NoNumberInPreview() : number;
-    QToolTip::showText(globalPos, u"<qt>"_s + text.toHtmlEscaped(), this);
+    else
+        QToolTip::showText(globalPos, u"<qt>"_s + text.toHtmlEscaped(), this);
     return true;
+}
+
+QString SheetPictureView::toolTipOf(std::size_t place) const
+{
+    const SheetPlace &shown = m_picture.places[place];
+    const QString number = FigureOf(m_picture, shown, *m_drawing).number;
+    if (number.isEmpty())
+        return DxfToolTexts::NoNumberInPreview();
+    switch (shown.state) {
+    case SheetState::Exported:
+        break;
+    case SheetState::Unmarked:
+        return DxfToolTexts::UnmarkedSheet(number);
+    case SheetState::FilteredOut:
+        return DxfToolTexts::FilteredOutSheet(number);
+    }
+    return number;
 }
 
 void SheetPictureView::resizeEvent(QResizeEvent *)
@@ -305,21 +409,32 @@ void SheetPictureView::mouseReleaseEvent(QMouseEvent *event)
     if (drag == Drag::RubberBand) {
         update();
         const QRectF band = QRectF(m_pressed, event->pos()).normalized();
-        pick(FiguresIn(m_picture.figures, m_viewport.ToPicture(band)), event->modifiers(), true);
+        pick(placesIn(m_viewport.ToPicture(band)), event->modifiers(), true);
     } else if (drag == Drag::Pending) {
-        const auto figure = figureAt(m_pressed);
-        pick(figure ? std::vector{*figure} : std::vector<std::size_t>(), event->modifiers(), false);
+        click(event->modifiers());
     }
+}
+
+void SheetPictureView::click(Qt::KeyboardModifiers modifiers)
+{
+    const auto place = placeAt(m_pressed);
+    const bool marks = place && modifiers == Qt::NoModifier && isOnNumber(*place, m_pressed);
+    if (marks)
+        emit marksToggled(sheetsAt({*place}));
+    else
+        pick(place ? std::vector{*place} : std::vector<std::size_t>(), modifiers, false);
 }
 
 void SheetPictureView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton)
         return mousePressEvent(event);
-    const auto figure = figureAt(event->position());
-    if (!figure)
+    const auto place = placeAt(event->position());
+    if (place && isOnNumber(*place, event->position()))
+        return mousePressEvent(event); // two quick marks
+    if (!place)
         return zoomToFit();
-    changeView([&] { m_viewport.ZoomTo(m_picture.figures[*figure].bounds); });
+    changeView([&] { m_viewport.ZoomTo(m_picture.places[*place].bounds); });
     updateCursor(event->position());
 }
 
@@ -346,6 +461,10 @@ void SheetPictureView::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Home:
     case Qt::Key_0:
         return zoomToFit();
+    case Qt::Key_Space:
+        if (!m_selected.empty())
+            emit marksToggled(m_selected);
+        return;
     default:
         QWidget::keyPressEvent(event);
     }
@@ -358,7 +477,7 @@ void SheetPictureView::updateCursor(QPointF pos)
         setCursor(Qt::ClosedHandCursor);
     else if (m_drag == Drag::RubberBand)
         setCursor(Qt::CrossCursor);
-    else if (figureAt(pos))
+    else if (placeAt(pos))
         setCursor(Qt::PointingHandCursor);
     else
         setCursor(isOnCanvas && !m_viewport.ShowsAll() ? Qt::OpenHandCursor : Qt::ArrowCursor);
@@ -382,14 +501,12 @@ void SheetPictureView::paintEvent(QPaintEvent *)
 
 void SheetPictureView::paintPicture(QPainter &painter)
 {
-    const SheetLook look = ScreenLook(palette(), font());
-    const SheetScene scene{.figures = m_picture.figures,
-                           .viewport = m_viewport,
-                           .look = look,
-                           .highlight = palette().color(QPalette::Highlight),
-                           .isSelected = m_isSelected};
+    const SheetLook look = dxftools::screenLook(palette(), font());
     painter.setClipRect(canvas());
-    PaintScene(painter, scene, canvas());
+    if (m_drawing)
+        dxftools::paintScene(painter, sceneWith(look));
+    else
+        painter.fillRect(canvas(), look.page);
     painter.setClipping(false);
     paintMessage(painter);
     if (m_legendHeight <= 0)
@@ -399,7 +516,7 @@ void SheetPictureView::paintPicture(QPainter &painter)
     painter.translate(strip.topLeft());
     painter.setFont(font());
     layOutLegend(); // the scale bar follows the zoom
-    PaintLegend(painter, m_legend, look, layoutDirection());
+    dxftools::paintLegend(painter, m_legend, look, layoutDirection());
 }
 
 void SheetPictureView::paintMessage(QPainter &painter) const

@@ -14,35 +14,31 @@ constexpr quint32 kNowhere = 0xFFFFFFFF;
 constexpr int kNumberAlignment = Qt::AlignRight | Qt::AlignVCenter; // views read an int
 constexpr int kTextAlignment = Qt::AlignLeft | Qt::AlignVCenter;
 
-/// Texts of damaged plans may be millions of bytes long; views measure and draw all of a text.
-QString cellText(const QString &text)
-{
-    constexpr qsizetype kLongest = 300;
-    return text.size() <= kLongest ? text : text.left(kLongest - 1) + QChar(0x2026);
-}
+constexpr qsizetype kShown = 300;    ///< characters of a text in a cell
+constexpr qsizetype kWhole = 10'000; ///< and where all of it is wanted
 
 bool hasNumber(const DxfDrawing &drawing, const DxfInsert &insert)
 {
-    return SheetNumberAttribute(drawing, insert).has_value();
+    return dxftools::sheetNumberAttribute(drawing, insert).has_value();
 }
 
-qint64 countMarked(const DxfDrawing &drawing, const std::vector<quint32> &sheets)
+std::vector<bool> findNumbered(const DxfDrawing *drawing)
 {
-    return std::ranges::count_if(sheets, [&](quint32 sheet) {
-        const DxfInsert &insert = drawing.Inserts()[sheet];
-        return insert.exportMark && hasNumber(drawing, insert);
-    });
+    std::vector<bool> isNumbered(drawing ? drawing->Inserts().size() : 0);
+    for (std::size_t i = 0; i < isNumbered.size(); ++i)
+        isNumbered[i] = hasNumber(*drawing, drawing->Inserts()[i]);
+    return isNumbered;
 }
 
 std::vector<quint32> allSheetsBy(int column, const DxfDrawing &drawing)
 {
     switch (column) {
     case SheetTableModel::ValueColumn:
-        return SheetsByValue(drawing);
+        return dxftools::sheetsByValue(drawing);
     case SheetTableModel::BlockColumn:
-        return SheetsByBlock(drawing);
+        return dxftools::sheetsByBlock(drawing);
     default:
-        return SheetsByCorners(drawing);
+        return dxftools::sheetsByCorners(drawing);
     }
 }
 
@@ -68,6 +64,7 @@ void SheetTableModel::setDrawing(DxfDrawing *drawing)
 {
     m_all = {};
     m_drawing = drawing;
+    m_isNumbered = findNumbered(drawing);
     setSheets({});
 }
 
@@ -75,9 +72,16 @@ void SheetTableModel::setSheets(std::vector<quint32> sheets)
 {
     beginResetModel();
     m_sheets = m_drawing ? std::move(sheets) : std::vector<quint32>();
-    m_marked = m_drawing ? countMarked(*m_drawing, m_sheets) : 0;
+    m_marked = countMarked();
     arrange();
     endResetModel();
+}
+
+qint64 SheetTableModel::countMarked() const
+{
+    return std::ranges::count_if(m_sheets, [this](quint32 sheet) {
+        return m_isNumbered[sheet] && m_drawing->Inserts()[sheet].exportMark;
+    });
 }
 
 void SheetTableModel::arrange()
@@ -130,7 +134,7 @@ void SheetTableModel::setAllMarks(bool mark)
         return;
     for (const quint32 sheet : m_sheets)
         m_drawing->SetExportMark(sheet, mark);
-    m_marked = countMarked(*m_drawing, m_sheets);
+    m_marked = countMarked();
     emit dataChanged(index(0, NumberColumn), index(rowCount() - 1, NumberColumn),
                      {Qt::CheckStateRole});
     emit marksChanged();
@@ -177,7 +181,9 @@ QVariant SheetTableModel::data(const QModelIndex &index, int role) const
     const bool isNumber = index.column() == NumberColumn;
     switch (role) {
     case Qt::DisplayRole:
-        return textOf(insert, index.column());
+        return textOf(insert, index.column(), kShown);
+    case kWholeTextRole:
+        return textOf(insert, index.column(), kWhole);
     case Qt::ToolTipRole:
         return toolTipOf(insert, index.column());
     case Qt::TextAlignmentRole:
@@ -191,31 +197,52 @@ QVariant SheetTableModel::data(const QModelIndex &index, int role) const
     }
 }
 
-QString SheetTableModel::textOf(const DxfInsert &insert, int column) const
+/// @param most  texts of damaged plans may be millions of bytes long; views measure and draw all
+QString SheetTableModel::textOf(const DxfInsert &insert, int column, qsizetype most) const
 {
-    const auto number = SheetNumberAttribute(*m_drawing, insert);
+    const auto shown = [&](std::string_view bytes) {
+        const QString text = m_drawing->DisplayText(bytes);
+        return text.size() <= most ? text : text.left(most - 1) + QChar(0x2026);
+    };
+    const auto number = dxftools::sheetNumberAttribute(*m_drawing, insert);
     switch (column) {
     case NumberColumn: {
         const qint64 sorted = number ? SheetNumber(*number) : -1;
         return sorted < 0 ? QString() : QString::number(sorted);
     }
     case ValueColumn:
-        return cellText(m_drawing->DisplayText(number.value_or("")));
+        return shown(number.value_or(""));
     case BlockColumn:
-        return cellText(m_drawing->DisplayText(m_drawing->BlockName(insert)));
+        return shown(m_drawing->ShownBlockName(insert));
     default:
-        return CornersText(CornersOf(*m_drawing, *m_drawing->BlockOf(insert)));
+        return dxftools::cornersText(CornersOf(*m_drawing, *m_drawing->BlockOf(insert)));
     }
 }
 
 QString SheetTableModel::toolTipOf(const DxfInsert &insert, int column) const
 {
     if (column == CornersColumn)
-        return CornerLines(CornersOf(*m_drawing, *m_drawing->BlockOf(insert))).join(u'\n');
+        return dxftools::cornerLines(CornersOf(*m_drawing, *m_drawing->BlockOf(insert)))
+            .join(u'\n');
     const bool isOfNumber = column == NumberColumn || column == ValueColumn;
     return isOfNumber && !hasNumber(*m_drawing, insert)
                ? tr("Not exported: the block insert has no sheet number")
                : QString();
+}
+
+bool SheetTableModel::isMarkable(int row) const
+{
+    return row >= 0 && row < rowCount() && hasNumber(*m_drawing, insertAt(row));
+}
+
+bool SheetTableModel::isMarked(int row) const
+{
+    return isMarkable(row) && insertAt(row).exportMark;
+}
+
+void SheetTableModel::setMark(int row, bool mark)
+{
+    setData(index(row, NumberColumn), mark ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
 }
 
 bool SheetTableModel::setData(const QModelIndex &index, const QVariant &value, int role)

@@ -17,6 +17,8 @@ class SheetTableModel : public QAbstractTableModel
 
 public:
     enum Column : int { NumberColumn, ValueColumn, BlockColumn, CornersColumn, kColumnCount };
+    /// All of a text where the display role has only its beginning.
+    static constexpr int kWholeTextRole = Qt::UserRole;
 
     explicit SheetTableModel(QObject *parent = nullptr);
 
@@ -36,6 +38,11 @@ public:
     /// rows, each further one a look into memory.
     [[nodiscard]] int rowOf(quint32 sheet) const;
 
+    /// Whether the sheet of a row can have a mark; false for a row that does not exist.
+    [[nodiscard]] bool isMarkable(int row) const;
+    [[nodiscard]] bool isMarked(int row) const;
+    /// Marks the sheet of a row, where it can have a mark.
+    void setMark(int row, bool mark);
     /// Marks the sheets shown, or takes their marks away; others keep theirs.
     void setAllMarks(bool mark);
     /// How many of the sheets shown an export will write: those marked that have a sheet number.
@@ -63,12 +70,14 @@ private:
     [[nodiscard]] const std::vector<quint32> &ascending() const;
     [[nodiscard]] int rowOfPosition(std::size_t position) const;
     [[nodiscard]] bool isSortedApart() const { return m_column > NumberColumn; }
+    [[nodiscard]] qint64 countMarked() const;
     void arrange();
-    [[nodiscard]] QString textOf(const DxfInsert &insert, int column) const;
+    [[nodiscard]] QString textOf(const DxfInsert &insert, int column, qsizetype most) const;
     [[nodiscard]] QString toolTipOf(const DxfInsert &insert, int column) const;
 
     DxfDrawing *m_drawing = nullptr;
-    int m_column = -1; ///< sorted by; the number's ascending order is the export's
+    std::vector<bool> m_isNumbered; ///< of each insert
+    int m_column = -1;              ///< sorted by; the number's ascending order is the export's
     Qt::SortOrder m_order = Qt::AscendingOrder;
     qint64 m_marked = 0;
     std::vector<quint32> m_sheets; ///< export order

@@ -35,10 +35,88 @@
     </message>
 </context>
 <context>
-    <name>DiagnosticModel</name>
+    <name>DatabaseDocuments</name>
     <message>
-        <source>Line %1: %2</source>
-        <translation>Zeile %1: %2</translation>
+        <source>The value &quot;%1&quot; is of a type that cannot be kept.</source>
+        <translation>Der Wert „%1“ ist von einer Art, die sich nicht aufbewahren lässt.</translation>
+    </message>
+</context>
+<context>
+    <name>DatabaseSession</name>
+    <message>
+        <source>The tables of &quot;%1&quot; in the database %2 are those of a later version. They were left alone.</source>
+        <translation>Die Tabellen von „%1“ in der Datenbank %2 sind die einer späteren Version. Sie wurden nicht angerührt.</translation>
+    </message>
+    <message>
+        <source>The tables of &quot;%1&quot; in the database %2 cannot be brought to their present form.</source>
+        <translation>Die Tabellen von „%1“ in der Datenbank %2 lassen sich nicht auf ihren heutigen Stand bringen.</translation>
+    </message>
+    <message>
+        <source>The database %1 refused: %2</source>
+        <translation>Die Datenbank %1 hat abgelehnt: %2</translation>
+    </message>
+    <message>
+        <source>The database %1 cannot be opened: %2</source>
+        <translation>Die Datenbank %1 lässt sich nicht öffnen: %2</translation>
+    </message>
+    <message>
+        <source>the file is damaged, and another program is setting it aside</source>
+        <translation>die Datei ist beschädigt, und ein anderes Programm legt sie gerade beiseite</translation>
+    </message>
+    <message>
+        <source>the file is damaged and cannot be renamed</source>
+        <translation>die Datei ist beschädigt und lässt sich nicht umbenennen</translation>
+    </message>
+    <message>
+        <source>The database %1 was damaged. It is kept as %2, and a new one was begun.</source>
+        <translation>Die Datenbank %1 war beschädigt. Sie ist als %2 aufbewahrt, und eine neue wurde begonnen.</translation>
+    </message>
+    <message>
+        <source>The database %1 is closed.</source>
+        <translation>Die Datenbank %1 ist geschlossen.</translation>
+    </message>
+    <message>
+        <source>The database %1 was closed while it was being changed; nothing was changed.</source>
+        <translation>Die Datenbank %1 wurde während einer Änderung geschlossen; nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>The database %1 was closed while it was being read.</source>
+        <translation>Die Datenbank %1 wurde während des Lesens geschlossen.</translation>
+    </message>
+    <message>
+        <source>The database %1 is in use by others at the moment.</source>
+        <translation>Die Datenbank %1 wird im Augenblick von anderen benutzt.</translation>
+    </message>
+    <message>
+        <source>The connection to the database %1 was lost.</source>
+        <translation>Die Verbindung zur Datenbank %1 ging verloren.</translation>
+    </message>
+    <message>
+        <source>The database %1 is damaged.</source>
+        <translation>Die Datenbank %1 ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>There is no room left for the database %1.</source>
+        <translation>Für die Datenbank %1 ist kein Platz mehr.</translation>
+    </message>
+    <message>
+        <source>The database %1 cannot be written.</source>
+        <translation>Die Datenbank %1 lässt sich nicht schreiben.</translation>
+    </message>
+</context>
+<context>
+    <name>DatabaseTable</name>
+    <message>
+        <source>%1 cannot hold the value.</source>
+        <translation>%1 kann den Wert nicht aufnehmen.</translation>
+    </message>
+    <message>
+        <source>%1 holds a value of another type.</source>
+        <translation>%1 enthält einen Wert anderer Art.</translation>
+    </message>
+    <message>
+        <source>The description of the table %1 is wrong.</source>
+        <translation>Die Beschreibung der Tabelle %1 ist falsch.</translation>
     </message>
 </context>
 <context>
@@ -202,6 +280,10 @@
         <source>An insert without a block name is left out</source>
         <translation>Eine Blockeinfügung ohne Blocknamen wird ausgelassen</translation>
     </message>
+    <message>
+        <source>&apos;%1&apos; is no encoding</source>
+        <translation>„%1“ ist keine Zeichenkodierung</translation>
+    </message>
 </context>
 <context>
     <name>DxfTools</name>
@@ -241,17 +323,6 @@
         </translation>
     </message>
     <message>
-        <source>An insert of block &apos;%1&apos; has no sheet number and is not exported</source>
-        <translation>Eine Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n inserts of block &apos;%1&apos; have no sheet number and are not exported</source>
-        <translation>
-            <numerusform>%n Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert</numerusform>
-            <numerusform>%n Blockeinfügungen des Blocks „%1“ haben keine Blattnummer und werden nicht exportiert</numerusform>
-        </translation>
-    </message>
-    <message>
         <source>Sheet &apos;%1&apos; is not exported: its block &apos;%2&apos; has no polyline</source>
         <translation>Blatt „%1“ wird nicht exportiert: Sein Block „%2“ hat keine Polylinie</translation>
     </message>
@@ -266,13 +337,6 @@
     <message>
         <source>Sheet &apos;%1&apos; is not exported: its insert lies inside a block</source>
         <translation>Blatt „%1“ wird nicht exportiert: Seine Blockeinfügung liegt innerhalb eines Blocks</translation>
-    </message>
-    <message numerus="yes">
-        <source>the first %1 of %n sheets</source>
-        <translation>
-            <numerusform>die ersten %1 von %n Blatt</numerusform>
-            <numerusform>die ersten %1 von %n Blättern</numerusform>
-        </translation>
     </message>
     <message>
         <source>1 sheet</source>
@@ -365,8 +429,109 @@
         <translation>Bild der Blätter</translation>
     </message>
     <message>
-        <source>Arrow keys move the picture, plus and minus zoom, Home shows all of it.</source>
-        <translation>Die Pfeiltasten verschieben das Bild, Plus vergrößert, Minus verkleinert, Pos1 zeigt alles.</translation>
+        <source>An insert of block &apos;%1&apos; has no sheet number and is not exported: %2</source>
+        <translation>Eine Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert: %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n inserts of block &apos;%1&apos; have no sheet number and are not exported: %2</source>
+        <translation>
+            <numerusform>%n Blockeinfügung des Blocks „%1“ hat keine Blattnummer und wird nicht exportiert: %2</numerusform>
+            <numerusform>%n Blockeinfügungen des Blocks „%1“ haben keine Blattnummer und werden nicht exportiert: %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>looked for the attribute BL_NR or Bl_Nr</source>
+        <translation>gesucht ist das Attribut BL_NR oder Bl_Nr</translation>
+    </message>
+    <message>
+        <source>looked for the attribute %1</source>
+        <translation>gesucht ist das Attribut %1</translation>
+    </message>
+    <message>
+        <source>%1, there are none</source>
+        <translation>%1, es gibt keine Attribute</translation>
+    </message>
+    <message>
+        <source>%1, found %2</source>
+        <translation>%1, gefunden %2</translation>
+    </message>
+    <message>
+        <source>Appl&amp;y insert position</source>
+        <translation>Einfüge&amp;position anwenden</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets have the same corners as others, because they share blocks; &quot;Apply insert position&quot; (--placed) puts each where its insert stands</source>
+        <translation>
+            <numerusform>%n Blatt hat dieselben Ecken wie ein anderes, weil sie einen Block gemeinsam haben; „Einfügeposition anwenden“ (--placed) setzt jedes dorthin, wo seine Einfügung steht</numerusform>
+            <numerusform>%n Blätter haben dieselben Ecken wie andere, weil sie Blöcke gemeinsam haben; „Einfügeposition anwenden“ (--placed) setzt jedes dorthin, wo seine Einfügung steht</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>A sheet is moved, turned or scaled by its insert, which does not count; &quot;Apply insert position&quot; (--placed) lets it count</source>
+        <translation>Ein Blatt wird von seiner Einfügung verschoben, gedreht oder skaliert, was nicht zählt; mit „Einfügeposition anwenden“ (--placed) zählt es</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets are moved, turned or scaled by their inserts, which does not count; &quot;Apply insert position&quot; (--placed) lets it count</source>
+        <translation>
+            <numerusform>%n Blatt wird von seiner Einfügung verschoben, gedreht oder skaliert, was nicht zählt; mit „Einfügeposition anwenden“ (--placed) zählt es</numerusform>
+            <numerusform>%n Blätter werden von ihren Einfügungen verschoben, gedreht oder skaliert, was nicht zählt; mit „Einfügeposition anwenden“ (--placed) zählt es</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; stays where its block is drawn: its insert is tilted out of the plane</source>
+        <translation>Blatt „%1“ bleibt, wo sein Block gezeichnet ist: Seine Einfügung ist aus der Ebene gekippt</translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; stays where its block is drawn: the position of its insert is no usable number</source>
+        <translation>Blatt „%1“ bleibt, wo sein Block gezeichnet ist: Die Position seiner Einfügung ist keine brauchbare Zahl</translation>
+    </message>
+    <message>
+        <source>as their blocks are drawn, insert positions not applied</source>
+        <translation>wie ihre Blöcke gezeichnet sind, ohne Einfügepositionen</translation>
+    </message>
+    <message>
+        <source>not marked: %1</source>
+        <translation>nicht markiert: %1</translation>
+    </message>
+    <message>
+        <source>not included: %1</source>
+        <translation>nicht einbezogen: %1</translation>
+    </message>
+    <message>
+        <source>Arrow keys move the picture, plus and minus zoom, Home shows all of it, Space marks the selected sheets or takes their marks away.</source>
+        <translation>Pfeiltasten verschieben das Bild, Plus und Minus vergrößern und verkleinern es, Pos1 zeigt alles, die Leertaste markiert die ausgewählten Blätter oder nimmt ihnen die Markierung.</translation>
+    </message>
+    <message>
+        <source>The wheel zooms, dragging moves the picture. A click selects a sheet, with Ctrl or Shift further ones, and on the number marks it. Dragging with Shift selects all within a rectangle. A double click shows a sheet closely, or everything.</source>
+        <translation>Das Mausrad vergrößert und verkleinert, Ziehen verschiebt das Bild. Ein Klick wählt ein Blatt aus, mit Strg oder Umschalt weitere, und auf der Nummer markiert er es. Ziehen mit Umschalt wählt alles in einem Rechteck aus. Ein Doppelklick zeigt ein Blatt von Nahem oder alles.</translation>
+    </message>
+    <message>
+        <source>%1 - not marked</source>
+        <translation>%1 – nicht markiert</translation>
+    </message>
+    <message>
+        <source>%1 - not included</source>
+        <translation>%1 – nicht einbezogen</translation>
+    </message>
+    <message>
+        <source>new: %1</source>
+        <translation>neu: %1</translation>
+    </message>
+    <message>
+        <source>moved: %1</source>
+        <translation>verschoben: %1</translation>
+    </message>
+    <message>
+        <source>renamed: %1</source>
+        <translation>umbenannt: %1</translation>
+    </message>
+    <message>
+        <source>gone: %1</source>
+        <translation>entfallen: %1</translation>
+    </message>
+    <message>
+        <source>The rows and columns of its inserts make too many sheets to place them</source>
+        <translation>Zeilen und Spalten seiner Einfügungen ergeben zu viele Blätter, um sie zu platzieren</translation>
     </message>
 </context>
 <context>
@@ -471,10 +636,6 @@
         <translation>Aus&amp;gewählte Blätter:</translation>
     </message>
     <message>
-        <source>Selected sheets</source>
-        <translation>Ausgewählte Blätter</translation>
-    </message>
-    <message>
         <source>Number of selected sheets</source>
         <translation>Anzahl der ausgewählten Blätter</translation>
     </message>
@@ -509,10 +670,6 @@
     <message>
         <source>&amp;Findings:</source>
         <translation>&amp;Hinweise:</translation>
-    </message>
-    <message>
-        <source>Findings</source>
-        <translation>Hinweise</translation>
     </message>
     <message>
         <source>No findings</source>
@@ -568,6 +725,120 @@
     <message>
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>Opens a DXF plan (%1)</source>
+        <translation>Öffnet einen DXF-Plan (%1)</translation>
+    </message>
+    <message>
+        <source>Only one plan can be shown at a time: drop one file</source>
+        <translation>Es kann nur ein Plan auf einmal gezeigt werden: bitte eine einzelne Datei ablegen</translation>
+    </message>
+    <message>
+        <source>The Down key offers what the plan has.</source>
+        <translation>Die Taste „Nach unten“ bietet an, was der Plan enthält.</translation>
+    </message>
+    <message>
+        <source>Mar&amp;k Selected</source>
+        <translation>Ausw&amp;ahl markieren</translation>
+    </message>
+    <message>
+        <source>Marks the sheets that are selected; all others stay as they are. The space bar marks them or takes their marks away.</source>
+        <translation>Markiert die ausgewählten Blätter; alle anderen bleiben, wie sie sind. Die Leertaste markiert sie oder nimmt ihnen die Markierung.</translation>
+    </message>
+    <message>
+        <source>Save Picture...</source>
+        <translation>Bild speichern …</translation>
+    </message>
+    <message>
+        <source>What mouse and keys do in the picture</source>
+        <translation>Was Maus und Tasten im Bild bewirken</translation>
+    </message>
+    <message>
+        <source>SVG drawing (*.svg);;PNG image (*.png)</source>
+        <translation>SVG-Zeichnung (*.svg);;PNG-Bild (*.png)</translation>
+    </message>
+    <message>
+        <source>Picture saved as %1</source>
+        <translation>Bild gespeichert als %1</translation>
+    </message>
+    <message>
+        <source>1 warning</source>
+        <translation>1 Warnung</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln warnings</source>
+        <translation>
+            <numerusform>%Ln Warnung</numerusform>
+            <numerusform>%Ln Warnungen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>1 note</source>
+        <translation>1 Hinweis</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln notes</source>
+        <translation>
+            <numerusform>%Ln Hinweis</numerusform>
+            <numerusform>%Ln Hinweise</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Findings: %1</source>
+        <translation>&amp;Hinweise: %1</translation>
+    </message>
+    <message>
+        <source>&amp;Findings: %1, %2</source>
+        <translation>&amp;Hinweise: %1, %2</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>Finding</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Copy as Table</source>
+        <translation>Als Tabelle kopieren</translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; is new</source>
+        <translation>Blatt „%1“ ist neu</translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; is not in the file any more</source>
+        <translation>Blatt „%1“ ist nicht mehr in der Datei</translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; has moved by %2</source>
+        <translation>Blatt „%1“ ist um %2 verschoben</translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; has another number of corners</source>
+        <translation>Blatt „%1“ hat eine andere Anzahl von Ecken</translation>
+    </message>
+    <message>
+        <source>Sheet &apos;%1&apos; is now called &apos;%2&apos;</source>
+        <translation>Blatt „%1“ heißt jetzt „%2“</translation>
+    </message>
+    <message>
+        <source>nothing changed against the older file</source>
+        <translation>gegenüber der älteren Datei hat sich nichts geändert</translation>
+    </message>
+    <message>
+        <source>against the older file: %1 new, %2 gone, %3 moved, %4 renamed</source>
+        <translation>gegenüber der älteren Datei: %1 neu, %2 entfallen, %3 verschoben, %4 umbenannt</translation>
+    </message>
+    <message>
+        <source>%1 - %2</source>
+        <translation>%1 – %2</translation>
     </message>
 </context>
 <context>
@@ -681,6 +952,39 @@
     </message>
 </context>
 <context>
+    <name>FindingModel</name>
+    <message>
+        <source>Line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>LinkedObjects</name>
+    <message>
+        <source>A link lacks its object or a finite number.</source>
+        <translation>Einer Verknüpfung fehlt das Objekt oder eine endliche Zahl.</translation>
+    </message>
+</context>
+<context>
+    <name>OfferModel</name>
+    <message>
+        <source>%1 (1 insert)</source>
+        <extracomment>%1 is a tag or a value of attributes</extracomment>
+        <translation>%1 (1 Blockeinfügung)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 (%n inserts)</source>
+        <translation>
+            <numerusform>%1 (%n Blockeinfügung)</numerusform>
+            <numerusform>%1 (%n Blockeinfügungen)</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(leer)</translation>
+    </message>
+</context>
+<context>
     <name>PartnerSim</name>
     <message>
         <source>Plays the partner program: sends commands to the viewer and prints what it receives.
@@ -688,13 +992,17 @@
 Commands: &quot;goto X Y [NORTH [HEIGHT]]&quot;, &quot;find OBJECT&quot;, test, &quot;integer N&quot;,
 &quot;raw NAME PARAMETERS&quot;; with the word front behind it, the viewer shall come to the front.
 Without commands it listens. Example:
-  partner-sim /tmp/exchange &quot;goto 3500000 5800000 0 250&quot; &quot;find ABC front&quot;</source>
+  partner-sim /tmp/exchange &quot;goto 3500000 5800000 0 250&quot; &quot;find ABC front&quot;
+
+Exits with 0 when all was accepted, 1 after refusal or silence, 2 when it cannot start.</source>
         <translation>Spielt das Partnerprogramm: sendet Befehle an den Betrachter und gibt aus, was es empfängt.
 
 Befehle: &quot;goto X Y [NORTH [HEIGHT]]&quot;, &quot;find OBJECT&quot;, test, &quot;integer N&quot;,
 &quot;raw NAME PARAMETERS&quot;; mit dem Wort front dahinter soll der Betrachter nach vorn kommen.
 Ohne Befehle empfängt es nur. Beispiel:
-  partner-sim /tmp/exchange &quot;goto 3500000 5800000 0 250&quot; &quot;find ABC front&quot;</translation>
+  partner-sim /tmp/exchange &quot;goto 3500000 5800000 0 250&quot; &quot;find ABC front&quot;
+
+Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, wenn es nicht beginnen kann.</translation>
     </message>
     <message>
         <source>%1 (--help explains)</source>
@@ -751,6 +1059,18 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>there is no exchange directory</source>
         <translation>das Austauschverzeichnis gibt es nicht</translation>
+    </message>
+    <message>
+        <source>a sender has 1 to 64 of A-Z a-z 0-9 . _ -</source>
+        <translation>ein Absender hat 1 bis 64 der Zeichen A-Z a-z 0-9 . _ -</translation>
+    </message>
+    <message>
+        <source>milliseconds are whole numbers from 1 on</source>
+        <translation>Millisekunden sind ganze Zahlen ab 1</translation>
+    </message>
+    <message>
+        <source>cannot write &apos;%1&apos;</source>
+        <translation>„%1“ lässt sich nicht schreiben</translation>
     </message>
     <message>
         <source>unknown manner</source>
@@ -844,10 +1164,6 @@ Ohne Befehle empfängt es nur. Beispiel:
         <translation>Kreismenüs</translation>
     </message>
     <message>
-        <source>Sub-menus at the same place</source>
-        <translation>Untermenüs an derselben Stelle</translation>
-    </message>
-    <message>
         <source>Sub-menus at once</source>
         <translation>Untermenüs sofort öffnen</translation>
     </message>
@@ -877,6 +1193,14 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>Save a picture instead of opening a window.</source>
         <translation>Ein Bild speichern, statt ein Fenster zu öffnen.</translation>
+    </message>
+    <message>
+        <source>Sub-menus around the pointer</source>
+        <translation>Untermenüs um den Mauszeiger</translation>
+    </message>
+    <message>
+        <source>Digits</source>
+        <translation>Ziffern</translation>
     </message>
 </context>
 <context>
@@ -1083,21 +1407,6 @@ Ohne Befehle empfängt es nur. Beispiel:
     </message>
 </context>
 <context>
-    <name>TagModel</name>
-    <message numerus="yes">
-        <source>%1 (%n inserts)</source>
-        <translation>
-            <numerusform>%1 (%n Blockeinfügung)</numerusform>
-            <numerusform>%1 (%n Blockeinfügungen)</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>%1 (1 insert)</source>
-        <extracomment>%1 is an attribute tag</extracomment>
-        <translation>%1 (1 Blockeinfügung)</translation>
-    </message>
-</context>
-<context>
     <name>dxf2gk2</name>
     <message>
         <source>reading</source>
@@ -1188,8 +1497,8 @@ Ohne Befehle empfängt es nur. Beispiel:
         <translation>Den Fortschritt anzeigen: auto, always oder never (nach Bedarf, immer, nie).</translation>
     </message>
     <message>
-        <source>Print the version.</source>
-        <translation>Die Version ausgeben.</translation>
+        <source>Print the version; with --json also what is known of this run.</source>
+        <translation>Die Version ausgeben; mit --json auch, was von diesem Lauf bekannt ist.</translation>
     </message>
     <message>
         <source>Print this help.</source>
@@ -1234,10 +1543,6 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>--%1 is given more than once</source>
         <translation>--%1 ist mehrfach angegeben</translation>
-    </message>
-    <message>
-        <source>--%1 wants a value</source>
-        <translation>--%1 braucht einen Wert</translation>
     </message>
     <message>
         <source>--include wants TAG=VALUE, not &apos;%1&apos;</source>
@@ -1285,10 +1590,6 @@ Ohne Befehle empfängt es nur. Beispiel:
             <numerusform>%n Blatt</numerusform>
             <numerusform>%n Blätter</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>standard output</source>
-        <translation>Standardausgabe</translation>
     </message>
     <message>
         <source>1 sheet written to %1</source>
@@ -1350,6 +1651,201 @@ Ohne Befehle empfängt es nur. Beispiel:
     <message>
         <source>Example values</source>
         <translation>Beispielwerte</translation>
+    </message>
+    <message>
+        <source>it is write-protected</source>
+        <translation>sie ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>memory does not suffice to analyse it</source>
+        <translation>der Speicher reicht nicht, um ihn auszuwerten</translation>
+    </message>
+    <message>
+        <source>cannot read &apos;%1&apos;: %2</source>
+        <translation>„%1“ kann nicht gelesen werden: %2</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no GK2 file</source>
+        <translation>„%1“ ist keine GK2-Datei</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is damaged: line %2 should hold a corner</source>
+        <translation>„%1“ ist beschädigt: In Zeile %2 sollte eine Ecke stehen</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no GK2 file; it is replaced only with --force</source>
+        <translation>„%1“ ist keine GK2-Datei und wird nur mit --force ersetzt</translation>
+    </message>
+    <message>
+        <source>no sheet is left; &apos;%1&apos; would lose its sheets, and does only with --allow-empty</source>
+        <translation>es bleibt kein Blatt übrig; „%1“ verlöre seine Blätter, was nur mit --allow-empty geschieht</translation>
+    </message>
+    <message>
+        <source>Print what changed since the GK2 file OLD: sheets that are new, gone, moved or renamed. Writes sheets only with --output or --output-dir.</source>
+        <translation>Gibt aus, was sich seit der GK2-Datei OLD geändert hat: neue, weggefallene, verschobene und umbenannte Blätter. Schreibt Blätter nur mit --output oder --output-dir.</translation>
+    </message>
+    <message>
+        <source>How far a corner may lie from where it was (--compare). Default: 0.005.</source>
+        <translation>Wie weit eine Ecke von ihrem früheren Ort liegen darf (--compare). Vorgabe: 0.005.</translation>
+    </message>
+    <message>
+        <source>Replace files that are no GK2 files, too.</source>
+        <translation>Ersetzt auch Dateien, die keine GK2-Dateien sind.</translation>
+    </message>
+    <message>
+        <source>Replace a file that holds sheets even by one without any.</source>
+        <translation>Ersetzt eine Datei mit Blättern auch durch eine ohne.</translation>
+    </message>
+    <message>
+        <source>unknown option &apos;%1&apos;</source>
+        <translation>unbekannte Option &apos;%1&apos;</translation>
+    </message>
+    <message>
+        <source>%1 takes no value</source>
+        <translation>%1 nimmt keinen Wert</translation>
+    </message>
+    <message>
+        <source>%1 wants a value</source>
+        <translation>%1 verlangt einen Wert</translation>
+    </message>
+    <message>
+        <source>--compare looks at one plan only</source>
+        <translation>--compare betrachtet nur einen Plan</translation>
+    </message>
+    <message>
+        <source>--compare and a list make one output only with --json</source>
+        <translation>--compare und eine Liste ergeben nur mit --json eine gemeinsame Ausgabe</translation>
+    </message>
+    <message>
+        <source>the changes and the sheets cannot both go to standard output</source>
+        <translation>Änderungen und Blätter können nicht beide auf die Standardausgabe</translation>
+    </message>
+    <message>
+        <source>Exit status:</source>
+        <translation>Rückgabewerte:</translation>
+    </message>
+    <message>
+        <source>All done.</source>
+        <translation>Alles erledigt.</translation>
+    </message>
+    <message>
+        <source>A plan could not be read, or a result not be written.</source>
+        <translation>Ein Plan war nicht zu lesen oder ein Ergebnis nicht zu schreiben.</translation>
+    </message>
+    <message>
+        <source>Wrong usage; nothing was done.</source>
+        <translation>Falscher Aufruf; nichts wurde getan.</translation>
+    </message>
+    <message>
+        <source>Done, with warnings, and --strict was given.</source>
+        <translation>Erledigt, mit Warnungen, und --strict war angegeben.</translation>
+    </message>
+    <message>
+        <source>--compare found changes, and no sheets were to be written.</source>
+        <translation>--compare fand Änderungen, und Blätter waren nicht zu schreiben.</translation>
+    </message>
+    <message>
+        <source>Examples:</source>
+        <translation>Beispiele:</translation>
+    </message>
+    <message>
+        <source>Writes roads.txt.</source>
+        <translation>Schreibt roads.txt.</translation>
+    </message>
+    <message>
+        <source>Writes each into the folder out.</source>
+        <translation>Schreibt jeden in den Ordner out.</translation>
+    </message>
+    <message>
+        <source>What could be filtered by?</source>
+        <translation>Wonach ließe sich filtern?</translation>
+    </message>
+    <message>
+        <source>Only these sheets.</source>
+        <translation>Nur diese Blätter.</translation>
+    </message>
+    <message>
+        <source>Only looks.</source>
+        <translation>Sieht nur nach.</translation>
+    </message>
+    <message>
+        <source>What would change?</source>
+        <translation>Was würde sich ändern?</translation>
+    </message>
+    <message>
+        <source>--tolerance wants a length such as 0.5, not &apos;%1&apos;</source>
+        <translation>--tolerance verlangt eine Länge wie 0.5, nicht „%1“</translation>
+    </message>
+    <message>
+        <source>--tolerance belongs to --compare</source>
+        <translation>--tolerance gehört zu --compare</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>neu</translation>
+    </message>
+    <message>
+        <source>gone</source>
+        <translation>weggefallen</translation>
+    </message>
+    <message>
+        <source>moved</source>
+        <translation>verschoben</translation>
+    </message>
+    <message>
+        <source>renamed</source>
+        <translation>umbenannt</translation>
+    </message>
+    <message>
+        <source>was %1</source>
+        <translation>früher %1</translation>
+    </message>
+    <message>
+        <source>by %1</source>
+        <translation>um %1</translation>
+    </message>
+    <message>
+        <source>other corners</source>
+        <translation>andere Ecken</translation>
+    </message>
+    <message>
+        <source>1 sheet written to standard output</source>
+        <translation>1 Blatt auf die Standardausgabe geschrieben</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets written to standard output</source>
+        <translation>
+            <numerusform>%n Blatt auf die Standardausgabe geschrieben</numerusform>
+            <numerusform>%n Blätter auf die Standardausgabe geschrieben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>no changes</source>
+        <translation>keine Änderungen</translation>
+    </message>
+    <message>
+        <source>%1 compared with %2: %3</source>
+        <translation>%1 verglichen mit %2: %3</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Änderung</translation>
+    </message>
+    <message>
+        <source>Apply the position of each insert to its sheet: insertion point, scale, rotation, mirroring, rows and columns.</source>
+        <translation>Auf jedes Blatt die Position seiner Einfügung anwenden: Einfügepunkt, Skalierung, Drehung, Spiegelung, Zeilen und Spalten.</translation>
+    </message>
+    <message>
+        <source>Take sheet numbers from the attribute TAG, not from BL_NR or Bl_Nr.</source>
+        <translation>Blattnummern aus dem Attribut TAG nehmen, nicht aus BL_NR oder Bl_Nr.</translation>
+    </message>
+    <message>
+        <source>Read the plan&apos;s texts as NAME (ANSI_1252, UTF-8, ...), whatever it says.</source>
+        <translation>Die Texte des Plans als NAME lesen (ANSI_1252, UTF-8 usw.), was immer er angibt.</translation>
+    </message>
+    <message>
+        <source>--encoding does not know &apos;%1&apos;</source>
+        <translation>--encoding kennt „%1“ nicht</translation>
     </message>
 </context>
 </TS>

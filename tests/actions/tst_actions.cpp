@@ -2,12 +2,14 @@
 // The action registry and everybody dying in any order; shortcut lists, context-menu layouts and
 // the menu configuration, in memory and on disk.
 #include "tests/support/MessageLog.h"
+#include "tests/support/TemporaryHome.h"
 #include <QSignalMapper>
 #include <QtTest>
 #include <kelo_base/actions/ActionManager.h>
 #include <kelo_base/actions/FunctionFilter.h>
 #include <kelo_base/actions/LayoutStorage.h>
 #include <kelo_base/actions/MenuConfigManager.h>
+#include <kelo_base/actions/MenuConfigService.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -58,28 +60,70 @@ class TestActions : public QObject
     Q_OBJECT
 
 private slots:
+    /// What was changed in one run is there in the next.
+    void startsAndStopsWithTheApplication()
+    {
+        const TemporaryHome home;
+        const QKeySequence changed(u"Ctrl+J"_s);
+        for (const bool isFirst : {true, false}) {
+            QAction action;
+            action.setShortcut(QKeySequence(u"Ctrl+L"_s));
+            ActionManager actions;
+            actions.RegisterAction(7, record(1, &action));
+            MenuConfigManager configuration;
+            CoreFacadeI &core = CoreFacadeI::Instance();
+            core.Join(MenuConfigService(configuration, actions));
+            QVERIFY(core.Start());
+            QCOMPARE(action.shortcut(), isFirst ? QKeySequence(u"Ctrl+L"_s) : changed);
+            ActionShortCutList list = configuration.GetKeyboardShortcutList();
+            list.AssignKeySequence(7, changed);
+            configuration.AssignKeyboardShortcutList(list);
+            CoreFacadeI::Destroy();
+        }
+    }
+
     void filesUnderTheIdGivenAndLogsRefusals()
     {
         QAction action, other;
         QWidget owner, widget;
         ActionManager manager(&owner);
+        QList<int> registered;
+        connect(&manager, &ActionManager::actionRegistered, this, [&](int id) {
+            QVERIFY(manager.FindActionDataById(id));
+            registered << id;
+        });
         manager.RegisterAction(-3, record(9, &action), &widget);
-        manager.RegisterAction(2, record(9, &action));
+        ActionData *twice = record(9, &action);
+        manager.RegisterAction(2, twice);
         const ActionData original{5, 1, 2, 3, false, &other, true, 4};
         manager.RegisterAction(MakeActionData(&original));
         const MessageLog log;
         manager.RegisterAction(2, record(1, &other));
         manager.RegisterAction(record(8, nullptr));
         manager.RegisterAction(MakeActionData(nullptr));
+        manager.RegisterAction(7, twice);
+        manager.RegisterAction(2, twice); // and it lives on
         QCOMPARE(log.lines().join(u'\n'),
                  u"ActionManager::RegisterAction : Duplicate id added! Id : 2\n"
                  "ActionManager::RegisterAction : <nullptr> added! Id : 8\n"
-                 "ActionManager::RegisterAction : <nullptr> added! Id : -1"_s);
+                 "ActionManager::RegisterAction : <nullptr> added! Id : -1\n"
+                 "ActionManager::RegisterAction : Record is registered already! Id : 7\n"
+                 "ActionManager::RegisterAction : Record is registered already! Id : 2"_s);
+        QCOMPARE(registered, QList({-3, 2, 5}));
         QVERIFY(widget.actions() == QList{&action} && owner.actions() == QList({&action, &other}));
         QVERIFY(manager.GetActions().size() == 3 && !manager.FindActionDataById(9));
         QCOMPARE(manager.FindActionDataByAction(&action), manager.FindActionDataById(2));
+        QVERIFY(manager.FindIdByAction(&action) == 2 && manager.FindIdByAction(nullptr) == -1);
+        QCOMPARE(manager.FindIdOfActionData(manager.FindActionDataById(-3)), -3);
+        QCOMPARE(manager.FindIdOfActionData(&original), -1);
         const ActionData *copy = manager.FindActionDataById(5);
         QVERIFY(copy->valid && copy->contextMask == 3 && copy->flag && copy->extra == 4);
+
+        manager.SetCategoryDescription(1, u"Map"_s);
+        manager.RegisterIconResource(5, u":/icons/zoom.in.png"_s);
+        QVERIFY(manager.GetCategoryDescription(1) == u"Map" &&
+                manager.GetLargeIconResource(2) == u"");
+        QCOMPARE(manager.GetLargeIconResource(5), u":/flw_32x32/flw_32x32/zoom.in.png"_s);
     }
 
     void contextFilterAgreesWithTableOfBits()
@@ -101,7 +145,8 @@ private slots:
             std::vector<ActionData *> offered;
             for (const auto &[id, data] : manager.GetActions()) {
                 const int own = data->contextId;
-                if ((!meet(own, own, 16) || meet(own, groups, 16)) &&
+                data->valid = random.bounded(9) > 0;
+                if (data->valid && (!meet(own, own, 16) || meet(own, groups, 16)) &&
                     (!meet(own, own, 0) || meet(own, subs, 0)) && (mask & data->contextMask))
                     offered.push_back(data);
             }
@@ -109,6 +154,76 @@ private slots:
                 MakeContextFunctionFilter(groups, subs, mask));
             QCOMPARE(manager.FindActionDataByFilter(*filter), offered);
         }
+    }
+
+    void validatesInOrder()
+    {
+        struct Odd : ActionValidator
+        {
+            bool operator()(ActionData *data) const override
+            {
+                order << data->id;
+                return data->id % 2 == 1;
+            }
+            mutable QList<int> order;
+        } validator;
+        QAction action;
+        ActionManager manager;
+        for (const int id : {3, 2, 1})
+            manager.RegisterAction(record(id, &action));
+        manager.ValidateRegisteredActions(validator);
+        QCOMPARE(validator.order, QList({1, 2, 3}));
+        QVERIFY(manager.FindActionDataById(3)->valid && !manager.FindActionDataById(2)->valid);
+    }
+
+    /// Callbacks that register, ask again, and in the end destroy the registry.
+    void survivesWhatCallbacksDo()
+    {
+        struct Busy : FunctionFilter, ActionValidator
+        {
+            bool accept(const ActionData &) const override { return act(); }
+            bool operator()(ActionData *) const override { return act(); }
+            bool act() const
+            {
+                if (const int id = 100 + --left; left > 0) {
+                    manager->RegisterAction(record(id, action));
+                    return manager->FindActionDataByAction(action);
+                }
+                delete manager;
+                return true;
+            }
+            QAction *action;
+            ActionManager *manager = new ActionManager;
+            mutable int left = 4;
+        };
+        QAction action;
+        for (const bool isFilter : {true, false}) {
+            Busy busy;
+            busy.action = &action;
+            const QPointer<ActionManager> alive(busy.manager);
+            for (int id = 0; id < 5; ++id)
+                busy.manager->RegisterAction(record(id, &action));
+            if (isFilter)
+                QVERIFY(busy.manager->FindActionDataByFilter(busy).empty());
+            else
+                busy.manager->ValidateRegisteredActions(busy);
+            QVERIFY(!alive);
+        }
+    }
+
+    void survivesWidgetsThatRefuse()
+    {
+        struct Refusing : QWidget
+        {
+            void actionEvent(QActionEvent *event) override
+            {
+                if (event->type() == QEvent::ActionAdded)
+                    delete event->action();
+            }
+        } widget;
+        ActionManager manager;
+        manager.RegisterAction(record(1, new QAction), &widget);
+        QCOMPARE(manager.FindActionDataById(1)->action, nullptr);
     }
 
     void survivesWhatListenersDo()
@@ -125,15 +240,21 @@ private slots:
                 deed(manager.data(), &triggered);
                 QVERIFY(mapper); // its signal has not returned
             });
+            connect(manager, &ActionManager::afterActionTriggered, this, [&](QAction &triggered) {
+                QVERIFY(action ? &triggered == action : triggered.text().isEmpty());
+            });
             action->trigger();
             QCOMPARE(reports, 1);
             delete manager;
             delete action;
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             QVERIFY(!mapper);
         };
+        check([](auto, auto) {});
         check([](auto, auto *action) { delete action; });
-        check([](auto *manager, auto) { delete manager; });
+        check([](auto *manager, auto) {
+            delete manager;
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        });
         check([](auto *manager, auto *action) { // destroys it in a report within a report
             if (action->isCheckable())
                 return delete manager;
@@ -223,7 +344,9 @@ private slots:
         check("", "9=9 of 1", "0 of 1"); // nothing was ever stored
         check("other=1", "of 0", "of 0");
         check("A/size=-4\nA/1/I=5", "of 0", "of 0");
-        check("A/size=2000000000\nA/2/I=5\nA/2/S=F5", "5=F5 of 1", "-1 5 -1 of 100000");
+        check("A/size=2000000000\nA/2/I=5\nA/2/S=F5", "5=F5 of 1", "-1 5 of 2");
+        check("A/size=20000\nA/1400/I=5", "of 1", "-1 -1 -1 of 1000");
+        check("A/size=0\nClearedList/size=1\nClearedList/1/I=5", "of 1", "of 0");
         check("A/size=4\nA/2/I=8x\nA/3/I=4,4\nA/4/I=99999999999", "of 0", "-1 -1 -1 of 4");
         check("A/size=2\nA/1/I=5\nA/1/S=F5\nA/2/I=5\nA/2/S=F6", "5=F6 of 1", "5 5 of 2");
         check("A/size=2\nA/1/I=1\nA/2/I=2\nA/2/S=\"Ctrl+K, Foo\"", "of 2", "1 2 of 2");
@@ -240,6 +363,7 @@ private slots:
         manager.SetConfigName(u"W"_s);
         ActionShortCutList list = shortcut(12, Qt::Key_F5);
         list.AssignKeySequence(3, QKeySequence(Qt::CTRL | Qt::Key_K, Qt::CTRL | Qt::Key_Comma));
+        list.ClearKeySequence(5);
         manager.AssignKeyboardShortcutList(list);
         ContextMenuLayout layout;
         layout.SetNumberOfSlots(2);
@@ -249,12 +373,14 @@ private slots:
         QVERIFY(store->allKeys().isEmpty());
         manager.SaveToStorage();
         store->sync();
-        QFile file(path); // K/ and L/ stand for the two arrays
+        QFile file(path); // K/, C/ and L/ stand for the arrays
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(file.readAll()
                      .replace("W\\KeyboardShortcuts\\ShortcutList\\", "K/")
+                     .replace("W\\KeyboardShortcuts\\ClearedList\\", "C/")
                      .replace("W\\ContextMenuLayout\\Menus\\", "L/"),
                  "[MenuConfig]\nL/1\\ActionId=0\nL/2\\ActionId=-1\nL/size=2\n"
+                 "C/1\\ActionId=5\nC/size=1\n"
                  "K/1\\ActionId=3\nK/1\\KeySequence=\"Ctrl+K, Ctrl+,\"\n"
                  "K/2\\ActionId=12\nK/2\\KeySequence=F5\nK/size=2\n");
         manager = MenuConfigManager(); // keeps its store
@@ -263,6 +389,10 @@ private slots:
         manager.LoadFromStorage();
         QCOMPARE(shown(manager.GetKeyboardShortcutList()), shown(list));
         QCOMPARE(manager.GetContextMenuLayout(), layout);
+        list.RemoveKeySequence(5); // leaves no stale element behind
+        manager.AssignKeyboardShortcutList(list);
+        manager.SaveToStorage();
+        QVERIFY(store->allKeys().filter(u"ClearedList"_s).isEmpty());
         store.reset();
         manager.SaveToStorage(); // does nothing any more
     }
@@ -280,11 +410,14 @@ private slots:
         QVERIFY(QFile::remove(defaults));
         QCOMPARE(shown(manager.GetContextMenuLayout()), u"-1 of 1"_s);
         QString text;
-        const auto &all = manager.GetReservedSequenceList().GetSequences();
-        for (auto sequence = all.end() - 18; sequence != all.end(); ++sequence)
-            text += sequence->toString() + u' ';
-        QCOMPARE(text, u"Esc Up Down Left Right < > Ctrl+W Shift+S Shift+F Shift+A Shift+1 Shift+2 "
-                       "Ctrl+1 Ctrl+2 Ctrl+3 Ctrl+4 Ctrl+5 "_s);
+        for (const QKeySequence &sequence : manager.GetReservedSequenceList().GetSequences())
+            text += sequence.toString() + u' ';
+        QCOMPARE(
+            text,
+            u"Ctrl+N Ctrl+O Ctrl+S Ctrl+F4 Ctrl+F F3 F1 Ctrl+X Ctrl+C Ctrl+V Del Ctrl+Z Ctrl+Y "
+            "Ctrl+H Ctrl+B Ctrl+I F5 Esc Up Down Left Right < > Ctrl+W Shift+S Shift+F Shift+A "
+            "Shift+1 Shift+2 "
+            "Ctrl+1 Ctrl+2 Ctrl+3 Ctrl+4 Ctrl+5 "_s);
     }
 
     void carriesShortcutsToActionsAndBack()
@@ -309,8 +442,162 @@ private slots:
         list.RemoveKeySequence(4);
         SetupKeyboardShortcutListFromActionManager(manager, list);
         QCOMPARE(shown(list), u"-2=Z of 2"_s);
+        auto *mortal = new ActionManager;
+        mortal->RegisterAction(record(1, &pan));
+        mortal->RegisterAction(record(2, &zoom));
+        connect(&pan, &QAction::changed, mortal, [&] { delete mortal; });
+        SetupActionManagerFromKeyboardShortcutList(shortcut(1, Qt::Key_P), *mortal);
+        QVERIFY(pan.shortcut().isEmpty() && zoom.shortcut() == Qt::Key_Z); // it died at once
         SetupActionManagerFromKeyboardShortcutList(ActionShortCutList(), manager);
         QVERIFY(zoom.shortcut().isEmpty());
+    }
+
+    /// Each start with actions of its own, as a new process; "Ctrl+K" is the default of action 1.
+    void startsWithoutLosingShortcuts()
+    {
+        QCoreApplication::setApplicationName(u"tst-start"_s);
+        const QDir programDir(QCoreApplication::applicationDirPath());
+        const QString defaults = programDir.filePath(u"config/tst-start-menu.ini"_s);
+        QVERIFY(programDir.mkpath(u"config"_s));
+        QSettings store(m_dir.filePath(u"start"_s), QSettings::IniFormat);
+        /// Gives "id=keys" of the actions after the start, and then does what the user does.
+        const auto start = [&](const std::map<int, const char *> &shipped, auto user) {
+            std::map<int, QAction> actions;
+            ActionManager registry;
+            for (const auto &[id, keys] : shipped) {
+                actions[id].setShortcut(QKeySequence::fromString(QLatin1StringView(keys)));
+                registry.RegisterAction(record(id, &actions[id]));
+            }
+            MenuConfigManager manager;
+            manager.SetSettings(&store);
+            manager.SetUpActions(registry);
+            manager.SetUpActions(registry); // once more learns nothing from the user's keys
+            QString text;
+            for (const auto &[id, action] : actions)
+                text += u"%1=%2 "_s.arg(id).arg(action.shortcut().toString());
+            ActionShortCutList list = manager.GetKeyboardShortcutList();
+            user(list);
+            manager.AssignKeyboardShortcutList(list);
+            manager.SaveToStorage();
+            return text + shown(manager.GetDefaultKeyboardShortcutList());
+        };
+        const auto leaveAll = [](ActionShortCutList &) {};
+        QCOMPARE(start({{1, "Ctrl+K"}, {2, "F2"}, {3, ""}}, leaveAll),
+                 u"1=Ctrl+K 2=F2 3= 1=Ctrl+K 2=F2 of 3"_s);
+        QCOMPARE(start({{1, "Ctrl+K"}, {2, "F2"}, {3, ""}},
+                       [](ActionShortCutList &list) {
+                           list.ClearKeySequence(2);
+                           list.AssignKeySequence(3, QKeySequence(u"Ctrl+L, X"_s));
+                           list.AssignKeySequence(9, QKeySequence(Qt::Key_F9)); // not registered
+                       }),
+                 u"1=Ctrl+K 2=F2 3= 1=Ctrl+K 2=F2 of 3"_s);
+        // New ones: 4 may share a shipped default, 5 and 6 may not touch the user's own keys, 7 and
+        // 8 can have what nobody has any more.
+        QCOMPARE(start({{1, "Ctrl+K"},
+                        {2, "F2"},
+                        {3, ""},
+                        {4, "Ctrl+K"},
+                        {5, "Ctrl+L"},
+                        {6, "Ctrl+L, X, Y"},
+                        {7, "F2"},
+                        {8, "F9"}},
+                       [](ActionShortCutList &list) { list.RemoveKeySequence(3); }),
+                 u"1=Ctrl+K 2= 3=Ctrl+L, X 4=Ctrl+K 5= 6= 7=F2 8=F9 "
+                 "1=Ctrl+K 2=F2 4=Ctrl+K 5=Ctrl+L 6=Ctrl+L, X, Y 7=F2 8=F9 of 8"_s);
+        writeFile(defaults, "[MenuConfig]\nDefault\\ContextMenuLayout\\Menus\\size=1\n"
+                            "Default\\KeyboardShortcuts\\ShortcutList\\size=1\n"
+                            "Default\\KeyboardShortcuts\\ShortcutList\\1\\ActionId=6\n"
+                            "Default\\KeyboardShortcuts\\ShortcutList\\1\\KeySequence=F6\n");
+        QCOMPARE(start({{5, "Ctrl+L"}, {6, ""}}, leaveAll), // the keys are free again
+                 u"5=Ctrl+L 6=F6 5=Ctrl+L 6=F6 of 2"_s);
+        QVERIFY(QFile::remove(defaults));
+    }
+
+    void tellsWhatIsDifferent()
+    {
+        using Part = MenuConfigManager::Part;
+        MenuConfigManager manager, other;
+        QList<MenuConfigManager::Parts> notices;
+        connect(&manager, &MenuConfigManager::changed, this,
+                [&](MenuConfigManager::Parts parts) { notices << parts; });
+        /// Each list is one of its own.
+        const auto check = [&](auto assign, auto get, auto list, Part part) {
+            (other.*assign)(list);
+            (manager.*assign)(list);
+            (manager.*assign)((manager.*get)()); // its own list: no difference
+            QCOMPARE((manager.*get)(), list);
+            QCOMPARE(notices, QList<MenuConfigManager::Parts>{part});
+            notices.clear();
+        };
+        using M = MenuConfigManager;
+        KeySequenceList reserved, taken;
+        reserved.AddSequence(QKeySequence(Qt::Key_R));
+        taken.AddSequence(QKeySequence(Qt::Key_T));
+        ContextMenuLayout one, two;
+        one.SetNumberOfSlots(1);
+        two.SetNumberOfSlots(2);
+        check(&M::AssignKeyboardShortcutList, &M::GetKeyboardShortcutList, shortcut(1, Qt::Key_A),
+              Part::Shortcuts);
+        check(&M::AssignDefaultKeyboardShortcutList, &M::GetDefaultKeyboardShortcutList,
+              shortcut(2, Qt::Key_B), Part::Defaults);
+        check(&M::AssignReservedSequenceList, &M::GetReservedSequenceList, reserved,
+              Part::TakenSequences);
+        check(&M::AssignBookmarkSequenceList, &M::GetBookmarkSequenceList, taken,
+              Part::TakenSequences);
+        check(&M::AssignContextMenuLayout, &M::GetContextMenuLayout, one, Part::ContextMenu);
+        check(&M::AssignDefaultContextMenuLayout, &M::GetDefaultContextMenuLayout, two,
+              Part::Defaults);
+        other.SetConfigName(u"Other"_s);
+        manager = other;
+        QCOMPARE(manager.GetConfigName(), u"MenuConfig/Other"_s);
+        QVERIFY(notices == QList<M::Parts>{Part::ConfigName} &&
+                manager.GetBookmarkSequenceList() == taken);
+        manager.Shutdown();
+        QCOMPARE(notices.last().toInt(), 31); // all but what is stored
+    }
+
+    void managesNamedConfigurations()
+    {
+        for (const auto &[name, isPlain] : {std::pair(u"Standard 2 – Büro"_s, true),
+                                            {u""_s, false},
+                                            {u"a/b"_s, false},
+                                            {u"a\\b"_s, false},
+                                            {u" a"_s, false},
+                                            {u"a\n"_s, false}})
+            QCOMPARE(MenuConfigManager::IsConfigName(name), isPlain);
+        QSettings store(m_dir.filePath(u"named"_s), QSettings::IniFormat);
+        store.setValue(u"MenuConfig/Foreign/key"_s, 1);
+        MenuConfigManager manager;
+        QVERIFY(manager.GetConfigNames().isEmpty() && !manager.RemoveConfig(u"Default"_s));
+        manager.SetSettings(&store);
+        int notices = 0;
+        connect(&manager, &MenuConfigManager::changed, this, [&](MenuConfigManager::Parts parts) {
+            notices += parts.testFlag(MenuConfigManager::Part::StoredConfigurations);
+        });
+        manager.AssignKeyboardShortcutList(shortcut(1, Qt::Key_A));
+        manager.SaveToStorage();
+        manager.SaveToStorage(); // no news
+        QVERIFY(manager.CopyConfig(u"Default"_s, u"Plan 10"_s));
+        QVERIFY(manager.CopyConfig(u"Plan 10"_s, u"Plan 9"_s));
+        QCOMPARE(notices, 3);
+        for (const auto &[from, to] : {std::pair(u"Default"_s, u"plan 9"_s), // taken
+                                       {u"Default"_s, u"Default"_s},
+                                       {u"Default"_s, u"a/b"_s},
+                                       {u"Foreign"_s, u"New"_s},
+                                       {u"None"_s, u"New"_s}})
+            QVERIFY(!manager.CopyConfig(from, to) && !manager.RenameConfig(from, to));
+        QVERIFY(manager.RenameConfig(u"Plan 9"_s, u"PLAN 9"_s)); // the case alone
+        QCOMPARE(manager.GetPlainConfigName(), u"Default"_s);
+        QVERIFY(manager.RenameConfig(u"Default"_s, u"Work"_s));
+        QCOMPARE(manager.GetPlainConfigName(), u"Work"_s);
+        QCOMPARE(manager.GetConfigNames(), QStringList({u"PLAN 9"_s, u"Plan 10"_s, u"Work"_s}));
+        QVERIFY(manager.RemoveConfig(u"Plan 10"_s) && notices == 6);
+        QCOMPARE(manager.GetConfigNames(), QStringList({u"PLAN 9"_s, u"Work"_s}));
+        QVERIFY(store.contains(u"MenuConfig/Foreign/key"_s));
+        manager.SetConfigName(u"PLAN 9"_s);
+        manager.AssignKeyboardShortcutList({});
+        manager.LoadFromStorage();
+        QCOMPARE(shown(manager.GetKeyboardShortcutList()), u"1=A of 1"_s);
     }
 
 private:

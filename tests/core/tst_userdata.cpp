@@ -6,8 +6,11 @@
 
 #include <kelo_base/core/UserDataManager.h>
 
+#include <QLockFile>
+#include <csignal>
 #include <optional>
 #include <stdexcept>
+#include <sys/resource.h>
 
 using namespace Qt::Literals::StringLiterals;
 using Tz::ObjectId;
@@ -25,6 +28,46 @@ void writeBytes(const QString &fileName, const QByteArray &bytes)
     QFile file(fileName);
     QVERIFY(QDir().mkpath(QFileInfo(fileName).path()));
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+}
+
+QStringList copiesOf(const QString &fileName)
+{
+    const QFileInfo file(fileName);
+    return file.dir().entryList({file.fileName() + u".broken*"_s});
+}
+
+/// Limits what the process may have while it lives.
+class Limit
+{
+public:
+    Limit(__rlimit_resource resource, rlim_t limit) : m_resource(resource)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(resource, &m_old);
+        const rlimit limited{limit, m_old.rlim_max};
+        setrlimit(resource, &limited);
+    }
+    ~Limit() { setrlimit(m_resource, &m_old); }
+    Q_DISABLE_COPY_MOVE(Limit)
+
+private:
+    __rlimit_resource m_resource;
+    rlimit m_old{};
+};
+
+/// @param ours  answers for keys that the toolkit has, but does not hand out (with "//" in them)
+QSettings::SettingsMap readByToolkit(const QString &fileName, const QByteArray &text,
+                                     const QSettings::SettingsMap &ours)
+{
+    writeBytes(fileName, text);
+    const QSettings settings(fileName, QSettings::IniFormat);
+    QSettings::SettingsMap values;
+    for (const QString &key : settings.allKeys()) {
+        const QStringList names = key.split(u'/');
+        const bool isHandedOut = !names.contains(QString()) && settings.contains(key);
+        values.insert(key, isHandedOut ? settings.value(key) : ours.value(key));
+    }
+    return values;
 }
 
 } // namespace
@@ -48,11 +91,69 @@ private slots:
 
     void noticesDamagedText()
     {
-        for (const char *whole : {"", "; a\n\n \t\n[G]\n;b\n", "\xEF\xBB\xBF[G]\r\nk=1"})
-            QVERIFY(initext::parse(whole)->isWhole);
-        for (const char *damaged : {"[G\nk=1\n", "[G]\nk=1\nnonsense\n", "[G]\nk=\xE4\n"})
-            QVERIFY(!initext::parse(damaged)->isWhole);
-        QVERIFY(!initext::parse(QByteArray(64, '\0'))->isWhole); // as after a power cut
+        for (const char *whole :
+             {"", "; a\n\n \t\n[G] \n;b\n", "\xEF\xBB\xBF[G]\r\nk=1", "k=\"a;\";b\"\nl=1\\\n2"})
+            QVERIFY(initext::parse(whole).isWhole);
+        for (const char *damaged :
+             {"[G\nk=1\n", "[G]\nk=1\nnonsense\n", "[G]\nk=\xE4\n", "[G] k=1\n", "k=\"a\nl=\"b\n",
+              "k=1\nl=\"a", "k=@Variant(\\0\\0)", "k=1, @DateTime(x)\n"})
+            QVERIFY2(!initext::parse(damaged).isWhole, damaged);
+        QVERIFY(!initext::parse(QByteArray(64, '\0')).isWhole); // as after a power cut
+    }
+
+    /// Texts of all that has a meaning, mixed at random, and the same as values.
+    void readsAndWritesAsTheToolkitDoes()
+    {
+        static const QByteArrayView parts[] = {"=",
+                                               "\n",
+                                               "\r\n",
+                                               "\"",
+                                               "\\",
+                                               ",",
+                                               ";",
+                                               " ",
+                                               "[",
+                                               "]\n",
+                                               "%",
+                                               "U",
+                                               "00E4",
+                                               "41",
+                                               "x1",
+                                               "@",
+                                               "@@",
+                                               "@Size(",
+                                               "1 ",
+                                               ")",
+                                               "\\x8",
+                                               "\\0",
+                                               "\\n",
+                                               "@Point(",
+                                               "a",
+                                               "B",
+                                               "k=",
+                                               "\t",
+                                               "\\t",
+                                               "\xC3\xA4",
+                                               "[%gEneral]\n",
+                                               "[General]\n",
+                                               "@String(",
+                                               "\xF0\x9F\x98\x80",
+                                               "general",
+                                               "\n[G"};
+        QRandomGenerator random(13);
+        for (int round = 0; round < 3000; ++round) {
+            QByteArray text;
+            for (quint32 length = random.bounded(40U); length > 0; --length)
+                text += parts[random.bounded(quint32(std::size(parts)))];
+            // The toolkit remembers files: another of equal name, size and time would not be read.
+            const QString name = m_home->filePath(u"%1-%2.ini"_s.arg(round));
+            const QSettings::SettingsMap ours = initext::parse(text).values;
+            QCOMPARE(ours, readByToolkit(name.arg(1), text, ours));
+            const QByteArray written = initext::textOf(ours);
+            const QSettings::SettingsMap again = initext::parse(written).values;
+            QCOMPARE(again, readByToolkit(name.arg(2), written, again));
+            QCOMPARE(initext::textOf(again), written);
+        }
     }
 
     void losesNoValueInText()
@@ -62,11 +163,35 @@ private slots:
             {u"G/size"_s, QSize(3, -4)},
             {u"G/bytes"_s, QByteArray("\0\xFF(,\")", 6)},
             {u"G/list"_s, QStringList({u" a"_s, u"@b"_s, u"c;d"_s})},
+            {u"G/lists"_s, QVariantList({QRect(1, -2, 3, 4), QVariant(),
+                                         u"\x01"
+                                         u"f\0"_s})},
+            {u"G/none"_s, QVariantList()},
+            {u"G/one"_s, QVariantList({1.5})},
+            {u"G/time"_s, QDateTime(QDate(2026, 1, 2), QTime(3, 4), Qt::UTC)},
+            {u"G/number"_s, 0.1},
+            {u"G/char"_s, QChar(u'x')},
+            {u"G/map"_s, QVariantMap({{u"a"_s, 1}})},
             {u"General/explicit"_s, u"x"_s},
+            {u"general/other case"_s, u"y"_s},
+            {u"GENERAL/"_s, u"no key"_s},
+            {u""_s, u"neither key nor group"_s},
+            {u"/"_s, u"empty ones"_s},
             {u"Straße Nr. 5/\u20AC/a-b_c.d"_s, u"\"ä€😀\", =;\n"_s}};
-        const auto text = initext::textOf(values);
-        QVERIFY(text);
-        QCOMPARE(initext::parse(*text)->values, values);
+        const QByteArray text = initext::textOf(values);
+        QSettings::SettingsMap read = initext::parse(text).values;
+        QCOMPARE(read, readByToolkit(m_home->filePath(u"t.ini"_s), text, read));
+        QCOMPARE(read[u"G/number"_s].toDouble(), 0.1); // the toolkit makes a text of it,
+        QVERIFY(!read[u"G/none"_s].isValid());         // and nothing of an empty list
+        read[u"G/number"_s] = 0.1;
+        read[u"G/none"_s] = QVariantList();
+        for (auto value = values.begin(); value != values.end(); ++value)
+            QCOMPARE(read.take(value.key()), value.value());
+        QVERIFY(read.isEmpty());
+        // Beyond the toolkit's own: halves of pairs and the byte-order mark come back too.
+        const QSettings::SettingsMap odd{{u"k"_s, QString(QChar(0xD83D)) + u"d\uFEFF"_s},
+                                         {u"l"_s, u"\uFEFF"_s + QChar(0xDE00)}};
+        QCOMPARE(initext::parse(initext::textOf(odd)).values, odd);
     }
 
     void composesPaths()
@@ -185,6 +310,21 @@ private slots:
             }};
         for (int pair = 0; pair < 20; ++pair)
             check(deeds[pair % 5], deeds[pair % 4]);
+
+        int announced = 0;
+        connect(&UserDataManager(), &UserDataManagerI::onSavingUserConfigFiles, this,
+                [&](QSettings &file) {
+                    file.setValue("value"_L1, -++announced);
+                    throw std::runtime_error("of a listener");
+                });
+        for (int save = 1; save < 4; ++save) {
+            QVERIFY_EXCEPTION_THROWN(UserDataManager().SaveUserConfigFiles(), std::runtime_error);
+            QCOMPARE(announced, save);
+        }
+        const MessageLog log;
+        UserDataManagerI::Destroy();
+        QCOMPARE(log.lines().size(), 1);
+        QCOMPARE(bytesOf(m_file).right(9), "value=-4\n"_ba);
     }
 
     void setsDamagedFilesAsideAndKeepsLinks()
@@ -192,9 +332,19 @@ private slots:
         const QByteArray damaged = "[G]\nk=1\nnonsense \xFF\n";
         const QString target = m_home->filePath(u"elsewhere.ini"_s);
         writeBytes(target, damaged);
+        const QFile::Permissions secret = QFile::ReadOwner | QFile::WriteOwner;
+        QVERIFY(QFile::setPermissions(target, secret));
         QVERIFY(QDir().mkpath(m_base + u"/config"_s) && QFile::link(target, m_file));
         const MessageLog log;
         QSettings &settings = UserDataManager().GetSettingsConfigFile(DataScopeUser, true);
+        {
+            const Limit fullDisk(RLIMIT_FSIZE, 100); // room for the copy, but not for the file
+            for (int i = 0; i < 50; ++i) {
+                settings.setValue("G/l"_L1, u"x"_s.repeated(200));
+                UserDataManager().SaveUserConfigFiles();
+            }
+            QCOMPARE(copiesOf(target), QStringList());
+        }
         settings.setValue("G/l"_L1, 2);
         QCoreApplication::processEvents(); // the event loop writes as well
         QVERIFY(QFileInfo(m_file).isSymLink());
@@ -202,8 +352,75 @@ private slots:
         settings.setValue("G/l"_L1, 3);
         UserDataManager().SaveUserConfigFiles();
         QCOMPARE(log.lines().size(), 1);
-        const QRegularExpression named(u"\"([^\"]*\\.ini\\.broken-\\d{8}-\\d{6})\"$"_s);
-        QCOMPARE(bytesOf(named.match(log.lines()[0]).captured(1)), damaged);
+        const QRegularExpression named(
+            u"^ConfigFile::save .*\"([^\"]*\\.ini\\.broken-\\d{8}-\\d{6})\"$"_s);
+        const QString copy = named.match(log.lines()[0]).captured(1);
+        QCOMPARE(bytesOf(copy), damaged);
+        QVERIFY(!(QFile::permissions(copy) & (QFile::ReadGroup | QFile::ReadOther)));
+        for (int start = 0; start < 3; ++start) { // the same damage once more
+            UserDataManagerI::Destroy();
+            writeBytes(target, damaged);
+            UserDataManager().GetSettingsConfigFile(DataScopeUser, true).setValue("l"_L1, start);
+        }
+        UserDataManagerI::Destroy();
+        QCOMPARE(copiesOf(target), QStringList(QFileInfo(copy).fileName()));
+    }
+
+    void replacesNoFileThatItCouldNotRead()
+    {
+        QByteArray stored = "[G]\n";
+        for (int i = 100; i < 300; ++i)
+            stored += "k" + QByteArray::number(i) + "=1\n";
+        writeBytes(m_file, stored);
+        qputenv("TMPDIR", "/nowhere");
+        UserDataManager().GetSettingsConfigFile(DataScopeUser, true).setValue("G/a"_L1, 1);
+        UserDataManagerI::Destroy();
+        qunsetenv("TMPDIR");
+        stored.insert(4, "a=1\n");
+        QCOMPARE(bytesOf(m_file), stored);
+
+        writeBytes(m_file, stored += "z=1\n"); // others have written
+        {
+            const Limit noFile(RLIMIT_NOFILE, 0);
+            UserDataManager().SaveUserConfigFiles();
+        }
+        QSettings &settings = UserDataManager().GetSettingsConfigFile(DataScopeUser, true);
+        settings.setValue("G/a"_L1, 2);
+        UserDataManager().SaveUserConfigFiles();
+        QCOMPARE(bytesOf(m_file), stored.replace("a=1", "a=2"));
+        QCOMPARE(settings.value("G/z"_L1), u"1"_s);
+
+        const QDateTime time = QFileInfo(m_file).lastModified();
+        writeBytes(m_file, stored.replace("z=1", "y=5")); // of equal size and time
+        QFile file(m_file);
+        QVERIFY(file.open(QIODevice::Append) &&
+                file.setFileTime(time, QFileDevice::FileModificationTime));
+        file.close();
+        settings.setValue("G/a"_L1, 3);
+        UserDataManager().SaveUserConfigFiles();
+        QCOMPARE(bytesOf(m_file), stored.replace("a=2", "a=3"));
+    }
+
+    void waitsForNoOne()
+    {
+        writeBytes(m_file + u".lock"_s, ""); // of one that died while it took the lock
+        QSettings &settings = UserDataManager().GetSettingsConfigFile(DataScopeUser, true);
+        settings.setValue("k"_L1, 1);
+        UserDataManager().SaveUserConfigFiles();
+        QCOMPARE(bytesOf(m_file), "[General]\nk=1\n"_ba);
+
+        QLockFile lock(m_file + u".lock"_s);
+        QVERIFY(lock.tryLock(0));
+        settings.setValue("k"_L1, 2);
+        const MessageLog log;
+        UserDataManagerI::Destroy();
+        const QRegularExpression named(
+            u"^ConfigFile::save .* locked by process %1 \\(tst_userdata\\) : .*/settings.ini$"_s
+                .arg(QCoreApplication::applicationPid()));
+        QCOMPARE(log.lines().filter(named).size(), 1);
+        QCOMPARE(bytesOf(m_file), "[General]\nk=1\n"_ba);
+        lock.unlock();
+        QTRY_COMPARE(bytesOf(m_file), "[General]\nk=2\n"_ba);
     }
 
     void keepsWhatOthersSavedAndWhatCannotBeSaved()

@@ -3,7 +3,7 @@
 // findings, what the filter offers and why it leaves nothing, recent plans, time left, icons.
 #include "dxf/sheets/filterplan_p.h"
 #include "dxf/workbench/attributecompletion_p.h"
-#include "dxf/workbench/diagnosticmodel_p.h"
+#include "dxf/workbench/findingmodel_p.h"
 #include "dxf/workbench/inkicon_p.h"
 #include "dxf/workbench/recentplans_p.h"
 #include "dxf/workbench/remainingtime_p.h"
@@ -146,9 +146,9 @@ void TestDialogParts::saysWhyNothingIsLeft()
 {
     const DxfDrawing drawing = smallPlan();
     const auto row = [&](const FilterFields &fields, const char *reason) {
-        const QString said = WhyNoSheets(drawing, FilterOf(fields));
+        const QString said = dxftools::whyNoSheets(drawing, dxftools::filterOf(fields));
         QVERIFY2(said == QString::fromUtf8(reason), said.toUtf8());
-        QCOMPARE(SelectSheets(drawing, FilterOf(fields))->empty(), !said.isEmpty());
+        QCOMPARE(SelectSheets(drawing, dxftools::filterOf(fields))->empty(), !said.isEmpty());
     };
     const auto with = [](const QString &tag, const QString &value) {
         return FilterFields{true, tag, value, false, u"unchecked"_s};
@@ -169,20 +169,20 @@ void TestDialogParts::saysWhyNothingIsLeft()
         "All sheets that would be left have the attribute 'BL_NR', so they are not included");
     DxfDrawingBuilder frameless;
     addInsert(frameless, "nowhere", {{"BL_NR", "1"}});
-    QVERIFY(WhyNoSheets(frameless.Take(), {}).contains(u"sheet frame"_s));
-    QCOMPARE(WhyNoSheets({}, {}), u"The plan has no block inserts"_s);
+    QVERIFY(dxftools::whyNoSheets(frameless.Take(), {}).contains(u"sheet frame"_s));
+    QCOMPARE(dxftools::whyNoSheets({}, {}), u"The plan has no block inserts"_s);
 }
 
 void TestDialogParts::findsTheSheetOfADiagnostic()
 {
     DxfDrawing drawing = smallPlan();
-    DiagnosticModel model;
-    model.setDiagnostics({{Severity::Note, {}, 12, 0, {}, u"%2"_s}});
+    FindingModel model;
+    model.setFindings({{PlanFinding::Severity::Note, {}, 12, 0, {}, u"%2"_s}});
     QCOMPARE(model.index(0).data().toString(), u"Line 12: %2"_s);
     const auto sheetAt = [&](qint64 place) {
-        Diagnostic diagnostic;
+        PlanFinding diagnostic;
         (drawing.IsBinary() ? diagnostic.offset : diagnostic.line) = place;
-        return SheetOf(diagnostic, drawing, std::vector<quint32>{4, 3, 2});
+        return dxftools::sheetOf(diagnostic, drawing, std::vector<quint32>{4, 3, 2});
     };
     for (const bool isBinary : {false, true}) {
         drawing.SetBinary(isBinary);
@@ -192,7 +192,7 @@ void TestDialogParts::findsTheSheetOfADiagnostic()
     }
     // What the analysis itself says of a binary plan leads there, too.
     const auto analysis = *AnalyzeSheets(drawing, {}, CornerOrder::Upright, {});
-    QCOMPARE(SheetOf(analysis.diagnostics[0], drawing, analysis.sheets), 3U);
+    QCOMPARE(dxftools::sheetOf(analysis.diagnostics[0], drawing, analysis.sheets), 3U);
 }
 
 void TestDialogParts::offersWhatFiltersExactly()
@@ -207,26 +207,31 @@ void TestDialogParts::offersWhatFiltersExactly()
         addInsert(plan, "symbol", {{"V", "of no sheet"}});
         const DxfDrawing drawing = plan.Take();
         const bool isUtf8 = drawing.HasUtf8Texts();
-        const QStringList values = OfferValues(drawing, u"V"_s);
+        QStringList values;
+        for (const AttributeOffer &offer : dxftools::offerValues(drawing, u"V"_s)) {
+            values << offer.text;
+            QCOMPARE(offer.inserts, offer.text == u"b10"_s ? 2 : 1);
+        }
         QCOMPARE(values.join(u'|'), isUtf8 ? u"|B|b9|b10|ü"_s : u"|B|b9|b10|Ã¼|ü"_s);
         for (const QString &value : values)
             QVERIFY(!SelectSheets(drawing, {With{u"V"_s, value}, {}})->empty());
-        std::vector<TagOffer> tags{{u"V"_s, 9}};
+        std::vector<AttributeOffer> tags{{u"V"_s, 9}};
         if (!isUtf8) // where it is broken
             tags.push_back({u"Ä"_s, 7});
-        QCOMPARE(OfferTags(drawing), tags);
+        QCOMPARE(dxftools::offerTags(drawing), tags);
     }
-    TagModel model;
-    model.setTags({{u"%n"_s, 3}});
+    OfferModel model;
+    model.setOffers({{u"%n"_s, 3}, {u""_s, 1}});
     QCOMPARE(model.index(0).data().toString(), u"%n (3 inserts)"_s);
     QCOMPARE(model.index(0).data(Qt::EditRole).toString(), u"%n"_s);
+    QCOMPARE(model.index(1).data().toString(), u"(empty) (1 insert)"_s);
 }
 
 void TestDialogParts::keepsRecentPlans()
 {
     const QTemporaryDir dir;
     QSettings settings(dir.filePath(u"settings.ini"_s), QSettings::IniFormat);
-    QCOMPARE(ReadRecentPlans(settings), RecentPlans());
+    QCOMPARE(dxftools::readRecentPlans(settings), RecentPlans());
     RecentPlans plans;
     for (int i = 0; i < 12; ++i)
         plans.Add(u"/plans/%1.dxf"_s.arg(i));
@@ -236,14 +241,14 @@ void TestDialogParts::keepsRecentPlans()
     QCOMPARE(plans.Paths().size(), 9);
     QCOMPARE(plans.Paths().first(), u"/plans/5.dxf"_s);
     QCOMPARE(plans.Paths().last(), u"/plans/2.dxf"_s);
-    WriteRecentPlans(settings, plans);
-    QCOMPARE(ReadRecentPlans(settings), plans);
+    dxftools::writeRecentPlans(settings, plans);
+    QCOMPARE(dxftools::readRecentPlans(settings), plans);
 }
 
 void TestDialogParts::drawsIconsInTheInkOfThePalette()
 {
     const QPalette before = QGuiApplication::palette();
-    const QIcon icon = InkIcon(u":/kelo_base/images/zoom-fit.svg"_s);
+    const QIcon icon = dxftools::inkIcon(u":/kelo_base/images/zoom-fit.svg"_s);
     for (const QColor &ink : {QColor(Qt::black), QColor(Qt::white)}) {
         QPalette palette = before;
         palette.setColor(QPalette::ButtonText, ink);
@@ -276,7 +281,7 @@ void TestDialogParts::tellsTheTimeLeft()
     qint64 shown = 0;
     for (qint64 left = 200'000; left > 0; left -= 50) {
         const qint64 estimate = left + random.bounded(-1, 2) * (left / 25);
-        const qint64 before = std::exchange(shown, SteadySeconds(estimate, shown));
+        const qint64 before = std::exchange(shown, dxftools::steadySeconds(estimate, shown));
         QVERIFY2(before == 0 || shown <= before, QByteArray::number(left));
         QVERIFY2(shown * 1000 > left * 4 / 5 - 1000, QByteArray::number(left));
     }

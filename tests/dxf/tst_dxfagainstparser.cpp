@@ -2,11 +2,13 @@
 // The fast way of reading against the bare parser, over random plans, whole and mutated; and the
 // fuzzer's promises over its seeds, which hold whatever it has once found.
 #include "dxf/read/dxfconvertcreationadapter_p.h"
+#include "dxf/read/realnumber_p.h"
 #include "fuzz/checkplan.h"
 #include "tests/support/PlanPairs.h"
 #include <QBuffer>
 #include <QRandomGenerator>
 #include <QtTest>
+#include <bit>
 #include <dl_dxf.h>
 #include <kelo_base/dxf/DxfReader.h>
 #include <sstream>
@@ -60,6 +62,16 @@ private:
     int upTo(int highest) { return m_random.bounded(highest + 1); }
     QByteArray oneOf(const QByteArrayList &texts) { return texts[m_random.bounded(texts.size())]; }
     QByteArray name() { return oneOf({"A", "B", "Blatt_1", "Stra\337e", "a"}); }
+    QByteArray insertNumbers()
+    {
+        QByteArray text;
+        for (const char *code : {"41", "42", "44", "45", "50", "210", "220", "230"})
+            if (m_random.bounded(4) == 0)
+                text += '|' + QByteArray(code) + ' ' + number();
+        if (flip())
+            text += "|230 " + oneOf({"1", "-1", "-1.0"});
+        return flip() ? text : text + "|70 " + oneOf({"1", "2", "0", "-3"}) + "|71 4";
+    }
     QByteArray number()
     {
         const double number = (m_random.generateDouble() - 0.3) * std::pow(10, upTo(8));
@@ -90,7 +102,7 @@ private:
 
     QByteArray insert()
     {
-        QByteArray text = "|0 INSERT|8 0|66 1|2 " + name() + "|41 2.0|50 30" + point();
+        QByteArray text = "|0 INSERT|8 0|66 1|2 " + name() + point() + insertNumbers();
         for (int i = upTo(3); i > 0; --i)
             text += "|0 ATTRIB|1 " + number() + "|2 " +
                     oneOf({"BL_NR", "Bl_Nr", "TITEL", "bl_nr"}) + "|70 0";
@@ -127,6 +139,63 @@ DxfDrawing readByParser(const QByteArray &plan)
     return adapter.takeDrawing();
 }
 
+/// A number as someone may write it, or nearly one.
+QByteArray spelled(QRandomGenerator &random)
+{
+    const auto oneOf = [&](const QByteArrayList &texts) {
+        return texts[random.bounded(texts.size())];
+    };
+    const auto digits = [&](int most) {
+        QByteArray text;
+        for (int i = random.bounded(most + 1); i > 0; --i)
+            text += static_cast<char>('0' + random.bounded(10));
+        return text;
+    };
+    const int most = random.bounded(4) == 0 ? 40 : 8;
+    QByteArray text = oneOf({"", "", "-", "+"}) + oneOf({"", "", "000"}) + digits(most) +
+                      oneOf({"", ".", ".", ","}) + digits(most);
+    if (random.bounded(3) == 0)
+        text += oneOf({"e", "E"}) + oneOf({"", "-", "+"}) + digits(random.bounded(8) == 0 ? 5 : 2);
+    return oneOf({"", " ", "\t "}) + text + oneOf({"", "  "});
+}
+
+/// Keeps what the parser's creation interface is handed.
+class VertexCollector : public DL_CreationAdapter
+{
+public:
+    void addVertex(const DL_VertexData &vertex) override
+    {
+        vertices.push_back({vertex.x, vertex.y});
+    }
+    std::vector<DxfVertex> vertices;
+};
+
+/// What shows every bit, and how inserts are placed.
+QByteArray bitsOf(const DxfDrawing &drawing)
+{
+    QByteArray text = textOf(drawing);
+    const auto add = [&text](double number) {
+        text += ' ' + QByteArray::number(std::bit_cast<quint64>(number), 16);
+    };
+    for (const DxfBlock &block : drawing.Blocks()) {
+        add(drawing.BasePoint(block).x);
+        add(drawing.BasePoint(block).y);
+        for (const DxfPolyline &polyline : drawing.Polylines(block))
+            text += polyline.mirrored ? " from below" : "";
+    }
+    for (std::size_t i = 0; i < drawing.Inserts().size(); ++i) {
+        const DxfPlacement placement = drawing.Placement(i);
+        for (const double number :
+             {placement.position.x, placement.position.y, placement.scaleX, placement.scaleY,
+              placement.angle, placement.columnSpacing, placement.rowSpacing})
+            add(number);
+        text += ' ' + QByteArray::number(placement.columns) + 'x' +
+                QByteArray::number(placement.rows) + '/' +
+                QByteArray::number(static_cast<int>(placement.plane));
+    }
+    return text;
+}
+
 } // namespace
 
 class TestDxfAgainstParser : public QObject
@@ -135,6 +204,7 @@ class TestDxfAgainstParser : public QObject
 
 private slots:
     void agreesOnWholeAndMutatedPlans();
+    void convertsEverySpellingAsTheParser();
     void keepsThePromisesOfTheFuzzer();
 };
 
@@ -157,12 +227,67 @@ void TestDxfAgainstParser::agreesOnWholeAndMutatedPlans()
         QVERIFY2(ours, ours ? "" : qPrintable(ours.error->message));
         const DxfDrawing theirs = readByParser(plan);
         QVERIFY2(textOf(ours.drawing) == textOf(theirs), plan);
+        if (mutations == 0) // the parser takes anything for a placement
+            QVERIFY2(bitsOf(ours.drawing) == bitsOf(theirs),
+                     bitsOf(ours.drawing) + '\n' + bitsOf(theirs) + '\n' + plan);
         QCOMPARE(ours.drawing.Version(), theirs.Version());
         QCOMPARE(ours.drawing.CodePage(), theirs.CodePage());
         inserts += theirs.Inserts().size();
         ++accepted;
     }
     QVERIFY(accepted > 3'000 && inserts > 3'000); // the plans did hold something
+}
+
+void TestDxfAgainstParser::convertsEverySpellingAsTheParser()
+{
+    QRandomGenerator random(314);
+    QByteArrayList spellings{"0",
+                             "-0",
+                             "+0",
+                             "-.0e5",
+                             "1e308",
+                             "-1e-320",
+                             "1e-999",
+                             "-1e-999",
+                             "4.9e-324",
+                             "2.5e-324",
+                             "-2.4e-324",
+                             "0." + QByteArray(400, '0') + "1",
+                             QByteArray(300, '9'),
+                             "9007199254740993",
+                             "0.1e-00005",
+                             "1,5e3",
+                             "1.7976931348623157e308",
+                             "2.2250738585072011e-308",
+                             '1' + QByteArray(400, '0') + "e-400"};
+    while (spellings.size() < 60'000)
+        spellings << spelled(random);
+    spellings.removeIf([](const QByteArray &s) { return !realNumber(s.toStdString()); });
+    QVERIFY(spellings.size() > 40'000);
+    spellings.resize(spellings.size() / 2 * 2);
+    QByteArray plan = "0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\nA\n0\nPOLYLINE\n";
+    for (qsizetype i = 0; i < spellings.size(); i += 2)
+        plan += "0\nVERTEX\n10\n" + spellings[i] + "\n20\n" + spellings[i + 1] + '\n';
+    plan += "0\nSEQEND\n0\nENDBLK\n0\nENDSEC\n0\nEOF\n";
+    VertexCollector theirs;
+    std::istringstream stream(plan.toStdString());
+    DL_Dxf().in(stream, &theirs);
+    QBuffer buffer(&plan);
+    buffer.open(QIODevice::ReadOnly);
+    const DxfReadResult ours = ReadDxf(buffer, u"plan"_s);
+    QVERIFY(bool(ours));
+    const auto vertices =
+        ours.drawing.Vertices(ours.drawing.Polylines(ours.drawing.Blocks()[0])[0]);
+    QCOMPARE(vertices.size(), theirs.vertices.size());
+    QCOMPARE(static_cast<qsizetype>(vertices.size()), spellings.size() / 2);
+    const auto isSame = [](double a, double b) {
+        return std::bit_cast<quint64>(a) == std::bit_cast<quint64>(b);
+    };
+    for (std::size_t i = 0; i < vertices.size(); ++i) {
+        const auto at = static_cast<qsizetype>(2 * i);
+        QVERIFY2(isSame(vertices[i].x, theirs.vertices[i].x), spellings[at]);
+        QVERIFY2(isSame(vertices[i].y, theirs.vertices[i].y), spellings[at + 1]);
+    }
 }
 
 void TestDxfAgainstParser::keepsThePromisesOfTheFuzzer()

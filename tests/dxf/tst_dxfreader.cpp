@@ -26,7 +26,7 @@ PlanPairs planOf(const QByteArray &blocks, const QByteArray &entities)
     return pairsOf(kHead + blocks + kMiddle + entities + kTail);
 }
 
-DxfReadResult read(const QByteArray &bytes, const ReadProgress &progress = {})
+DxfReadResult read(const QByteArray &bytes, const PlanProgress &progress = {})
 {
     QBuffer buffer;
     buffer.setData(bytes);
@@ -83,6 +83,11 @@ class TestDxfReader : public QObject
 private slots:
     void initTestCase() { std::locale::global(m_comma); }
     void understands();
+    void showsTextsInTheirEncoding_data();
+    void showsTextsInTheirEncoding();
+    void knowsDynamicBlocksByName_data();
+    void knowsDynamicBlocksByName();
+    void takesNumbersFromAnotherTag();
     void toleratesTheForm();
     void refuses();
     void refusesForeignFiles();
@@ -103,7 +108,7 @@ void TestDxfReader::understands()
         const DxfReadResult result = read(asciiPlan(pairs));
         QVERIFY2(answerOf(result) == drawing, name + (": " + answerOf(result)));
         QByteArrayList warnings;
-        for (const Diagnostic &told : result.diagnostics)
+        for (const PlanFinding &told : result.diagnostics)
             warnings << QByteArray::number(told.line) + ": " + told.text.toUtf8();
         QVERIFY2(warnings.join('\n') == warning, name + (": " + warnings.join('\n')));
         QVERIFY(warnings.empty() || result.diagnostics.front().file == u"plan.dxf"_s);
@@ -158,6 +163,120 @@ void TestDxfReader::understands()
     row("odd numbers",
         "0 BLOCK|2 B|0 LWPOLYLINE|10 +1.5|20 -.5E+1|10 7.|20 1,25|10   8 |20 1e-999|0 ENDBLK",
         kNothing, "B[1.5,-5 7,1.25 8,0]");
+}
+
+void TestDxfReader::showsTextsInTheirEncoding_data()
+{
+    QTest::addColumn<QByteArray>("header");
+    QTest::addColumn<QString>("encoding");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("text");
+    const auto row = [](const char *name, const QByteArray &header, const QByteArray &bytes,
+                        const QString &text, const QString &encoding = {}) {
+        QTest::newRow(name) << header << encoding << bytes << text;
+    };
+    const QByteArray old = "9 $ACADVER|1 AC1018|9 $DWGCODEPAGE|3 ";
+    row("nothing said is Latin-1", "9 $ACADVER|1 AC1018", "\xDC\x80", u"Ü\u0080"_s);
+    row("a code page nobody knows is Latin-1", old + "ansi_9999", "\xDC", u"Ü"_s);
+    row("Western Windows has a euro", old + "ANSI_1252", "\xDC\x80", u"Ü€"_s);
+    row("names have any case", old + "ansi_1251", "\xC4\xE0", u"Да"_s);
+    row("Greek", old + "ANSI_1253", "\xE1", u"α"_s);
+    row("DOS", old + "dos850", "\x9A\xE1", u"Üß"_s);
+    row("DOS by its other name", old + "CP1250", "\xA3", u"Ł"_s);
+    row("ISO", old + "ISO8859-2", "\xA3", u"Ł"_s);
+    row("ISO by its other name", old + "8859_5", "\xB0", u"А"_s);
+    row("Apple", old + "MACINTOSH", "\x86", u"Ü"_s);
+    row("Japanese", old + "ANSI_932", "\x90\x7D\x96\xCA", u"図面"_s);
+    row("Chinese", old + "GB2312", "\xCD\xBC", u"图"_s);
+    row("Korean", old + "ANSI_949", "\xB5\xB5", u"도"_s);
+    row("new plans are UTF-8 whatever code page they name",
+        "9 $ACADVER|1 AC1021|9 $DWGCODEPAGE|3 ANSI_1251", "\xC3\x9C", u"Ü"_s);
+    row("the user knows better", old + "ANSI_1252", "\xC4", u"Д"_s, u"windows-1251"_s);
+    row("the user knows better than a new plan", "9 $ACADVER|1 AC1032", "\xC4", u"Д"_s,
+        u"ANSI_1251"_s);
+    row("the user knows of UTF-8", old + "ANSI_1252", "\xC3\x9C", u"Ü"_s, u"utf8"_s);
+    row("escapes", old + "ANSI_1252",
+        "\\U+0141\xF3"
+        "d\\U+017a",
+        u"Łódź"_s);
+    row("escapes in a new plan", "9 $ACADVER|1 AC1032", "a\\U+2300b", u"a\u2300b"_s);
+    row("escapes of a pair", old + "ANSI_1252", "\\U+D83D\\U+DDFA", u"\U0001F5FA"_s);
+    row("escapes in the five of two bytes", old + "ANSI_1252",
+        "\\M+1907D\\M+2B9CF\\M+3B5B5\\M+5CDBC", u"図圖도图"_s);
+    row("what looks like escapes", old + "ANSI_1252", "\\U+12\\u+00DC\\U+00G0\\M+99999\\M+1\\",
+        u"\\U+12\\u+00DC\\U+00G0\\M+99999\\M+1\\"_s);
+}
+
+void TestDxfReader::showsTextsInTheirEncoding()
+{
+    QFETCH(const QByteArray, header);
+    QFETCH(const QString, encoding);
+    QFETCH(const QByteArray, bytes);
+    QFETCH(const QString, text);
+    QBuffer buffer;
+    buffer.setData(asciiPlan(pairsOf("0 SECTION|2 HEADER|" + header + kMiddle +
+                                     "0 INSERT|2 A|0 ATTRIB|2 N|1 " + bytes + kTail)));
+    buffer.open(QIODevice::ReadOnly);
+    const DxfReadResult result = ReadDxf(buffer, u"plan.dxf"_s, {}, {.encoding = encoding});
+    QVERIFY(bool(result));
+    const auto value = result.drawing.FindAttribute(result.drawing.Inserts()[0], "N");
+    QCOMPARE(QByteArray::fromStdString(std::string(*value)), bytes);
+    QCOMPARE(result.drawing.DisplayText(*value), text);
+}
+
+void TestDxfReader::knowsDynamicBlocksByName_data()
+{
+    QTest::addColumn<QByteArray>("tables");
+    QTest::addColumn<QByteArray>("name");
+    const auto row = [](const char *name, const QByteArray &tables, const QByteArray &shown) {
+        QTest::newRow(name) << tables << shown;
+    };
+    const QByteArray variant = "|0 BLOCK_RECORD|5 A91|2 *U18|1001 AcDbBlockRepBTag|1070 1|1005 a7E";
+    const QByteArray block = "|0 BLOCK_RECORD|5 A7E|2 Blatt";
+    row("nothing known", "0 TABLE", "*U18");
+    row("the block before its variant", "0 TABLE" + block + variant, "Blatt");
+    row("the block behind its variant", "0 TABLE" + variant + block, "Blatt");
+    row("a block with a true name",
+        "0 TABLE" + variant + block + "|1001 AcDbDynamicBlockTrueName|1000 Rahmen|1001 X|1000 no",
+        "Rahmen");
+    row("a block that is gone", "0 TABLE" + variant, "*U18");
+    row("data of someone else", "0 TABLE|0 BLOCK_RECORD|5 A91|2 *U18|1001 X|1005 A7E" + block,
+        "*U18");
+    row("handles that are none", "0 TABLE|0 BLOCK_RECORD|5 x|2 *U18|1001 AcDbBlockRepBTag|1005 x",
+        "*U18");
+}
+
+void TestDxfReader::knowsDynamicBlocksByName()
+{
+    QFETCH(const QByteArray, tables);
+    QFETCH(const QByteArray, name);
+    const PlanPairs pairs =
+        pairsOf("0 SECTION|2 TABLES|" + tables + "|0 ENDSEC|" + kHead + "0 BLOCK|2 *U18|0 ENDBLK" +
+                kMiddle + "0 INSERT|2 *U18" + kTail);
+    for (const QByteArray &plan : {asciiPlan(pairs), binaryPlan(pairs, true)}) {
+        const DxfReadResult result = read(plan);
+        QVERIFY(bool(result));
+        const DxfInsert &insert = result.drawing.Inserts()[0];
+        QCOMPARE(result.drawing.ShownBlockName(insert), name.toStdString());
+        QCOMPARE(result.drawing.ShownName(*result.drawing.BlockOf(insert)), name.toStdString());
+        QCOMPARE(result.drawing.BlockName(insert), "*U18");
+    }
+}
+
+void TestDxfReader::takesNumbersFromAnotherTag()
+{
+    QBuffer buffer;
+    buffer.setData(
+        asciiPlan(planOf(kFrame + "|0 BLOCK|2 B|0 INSERT|2 A|0 ATTRIB|2 Nr\374|1 5|0 INSERT|2 A|"
+                                  "0 ATTRIB|2 BL_NR|1 6|0 ENDBLK",
+                         "0 ATTRIB|2 Nr\374|1 1|" + kSheet)));
+    buffer.open(QIODevice::ReadOnly);
+    const DxfReadResult result = ReadDxf(buffer, u"plan.dxf"_s, {}, {.numberTag = u"Nrü"_s});
+    QVERIFY(bool(result));
+    QCOMPARE(answerOf(result), kFrameText + " B[] | A BL_NR=17 | nested A Nr\374=5");
+    QCOMPARE(result.drawing.NumberTag(), "Nr\374");
+    QCOMPARE(result.diagnostics.size(), 1U);
+    QCOMPARE(result.diagnostics[0].subject, u"1"_s);
 }
 
 void TestDxfReader::toleratesTheForm()

@@ -2,7 +2,8 @@
 // What a technician sees and gets in the workbench dialog, from the plan to the file exported.
 #include "dxf/workbench/dxfdialogtexts_p.h"
 #include "dxf/workbench/messageline_p.h"
-#include "dxf/workbench/readingprogress_p.h"
+#include "dxf/workbench/panelparts_p.h"
+#include "dxf/workbench/readingbar_p.h"
 #include "dxf/workbench/sheetpictureview_p.h"
 #include "dxf/workbench/sheettablemodel_p.h"
 #include "tests/support/PlanPairs.h"
@@ -100,13 +101,20 @@ struct Bench
         qobject_cast<QGroupBox *>(field->parentWidget())->setChecked(true);
         QTest::keyClicks(field, text);
     }
+    /// Keys reach shortcuts of the widget that has the focus only in an active window.
+    void focus(QWidget *widget) const
+    {
+        dialog->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(dialog));
+        widget->setFocus();
+    }
     void press(const char *name) const { find<QAbstractButton>(name)->click(); }
     /// Does this as soon as the progress is shown.
     void whileReading(const std::function<void()> &action) const
     {
-        auto *progress = dialog->findChild<ReadingProgress *>();
+        auto *progress = dialog->findChild<ReadingBar *>();
         progress->setPace({.shownAfter = 0, .eventsEvery = 0});
-        QObject::connect(progress, &ReadingProgress::becameLong, qApp,
+        QObject::connect(progress, &ReadingBar::becameLong, qApp,
                          [action] { QTimer::singleShot(0, qApp, action); });
     }
 
@@ -149,6 +157,7 @@ class TestDxfToolsDialog : public QObject
     Q_OBJECT
 
 private slots:
+    void init() { InstallTranslation(QLocale::c()); }
     void exportsWhatIsChosenAndMarked();
     void followsFilterAndOption();
     void sharesTheSelection();
@@ -161,6 +170,16 @@ private slots:
     void tellsWhatWasNotWritten();
     void keepsAnOlderFileWhole();
     void hasOneMnemonicForEach();
+    void marksManyAtOnce();
+    void offersWhatThePlanHas();
+    void leadsFromSheetsToFindings();
+    void copiesTables();
+    void fitsSmallScreens();
+    void tellsScreenReadersWhatIsWhat();
+    void keepsItsLayoutWhileReading();
+    void writesQuietlyButReadably();
+    void tellsWhatAnExportChanged();
+    void appliesInsertPositions();
 };
 
 void TestDxfToolsDialog::exportsWhatIsChosenAndMarked()
@@ -230,9 +249,11 @@ void TestDxfToolsDialog::sharesTheSelection()
     emit picture->sheetsPicked({0, 2});
     QCOMPARE(bench.sheets(), u"2 3 [7] 7 [10]"_s);
     auto *findings = bench.find<QListView>("findingList");
-    QCOMPARE(findings->model()->rowCount(), 1); // a number used twice
+    const QModelIndexList twice = findings->model()->match(
+        findings->model()->index(0, 0), Qt::DisplayRole, u"'7'"_s, 1, Qt::MatchContains);
+    QCOMPARE(twice.size(), 1);
     QTest::mouseClick(findings->viewport(), Qt::LeftButton, {},
-                      findings->visualRect(findings->model()->index(0, 0)).center());
+                      findings->visualRect(twice.first()).center());
     QCOMPARE(bench.sheets(), u"2 3 7 [7] 10"_s);
 }
 
@@ -241,7 +262,7 @@ void TestDxfToolsDialog::keepsThePlaceOfTheKeyboard()
     const Bench bench;
     bench.put("large.dxf", kLargePlan);
     bench.dialog->activateWindow();
-    auto *progress = bench.dialog->findChild<ReadingProgress *>();
+    auto *progress = bench.dialog->findChild<ReadingBar *>();
     progress->setPace({.shownAfter = 0, .eventsEvery = 0});
     bench.read("large.dxf"); // gives the focus back to the first button
     progress->setPace({});
@@ -256,7 +277,8 @@ void TestDxfToolsDialog::keepsThePlaceOfTheKeyboard()
 
     bench.type("edtIncludeTag", u"KIND"_s);
     const auto *values = bench.find<QLineEdit>("edtIncludeValue")->completer()->model();
-    QTRY_COMPARE(values->rowCount(), 2);
+    bench.find<QLineEdit>("edtIncludeValue")->setFocus();
+    QCOMPARE(values->rowCount(), 2);
     const QPersistentModelIndex place = values->index(1, 0);
     bench.type("edtIncludeValue", u"la"_s);
     const auto *findings = bench.find<QListView>("findingList")->model();
@@ -469,6 +491,234 @@ void TestDxfToolsDialog::hasOneMnemonicForEach()
         }
         QVERIFY(owners.size() >= 15);
     }
+}
+
+void TestDxfToolsDialog::marksManyAtOnce()
+{
+    // The first has no number, and so no check box.
+    const Bench bench(planOf(kFourSheets + QByteArrayList{"0 INSERT|2 A"}));
+    bench.read();
+    bench.focus(bench.list);
+    bench.list->setCurrentIndex(bench.list->model()->index(0, 0));
+    bench.list->selectAll();
+    QTest::keyClick(bench.list, Qt::Key_Space);
+    QCOMPARE(bench.sheets(), u"[-] [-2] [-3] [-7] [-10]"_s);
+    bench.list->clearSelection();
+    bench.list->selectRow(2);
+    bench.press("btnMarkSelected");
+    bench.press("btnMarkSelected"); // no toggle
+    QCOMPARE(bench.sheets(), u"- -2 [3] -7 -10"_s);
+    auto *picture = bench.dialog->findChild<SheetPictureView *>();
+    emit picture->sheetsPicked({0, 1}); // 10 and 2
+    QTest::keyClick(picture, Qt::Key_Space);
+    QCOMPARE(bench.sheets(), u"- [2] 3 -7 [10]"_s);
+    QVERIFY(bench.find<QLabel>("lblToBeExported")->text().contains(u'3'));
+}
+
+void TestDxfToolsDialog::offersWhatThePlanHas()
+{
+    const Bench bench;
+    bench.read();
+    bench.focus(bench.list);
+    bench.find<QGroupBox>("grpInclude")->setChecked(true);
+    const auto choose = [&](const char *name, const QString &offered) {
+        auto *field = bench.find<QLineEdit>(name);
+        field->setFocus(Qt::TabFocusReason);
+        auto *list = field->completer()->popup();
+        QTRY_VERIFY(list->isVisible()); // though nothing was typed
+        QCOMPARE(list->model()->index(1, 0).data().toString(), offered);
+        QTest::keyClick(list, Qt::Key_Down);
+        QTest::keyClick(list, Qt::Key_Down);
+        QTest::keyClick(list, Qt::Key_Return);
+    };
+    choose("edtIncludeTag", u"KIND (4 inserts)"_s);
+    choose("edtIncludeValue", u"land (1 insert)"_s);
+    QCOMPARE(bench.sheets(), u"7"_s);
+    auto *tag = bench.find<QLineEdit>("edtIncludeTag");
+    tag->setText(u"k"_s);
+    QVERIFY(!tag->completer()->popup()->isVisible());
+    QTest::keyClick(tag, Qt::Key_Down);
+    QVERIFY(tag->completer()->popup()->isVisible());
+    QTest::keyClick(tag->completer()->popup(), Qt::Key_Escape);
+}
+
+void TestDxfToolsDialog::leadsFromSheetsToFindings()
+{
+    const Bench bench(planOf(kFourSheets + QByteArrayList{sheet("7", "town"), "0 INSERT|2 A"}));
+    bench.read();
+    auto *findings = bench.find<QListView>("findingList");
+    const auto *title = [&] {
+        for (const QLabel *label : bench.dialog->findChildren<QLabel *>())
+            if (label->buddy() == findings)
+                return label;
+        return static_cast<const QLabel *>(nullptr);
+    }();
+    QCOMPARE(title->text(), u"&Findings: 2 warnings, 1 note"_s);
+    const auto selected = [&] { return findings->selectionModel()->selectedIndexes(); };
+    bench.list->selectRow(4); // the second 7
+    QCOMPARE(selected().size(), 1);
+    QVERIFY(selected().first().data().toString().contains(u"'7'"_s));
+    bench.list->selectRow(1);
+    QVERIFY(selected().isEmpty());
+    // Another plan is shown from its beginning.
+    bench.put("large.dxf", kLargePlan);
+    bench.read("large.dxf");
+    bench.list->scrollToBottom();
+    QVERIFY(bench.list->verticalScrollBar()->value() > 0);
+    bench.read("large.dxf");
+    QCOMPARE(bench.list->verticalScrollBar()->value(), 0);
+}
+
+void TestDxfToolsDialog::copiesTables()
+{
+    const Bench bench(planOf({sheet("2", "city"), sheet("x\t1", "city"), sheet("x\t1", "city")}));
+    bench.read();
+    bench.focus(bench.list);
+    const QString titles = u"Number\tValue\tBlock\tCorners\n"_s;
+    const QString row = u"%1\tA\t0,00 2,00 \u2013 3,00 0,00\n"_s;
+    QTest::keyClick(bench.list, Qt::Key_C, Qt::ControlModifier);
+    const QString first = row.arg(u"1\tx 1"_s); // a tab would begin another cell
+    QCOMPARE(QGuiApplication::clipboard()->text(), titles + first + first + row.arg(u"2\t2"_s));
+    bench.list->selectRow(2);
+    QTest::keyClick(bench.list, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text(), titles + row.arg(u"2\t2"_s));
+    auto *findings = bench.find<QListView>("findingList");
+    findings->setFocus();
+    QTest::keyClick(findings, Qt::Key_C, Qt::ControlModifier);
+    const QStringList lines = QGuiApplication::clipboard()->text().split(u'\n');
+    QCOMPARE(lines.size(), 4); // titles, two findings, the last line's end
+    QCOMPARE(lines[0], u"Kind\tLine\tFinding"_s);
+    QCOMPARE(lines.filter(QRegularExpression(u"^Warning\\t\\d+\\tMore than one"_s)).size(), 1);
+}
+
+void TestDxfToolsDialog::fitsSmallScreens()
+{
+    for (const QLocale::Language language : {QLocale::German, QLocale::English}) {
+        InstallTranslation(QLocale(language));
+        const Bench bench;
+        bench.read();
+        const QSize room = bench.dialog->screen()->availableSize();
+        QVERIFY(bench.dialog->width() < room.width() && bench.dialog->height() < room.height());
+        const QSize least = bench.dialog->minimumSizeHint();
+        QVERIFY2(least.width() <= 758, QByteArray::number(least.width())); // 1366 at 180 %
+        QVERIFY2(least.height() <= 384 - 48, QByteArray::number(least.height()));
+        bench.dialog->resize(least);
+        for (const char *name : {"btnExportAsGK2", "btnClose"}) {
+            const QWidget *button = bench.find<QWidget>(name);
+            QVERIFY(bench.dialog->rect().contains(button->geometry()));
+        }
+    }
+}
+
+void TestDxfToolsDialog::tellsScreenReadersWhatIsWhat()
+{
+    const Bench bench;
+    bench.read();
+    bench.find<QGroupBox>("grpInclude")->setChecked(true);
+    bench.find<QGroupBox>("grpExclude")->setChecked(true);
+    QMap<QString, const QWidget *> owners;
+    for (QWidget *widget : bench.dialog->findChildren<QWidget *>()) {
+        const bool isReached =
+            widget->focusPolicy() & Qt::TabFocus && widget->isVisible() && !widget->focusProxy();
+        if (!isReached)
+            continue;
+        const QString name = QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+        QVERIFY2(!name.isEmpty(), qPrintable(widget->objectName()));
+        QVERIFY2(!owners.contains(name), qPrintable(name));
+        owners[name] = widget;
+    }
+    QVERIFY(owners.size() >= 18);
+    QCOMPARE(owners.value(u"Only include blocks WITH"_s), bench.find<QWidget>("grpInclude"));
+}
+
+void TestDxfToolsDialog::keepsItsLayoutWhileReading()
+{
+    Bench bench(kLargePlan);
+    const auto *hint = bench.list->viewport()->findChild<QLabel *>();
+    const auto places = [&] {
+        QList<QRect> rects;
+        for (const char *name : {"sheetList", "findingList", "btnExportAsGK2", "grpInclude"})
+            rects << QRect(bench.find<QWidget>(name)->mapToGlobal(QPoint()),
+                           bench.find<QWidget>(name)->size());
+        return rects;
+    };
+    const QList<QRect> before = places();
+    QVERIFY(hint->text().contains(u"drop one here"_s));
+    bench.whileReading([&] {
+        QCOMPARE(hint->text(), u"Reading plan.dxf"_s); // drops are refused
+        QCOMPARE(places(), before);
+        bench.dialog->CancelReading();
+    });
+    QVERIFY(!bench.read());
+    QVERIFY(hint->isVisible() && hint->text().contains(u"drop one here"_s));
+    // Several files cannot be taken, which is said.
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(bench.file("a.dxf")), QUrl::fromLocalFile(u"/b.dxf"_s)});
+    QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(bench.dialog, &enter);
+    QVERIFY(bench.said("readMessage").contains(u"one file"_s));
+}
+
+void TestDxfToolsDialog::writesQuietlyButReadably()
+{
+    for (const auto &[ink, ground] : {std::pair(Qt::black, Qt::white),
+                                      {Qt::white, Qt::black},
+                                      {Qt::darkBlue, Qt::yellow},
+                                      {Qt::lightGray, Qt::darkGray}}) {
+        QPalette palette;
+        palette.setColor(QPalette::Text, ink);
+        palette.setColor(QPalette::Base, ground);
+        const double most = workbench::contrast(ink, ground);
+        const double own = workbench::contrast(workbench::quietInk(palette), ground);
+        QVERIFY2(own >= std::min(most, 4.5) && own <= most, QByteArray::number(own));
+    }
+    QCOMPARE(qRound(workbench::contrast(Qt::white, Qt::black)), 21);
+    const Bench bench;
+    const auto *hint = bench.list->viewport()->findChild<QLabel *>();
+    QVERIFY(workbench::contrast(hint->palette().color(hint->foregroundRole()),
+                                bench.list->palette().color(QPalette::Base)) >= 4.5);
+}
+
+void TestDxfToolsDialog::tellsWhatAnExportChanged()
+{
+    const Bench bench;
+    bench.read();
+    bench.put("older.txt", "GK2\r\n\r\n2\r\n" + kCorners + "\r\n3\r\n   0,00        0,00    \r\n" +
+                               "\r\n9\r\n   5,00        5,00    \r\n");
+    auto answers = std::make_unique<Answers>(bench.file("older.txt"));
+    bench.press("btnExportAsGK2");
+    QVERIFY(bench.said("exportMessage").contains(u"4 sheets written"_s));
+    QVERIFY(bench.said("exportMessage").contains(u"2 new, 1 gone, 1 moved, 0 renamed"_s));
+    const auto *findings = bench.find<QListView>("findingList")->model();
+    QStringList texts;
+    for (int row = 0; row < findings->rowCount(); ++row)
+        texts << findings->index(row, 0).data().toString();
+    QVERIFY(texts.filter(u"Sheet '10' is new"_s).size() == 1);
+    QVERIFY(texts.filter(u"Sheet '9' is not in the file any more"_s).size() == 1);
+    bench.list->selectRow(3); // 10, which leads to what is said of it
+    QCOMPARE(bench.find<QListView>("findingList")->selectionModel()->selectedIndexes().size(), 1);
+    bench.press("btnExportAsGK2"); // onto what was just written
+    QVERIFY(bench.said("exportMessage").contains(u"nothing changed"_s));
+    bench.put("foreign.txt", "no sheets");
+    answers = std::make_unique<Answers>(bench.file("foreign.txt"));
+    bench.press("btnExportAsGK2");
+    QVERIFY(!bench.said("exportMessage").contains(u"changed"_s));
+}
+
+void TestDxfToolsDialog::appliesInsertPositions()
+{
+    const Bench bench(planOf({"0 INSERT|2 A|66 1|10 100|20 200|0 ATTRIB|1 1|2 BL_NR|0 SEQEND"}));
+    bench.read();
+    const auto corners = [&] {
+        return bench.list->model()->index(0, SheetTableModel::CornersColumn).data().toString();
+    };
+    QVERIFY(corners().startsWith(u"0,00 2,00"_s));
+    bench.list->selectRow(0);
+    bench.press("chkApplyInsertPosition");
+    QVERIFY(corners().startsWith(u"100,00 202,00"_s));
+    QCOMPARE(bench.sheets(), u"[1]"_s);
+    bench.press("chkApplyInsertPosition");
+    QVERIFY(corners().startsWith(u"0,00 2,00"_s));
 }
 
 QTEST_MAIN(TestDxfToolsDialog)

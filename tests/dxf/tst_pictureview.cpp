@@ -24,8 +24,10 @@ SheetFigure figureOf(const QPolygonF &outline)
 /// Ten sheets of 3 x 2 in two rows, in about the shape of the view; the last three share a block.
 struct Bench
 {
+    DxfDrawing drawing;
     SheetPictureView view;
     std::vector<Sheets> picked;
+    std::vector<Sheets> toggled;
 
     Bench()
     {
@@ -38,7 +40,7 @@ struct Bench
             addBlock(plan, block, {{{x, y}, {x + 3, y}, {x + 3, y + 2}, {x, y + 2}}});
             addInsert(plan, block, {{"BL_NR", std::to_string(i)}});
         }
-        DxfDrawing drawing = plan.Take();
+        drawing = plan.Take();
         GK::CRoutingTilesRevisor revisor(drawing);
         for (std::size_t block = 0; block < drawing.Blocks().size(); ++block)
             revisor.ReviseBlock(block);
@@ -47,6 +49,8 @@ struct Bench
         view.setSheets(drawing, allInserts(drawing), u"plan"_s);
         QObject::connect(&view, &SheetPictureView::sheetsPicked, &view,
                          [this](const Sheets &sheets) { picked.push_back(sheets); });
+        QObject::connect(&view, &SheetPictureView::marksToggled, &view,
+                         [this](const Sheets &sheets) { toggled.push_back(sheets); });
     }
     QImage Image() { return view.grab().toImage(); }
     /// Where the picture looks different when @p sheets are selected.
@@ -56,12 +60,22 @@ struct Bench
         const QImage plain = Image();
         view.setSelectedSheets(sheets);
         const QImage marked = Image();
+        view.setSelectedSheets({});
+        return Difference(plain, marked);
+    }
+    /// Beside the number, on which a click would mark.
+    QPoint Side(const Sheets &sheets)
+    {
+        const QRect place = Place(sheets);
+        return {place.center().x(), place.top() + place.height() / 5};
+    }
+    static QRect Difference(const QImage &plain, const QImage &marked)
+    {
         QRegion place;
         for (int y = 0; y < plain.height(); ++y)
             for (int x = 0; x < plain.width(); ++x)
                 if (plain.pixel(x, y) != marked.pixel(x, y))
                     place += QRect(x, y, 1, 1);
-        view.setSelectedSheets({});
         return place.boundingRect();
     }
     void Wheel(QPointF pos, int delta)
@@ -92,6 +106,8 @@ private slots:
     void picksWithTheMouse();
     void zoomsAndPans();
     void bringsASheetInSight();
+    void marksWithMouseAndKeys();
+    void tellsStatesApart();
 };
 
 // The other way to the answer: a random walk, after each step of which the limits hold.
@@ -139,7 +155,17 @@ void TestPictureView::findsFigures()
         figureOf(QRectF(5, 5, 10, 2)), figureOf(QPolygonF(QList<QPointF>{{40, 0}, {50, 10}})),
         figureOf(QPolygonF(QList<QPointF>{{60, 5}}))};
     const auto at = [&](double x, double y) {
-        return static_cast<int>(FigureAt(figures, {x, y}, 1).value_or(99));
+        for (int i = static_cast<int>(figures.size()); i-- > 0;)
+            if (dxftools::isAt(figures[static_cast<std::size_t>(i)], {x, y}, 1))
+                return i;
+        return 99;
+    };
+    const auto in = [&](const QRectF &area) {
+        std::vector<std::size_t> touched;
+        for (std::size_t i = 0; i < figures.size(); ++i)
+            if (dxftools::touches(figures[i], area))
+                touched.push_back(i);
+        return touched;
     };
     QCOMPARE(at(8, 6), 2);   // the upper one of two
     QCOMPARE(at(11, 1), 99); // within the bounds of the diamond only
@@ -148,17 +174,17 @@ void TestPictureView::findsFigures()
     QCOMPARE(at(48, 2), 99); // beside the line
     QCOMPARE(at(60.5, 5.5), 4);
     using Found = std::vector<std::size_t>;
-    QCOMPARE(FiguresIn(figures, {-1, -1, 100, 100}), (Found{0, 1, 2, 3, 4}));
-    QCOMPARE(FiguresIn(figures, {1, 1, 2, 2}), Found{0});   // inside of one
-    QCOMPARE(FiguresIn(figures, {10.5, 0, 4, 4}), Found()); // beside the diamond's edge
-    QCOMPARE(FiguresIn(figures, {42, 1, 2, 20}), Found{3}); // neither end is in it
+    QCOMPARE(in({-1, -1, 100, 100}), (Found{0, 1, 2, 3, 4}));
+    QCOMPARE(in({1, 1, 2, 2}), Found{0});   // inside of one
+    QCOMPARE(in({10.5, 0, 4, 4}), Found()); // beside the diamond's edge
+    QCOMPARE(in({42, 1, 2, 20}), Found{3}); // neither end is in it
 }
 
 void TestPictureView::picksWithTheMouse()
 {
     Bench bench;
-    const QPoint one = bench.Place({1}).center();
-    const QPoint two = bench.Place({2}).center();
+    const QPoint one = bench.Side({1});
+    const QPoint two = bench.Side({2});
     const QRect row = bench.Place({1, 2});
     const QPoint outside = row.topRight() - QPoint(0, 20);
     const auto click = [&](QPoint pos, Qt::KeyboardModifiers modifiers = {}) {
@@ -167,7 +193,7 @@ void TestPictureView::picksWithTheMouse()
     };
     QCOMPARE(click(one), Sheets{1});
     QCOMPARE(click(two, Qt::ShiftModifier), (Sheets{1, 2}));
-    QCOMPARE(click(bench.Place({9}).center(), Qt::ControlModifier), (Sheets{7, 8, 9}));
+    QCOMPARE(click(bench.Side({9}), Qt::ControlModifier), (Sheets{7, 8, 9}));
     QCOMPARE(click(one, Qt::ControlModifier), (Sheets{1, 7, 8, 9}));
     QCOMPARE(click(one, Qt::ControlModifier), (Sheets{7, 8, 9}));
     QCOMPARE(click(outside), Sheets());
@@ -212,9 +238,51 @@ void TestPictureView::bringsASheetInSight()
         QVERIFY(bench.view.rect().adjusted(2, 2, -2, -2).contains(bench.Place({sheet})));
         QVERIFY(bench.Place({sheet}).width() > 100 && bench.view.zoom() == zoom);
     }
-    QTest::mouseDClick(&bench.view, Qt::LeftButton, {}, bench.Place({4}).center());
+    QTest::mouseDClick(&bench.view, Qt::LeftButton, {}, bench.Side({4}));
     const QRect close = bench.Place({4}); // a third of the view high
     QVERIFY(close.height() > 140 && close.height() < 200);
+}
+
+void TestPictureView::marksWithMouseAndKeys()
+{
+    Bench bench;
+    const QPoint number = bench.Place({4}).center();
+    QTest::mouseClick(&bench.view, Qt::LeftButton, {}, number);
+    QTest::mouseClick(&bench.view, Qt::LeftButton, {}, bench.Place({9}).center());
+    QCOMPARE(bench.toggled, (std::vector<Sheets>{{4}, {7, 8, 9}})); // three share a place
+    QVERIFY(bench.picked.empty());
+    QTest::mouseClick(&bench.view, Qt::LeftButton, Qt::ControlModifier, number);
+    QCOMPARE(bench.picked.back(), Sheets{4});
+    bench.view.setSelectedSheets({5, 6});
+    QTest::keyClick(&bench.view, Qt::Key_Space);
+    QCOMPARE(bench.toggled.back(), (Sheets{5, 6}));
+    bench.view.setSelectedSheets({});
+    QTest::keyClick(&bench.view, Qt::Key_Space);
+    QCOMPARE(bench.toggled.size(), 3U);
+}
+
+void TestPictureView::tellsStatesApart()
+{
+    Bench bench;
+    const Sheets all = allInserts(bench.drawing);
+    const auto image = [&](const Sheets &chosen) {
+        bench.view.showStates(chosen);
+        return bench.view.grab(QRect(0, 0, 800, 500)).toImage(); // without the legend
+    };
+    for (const int steps : {0, 30}) { // as figures, and all of them as spots
+        for (int i = 0; i < steps; ++i)
+            bench.view.resize(bench.view.width() - 22, bench.view.height());
+        const QRect place = bench.Place({3});
+        const QImage exported = image(all);
+        bench.drawing.SetExportMark(3, false);
+        const QImage unmarked = image(all);
+        bench.drawing.SetExportMark(3, true);
+        const QImage filteredOut = image({0, 1, 2, 4, 5, 6, 7, 8, 9});
+        QVERIFY(place.contains(Bench::Difference(exported, unmarked)));
+        QVERIFY(place.contains(Bench::Difference(exported, filteredOut)));
+        QVERIFY(exported != unmarked && exported != filteredOut && unmarked != filteredOut);
+        QVERIFY(bench.Place({3}) == place); // it did not vanish
+    }
 }
 
 QTEST_MAIN(TestPictureView)

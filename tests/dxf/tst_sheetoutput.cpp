@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <kelo_base/dxf/Gk2Writer.h>
 #include <kelo_base/dxf/RoutingTilesRevisor.h>
+#include <kelo_base/dxf/SheetAnalysis.h>
 #include <kelo_base/dxf/SheetPreview.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -24,16 +25,25 @@ QByteArray gk2(const DxfDrawing &drawing, qint64 records)
     return result && result.written == records ? buffer.data() : "failed"_ba;
 }
 
-SheetPicture pictureOf(DxfDrawingBuilder &plan)
+/// A picture with all that is to be seen in it.
+struct Drawn : SheetPicture
+{
+    std::vector<SheetFigure> figures;
+};
+
+Drawn pictureOf(DxfDrawingBuilder &plan)
 {
     DxfDrawing drawing = plan.Take();
     GK::CRoutingTilesRevisor revisor(drawing);
     for (std::size_t block = 0; block < drawing.Blocks().size(); ++block)
         revisor.ReviseBlock(block);
-    return LayOutSheets(drawing, allInserts(drawing), u"plan"_s);
+    Drawn picture{LayOutSheets(drawing, allInserts(drawing), u"plan"_s), {}};
+    for (const SheetPlace &place : picture.places)
+        picture.figures.push_back(FigureOf(picture, place, drawing));
+    return picture;
 }
 
-bool areOnPage(const SheetPicture &picture)
+bool areOnPage(const Drawn &picture)
 {
     const QRectF page(QPointF(), picture.size);
     for (const SheetFigure &figure : picture.figures)
@@ -58,6 +68,7 @@ private slots:
     void keepsPlaceAndScale();
     void showsWhatIsWrongWithSheets();
     void survivesOddSizes();
+    void countsSheetsByState();
 };
 
 void TestSheetOutput::writesExactBytes()
@@ -162,7 +173,7 @@ void TestSheetOutput::keepsPlaceAndScale()
             addBlock(plan, std::to_string(i), {{{x, y}, {x + 3, y}, {x + 3, y + 2}, {x, y + 2}}});
             addInsert(plan, std::to_string(i), {{"BL_NR", "1"}});
         }
-        const SheetPicture picture = pictureOf(plan);
+        const Drawn picture = pictureOf(plan);
         QCOMPARE(picture.isMap, isMap);
         QCOMPARE(picture.figures.size(), static_cast<std::size_t>(count));
         QVERIFY(picture.size.width() >= 900 && picture.size.width() < 5000 && areOnPage(picture));
@@ -195,12 +206,12 @@ void TestSheetOutput::showsWhatIsWrongWithSheets()
     addInsert(plan, "upside down", {});
     addInsert(plan, "good", {{"BL_NR", "3"}});
     addInsert(plan, "nowhere", {{"BL_NR", "4"}});
-    const SheetPicture picture = pictureOf(plan);
-    using Kind = SheetFigure::Kind;
+    const Drawn picture = pictureOf(plan);
     // Sheets of one block are one figure.
     QVERIFY(picture.figures.size() == 3 && picture.figures[0].number == u"1, 3"_s);
-    QVERIFY(picture.figures[1].kind == Kind::Unlabelled && picture.figures[1].outlines.size() == 2);
-    QCOMPARE(picture.figures[2].kind, Kind::Unnumbered);
+    QVERIFY(picture.figures[1].kind == SheetKind::Unlabelled &&
+            picture.figures[1].outlines.size() == 2);
+    QCOMPARE(picture.figures[2].kind, SheetKind::Unnumbered);
     const auto isInLegend = [&](const QString &text) {
         return std::ranges::find(picture.legend, text, &LegendEntry::text) != picture.legend.end();
     };
@@ -216,10 +227,36 @@ void TestSheetOutput::survivesOddSizes()
     addBlock(plan, "nothing", {{}});
     for (const char *block : {"huge", "a point", "a line", "nothing"})
         addInsert(plan, block, {{"BL_NR", "1"}});
-    const SheetPicture picture = pictureOf(plan);
+    const Drawn picture = pictureOf(plan);
     QVERIFY(picture.figures.size() == 4 && areOnPage(picture));
     DxfDrawingBuilder none;
     QVERIFY(areOnPage(pictureOf(none)));
+}
+
+void TestSheetOutput::countsSheetsByState()
+{
+    DxfDrawingBuilder plan;
+    addBlock(plan, "shared", {kFrame});
+    addBlock(plan, "apart", {{{10, 0}, {13, 0}, {13, 2}, {10, 2}}});
+    for (const char *block : {"shared", "shared", "apart", "apart"})
+        addInsert(plan, block, {{"BL_NR", "1"}});
+    DxfDrawing drawing = plan.Take();
+    LabelSheets(drawing, CornerOrder::Upright);
+    SheetPicture picture = LayOutSheets(drawing, allInserts(drawing), u"plan"_s);
+    QCOMPARE(picture.places.size(), 2U);
+    for (const quint32 sheet : {0U, 1U, 2U})
+        drawing.SetExportMark(sheet, false);
+    ShowSheetStates(picture, drawing, std::vector<quint32>{0, 1, 2});
+    const auto isInLegend = [&](const QString &text) {
+        return std::ranges::find(picture.legend, text, &LegendEntry::text) != picture.legend.end();
+    };
+    // Sheets, not places.
+    QVERIFY(isInLegend(u"not marked: 3"_s) && isInLegend(u"not included: 1"_s));
+    QCOMPARE(picture.places[0].state, SheetState::Unmarked); // the best of two
+    drawing.SetExportMark(1, true);
+    ShowSheetStates(picture, drawing, std::vector<quint32>{0, 1});
+    QCOMPARE(picture.places[0].state, SheetState::Exported);
+    QCOMPARE(picture.places[1].state, SheetState::FilteredOut);
 }
 
 QTEST_APPLESS_MAIN(TestSheetOutput)

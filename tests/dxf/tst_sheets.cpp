@@ -40,7 +40,7 @@ QString labelsOf(const Points &points, bool closed = true, CornerOrder order = C
 QStringList told(const SheetAnalysis &analysis)
 {
     QStringList lines;
-    for (const Diagnostic &diagnostic : analysis.diagnostics)
+    for (const PlanFinding &diagnostic : analysis.diagnostics)
         lines << u"%1 [%2] %3"_s.arg(QString::number(diagnostic.line), diagnostic.subject,
                                      diagnostic.text);
     return lines;
@@ -95,15 +95,20 @@ void TestSheets::sortsByNumber()
 void TestSheets::filters()
 {
     const auto row = [](const char *name, const char *version, const SheetFilter &filter,
-                        const char *numbers) {
+                        const char *numbers, const char *codePage = "") {
         DxfDrawingBuilder plan;
         plan.SetVersion(version);
+        plan.SetCodePage(codePage);
         addBlock(plan, "B", {kFrame});
         addInsert(plan, "B", {{"BL_NR", "1"}, {"TYP", "main"}});
         addInsert(plan, "B", {{"BL_NR", "2"}, {"TYP", "Main"}});
         addInsert(plan, "B", {{"BL_NR", "3"}, {"TYP", "main"}, {"OLD", ""}});
         addInsert(plan, "B", {{"BL_NR", "4"}, {"\xD6", "\xFC"}});         // in Latin-1
         addInsert(plan, "B", {{"BL_NR", "5"}, {"\xC3\x96", "\xC3\xBC"}}); // in UTF-8
+        addInsert(plan, "B",
+                  {{"BL_NR", "6"},
+                   {"TITEL", "\\U+0141\xF3"
+                             "d\\U+017a"}});
         const QString given = chosen(plan.Take(), filter);
         QVERIFY2(given == QLatin1StringView(numbers), name + (": " + given.toUtf8()));
     };
@@ -112,13 +117,19 @@ void TestSheets::filters()
     row("part of a value", "AC1009", {With{u"TYP"_s, u"mai"_s}, {}}, "");
     row("tag in other case", "AC1009", {With{u"Typ"_s, u"main"_s}, {}}, "");
     row("an empty value is a value", "AC1009", {With{u"OLD"_s, u""_s}, {}}, "3");
-    row("tag to leave out", "AC1009", {{}, u"OLD"_s}, "1 2 4 5");
+    row("tag to leave out", "AC1009", {{}, u"OLD"_s}, "1 2 4 5 6");
     row("both", "AC1009", {With{u"TYP"_s, u"main"_s}, u"OLD"_s}, "1");
     row("umlauts of an old plan", "AC1018", {With{u"Ö"_s, u"ü"_s}, {}}, "4");
     row("umlauts of a new plan", "AC1021", {With{u"Ö"_s, u"ü"_s}, {}}, "5");
-    row("umlaut to leave out", "AC1021", {{}, u"Ö"_s}, "1 2 3 4");
+    row("umlaut to leave out", "AC1021", {{}, u"Ö"_s}, "1 2 3 4 6");
+    row("umlauts by the code page", "AC1018", {With{u"\u0426"_s, u"\u044C"_s}, {}}, "4",
+        "ANSI_1251");
+    row("umlauts in Latin-1 beside it", "AC1018", {With{u"Ö"_s, u"ü"_s}, {}}, "4", "ANSI_1251");
+    row("escaped text", "AC1018", {With{u"TITEL"_s, u"Łódź"_s}, {}}, "6");
+    row("escaped text as it stands", "AC1021", {With{u"TITEL"_s, u"\\U+0141\u00F3d\\U+017a"_s}, {}},
+        "");
     row("not Latin-1", "AC1018", {With{u"TYP"_s, u"main\u20AC"_s}, {}}, "");
-    row("not Latin-1 leaves nothing out", "AC1018", {{}, u"OLD\u0119"_s}, "1 2 3 4 5");
+    row("not Latin-1 leaves nothing out", "AC1018", {{}, u"OLD\u0119"_s}, "1 2 3 4 5 6");
 }
 
 // The other way to the answer: a sheet is built from its labels, then turned and drawn at random.
@@ -233,20 +244,21 @@ void TestSheets::tellsWhatAnExportLeavesOut()
                                                                       {"nowhere", "9"}})
         addInsert(plan, block, {{"BL_NR", number}}, at++);
     for (const char *block : {"Stra\337e %2", "Stra\337e %2", "lines only"})
-        addInsert(plan, block, {}, at++);
+        addInsert(plan, block, {{"TITEL", "x"}}, at++);
     const SheetAnalysis analysis = analysisOf(plan.Take());
     const QString detector =
         u"Rectangle detector detected less or more than one rectangle (Block:"_s;
     const QStringList expected{
         u"20 [Straße %2] "_s + detector + u"Straße %2): none found"_s,
         u"30 [twice] "_s + detector + u"twice): 2 found"_s,
-        u"108 [Straße %2] 2 inserts of block 'Straße %2' have no sheet number and are not exported"_s,
+        u"108 [Straße %2] 2 inserts of block 'Straße %2' have no sheet number and are not exported: looked for the attribute BL_NR or Bl_Nr, found TITEL"_s,
         u"104 [1] More than one sheet has the number '1'"_s,
         u"106 [8] Sheet '8' is not exported: its block 'lines only' has no polyline"_s,
         u"107 [9] Sheet '9' is not exported: there is no block 'nowhere'"_s,
+        u"0 [] 4 sheets have the same corners as others, because they share blocks; \"Apply insert position\" (--placed) puts each where its insert stands"_s,
         u"61 [n1] Sheet 'n1' is not exported: its insert lies inside a block"_s};
     QCOMPARE(told(analysis), expected);
-    QCOMPARE(analysis.warnings, expected.size());
+    QCOMPARE(analysis.warnings, expected.size() - 1); // one of them is a note
     QCOMPARE(analysis.skipped, 4);
     QCOMPARE(analysis.sheets.size(), 8U);
     QCOMPARE(analysis.diagnostics[0].file, u"plan.dxf"_s);
@@ -265,8 +277,11 @@ void TestSheets::tellsOnlyOfChosenInserts()
     DxfDrawing drawing = plan.Take();
     drawing.SetBinary(true);
     const SheetAnalysis analysis = analysisOf(std::move(drawing), {{}, u"OLD"_s});
-    QCOMPARE(told(analysis),
-             QStringList(u"0 [1] More than one sheet has the number '1', at byte 4711"_s));
+    const QStringList expected{
+        u"0 [1] More than one sheet has the number '1', at byte 4711"_s,
+        u"0 [] 2 sheets have the same corners as others, because they share blocks; \"Apply "
+        "insert position\" (--placed) puts each where its insert stands"_s};
+    QCOMPARE(told(analysis), expected);
     QCOMPARE(analysis.skipped, 0);
 }
 

@@ -1,40 +1,104 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The viewer's side of the soak, as a program that can be killed: soakviewer DIRECTORY JOURNAL
-// COUNT
+// The viewer's side of the soak, as a program that can be killed: soakviewer DIRECTORY RECEIVED
+// TOLD COUNT. Received commands go to one journal; what it sends and is told about that, to the
+// other.
 #include <QCoreApplication>
 #include <QFile>
+#include <QTimer>
 #include <kelo_base/ipc/KeloCommandData.h>
 #include <kelo_base/ipc/KeloIPCCommand.h>
 #include <kelo_base/ipc/KeloIPCCommandHandler.h>
 #include <kelo_base/ipc/KeloIPCFacade.h>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
 
-/// Writes the effect of a command and its number with one write, so that both are there or none.
-class Journal : public KeloIPCCommandHandler
+/// Lines that are appended with one write each, so that each is there or not.
+class Journal
 {
 public:
     explicit Journal(const QString &filename) : m_file(filename)
     {
         if (!m_file.open(QIODevice::ReadWrite | QIODevice::Unbuffered))
             qFatal("no journal");
-        m_last = static_cast<quint64>(m_file.readAll().count('\n'));
+        for (QByteArrayList lines = m_file.readAll().split('\n'); lines.size() > 1;)
+            m_lines << lines.takeFirst();
     }
-    bool HandleCommand(const KeloCommandData &command, const KeloCommandOrigin &origin) override
+    void add(const QByteArray &line)
     {
-        m_file.write(QByteArray::number(origin.number) + ' ' +
-                     QByteArray::number(static_cast<int>(command.x)) + '\n');
-        m_last = origin.number;
-        return true;
+        m_file.write(line + '\n');
+        m_lines << line;
     }
-    std::optional<quint64> GetLastNumber(const QString &) const override { return m_last; }
+    [[nodiscard]] const QByteArrayList &lines() const { return m_lines; }
 
 private:
     QFile m_file;
-    quint64 m_last = 0;
+    QByteArrayList m_lines;
+};
+
+/// Writes the effect of a command and its number in one step.
+class Receiver : public KeloIPCCommandHandler
+{
+public:
+    explicit Receiver(const QString &journal) : m_journal(journal) {}
+    bool HandleCommand(const KeloCommandData &command, const KeloCommandOrigin &origin) override
+    {
+        m_journal.add(QByteArray::number(origin.number) + ' ' + command.objectId.toLatin1());
+        return true;
+    }
+    std::optional<quint64> GetLastNumber(const QString &) const override
+    {
+        const QByteArrayList &lines = m_journal.lines();
+        return lines.isEmpty() ? 0 : lines.last().split(' ')[0].toULongLong();
+    }
+
+private:
+    Journal m_journal;
+};
+
+/// Sends the commands of a list of its own, whose places have nothing to do with numbers. It
+/// believes what it is told. Before it sends one it notes place and number, by which a later life
+/// sees whether it was accepted.
+class Sender
+{
+public:
+    Sender(const QString &journal, int count) : m_journal(journal), m_count(count) {}
+    void hear(KeloDelivery delivery)
+    {
+        m_isAccepted = delivery == KeloDelivery::Accepted;
+        sendNext();
+    }
+    void sendNext()
+    {
+        KeloIPCFacadeI &facade = KeloIPCFacadeI::Instance();
+        int place = 1;
+        quint64 number = 0;
+        if (!m_journal.lines().isEmpty()) {
+            place = m_journal.lines().last().split(' ')[0].toInt();
+            number = m_journal.lines().last().split(' ')[1].toULongLong();
+        }
+        const auto done = facade.ContinueAs(u"viewer"_s, number == 0 ? 0 : number - 1);
+        if (!done) // the directory is away
+            return QTimer::singleShot(5ms, &facade, [this] { sendNext(); });
+        const bool isAnswered =
+            std::exchange(m_isAccepted, false) || (number != 0 && *done >= number);
+        place += isAnswered ? 1 : 0;
+        if (place > m_count)
+            return;
+        if (isAnswered || number == 0)
+            m_journal.add(QByteArray::number(place) + ' ' + QByteArray::number(*done + 1));
+        MoveToObjectCommand command;
+        command.SetObjectId(u"key-%1"_s.arg(place));
+        facade.Send(command);
+    }
+
+private:
+    Journal m_journal;
+    int m_count;
+    bool m_isAccepted = false; ///< the last one, as this life was told
 };
 
 } // namespace
@@ -43,21 +107,15 @@ int main(int argc, char **argv)
 {
     const QCoreApplication app(argc, argv);
     const QStringList words = QCoreApplication::arguments();
-    Journal journal(words.at(2));
+    Receiver receiver(words.at(2));
+    Sender sender(words.at(3), words.at(4).toInt());
     KeloIPCFacadeI &facade = KeloIPCFacadeI::Instance();
-    facade.SetTimes({.poll = 1ms, .partner = 1h, .answer = 100ms});
-    if (!facade.Activate(words.at(1), journal))
+    facade.SetTimes({.poll = 1ms, .partner = 20ms, .answer = 100ms});
+    if (!facade.Activate(words.at(1), receiver))
         return 1;
-    const auto sendNext = [&] { // after silence the same one again, under the number it had
-        const quint64 done = facade.ContinueAs(u"viewer"_s);
-        if (done == words.at(3).toULongLong())
-            return;
-        MoveToObjectCommand command;
-        command.SetObjectId(QString::number(done + 1));
-        facade.Send(command);
-    };
-    QObject::connect(&facade, &KeloIPCFacadeI::CommandAnswered, &facade, sendNext,
-                     Qt::QueuedConnection);
-    sendNext();
+    QObject::connect(
+        &facade, &KeloIPCFacadeI::CommandAnswered, &facade,
+        [&sender](quint64, KeloDelivery delivery) { sender.hear(delivery); }, Qt::QueuedConnection);
+    sender.sendNext();
     return QCoreApplication::exec();
 }

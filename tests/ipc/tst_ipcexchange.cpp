@@ -2,6 +2,7 @@
 // Commands and exchange files as values, and what is decided from them, without a channel.
 #include "fuzz/checkexchange.h"
 #include "ipc/exchangefiles_p.h"
+#include "ipc/filewatch_p.h"
 #include "ipc/message_p.h"
 #include <QtTest>
 #include <clocale>
@@ -187,7 +188,40 @@ private slots:
             answers.set(QString::number(number % 20), number, AnswerState::Accepted);
         QVERIFY(answers.encode().size() < 20'000);
         QCOMPARE(answers.lastNumber(u"19"_s), 999U);
+        QCOMPARE(answers.lastNumber(u"a"_s), 10U); // an old number must not run again
+        for (int sender = 0; sender < 5000; ++sender)
+            answers.set(QString(64 - 4, u'x') + QString::number(sender), ~0ULL, AnswerState::Taken);
+        QVERIFY(answers.encode().size() < kFileLimit / 2);
         QCOMPARE(answers.lastNumber(u"a"_s), 0U);
+    }
+
+    void knowsWholeFiles_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<qint64>("wholeAfter"); // milliseconds; -1: never
+        const QByteArray go = "CommandType=NamedCommand\nCommandId=GotoCoordinates\n";
+        const QByteArray parameters = "Parameters=X:3500000,Y:5800000";
+        QTest::newRow("settled") << go + parameters + "\n" << qint64{1000};
+        QTest::newRow("settled, with CR") << go + parameters + "\r\n" << qint64{1000};
+        QTest::newRow("cut within a number") << go + parameters.chopped(5) << qint64{-1};
+        QTest::newRow("cut before the parameters") << go << qint64{-1};
+        QTest::newRow("cut behind the sender") << go + parameters + "\nSender=s\n" << qint64{-1};
+        QTest::newRow("no parameters, and marked") << go + "[End]" << qint64{0};
+        QTest::newRow("needs no parameters")
+            << QByteArray("CommandType=NamedCommand\nCommandId=TestCommand\n") << qint64{1000};
+        QTest::newRow("an integer")
+            << QByteArray("CommandId=7\nCommandType=IntegerCommand\n") << qint64{1000};
+    }
+
+    void knowsWholeFiles()
+    {
+        QFETCH(const QByteArray, bytes);
+        QFETCH(const qint64, wholeAfter);
+        const bool isNever = wholeAfter < 0;
+        if (wholeAfter > 0 || isNever)
+            QCOMPARE(progressOf(bytes, isNever ? 9999 : wholeAfter - 1, 1000), Progress::Growing);
+        QCOMPARE(progressOf(bytes, isNever ? 10'000 : wholeAfter, 1000),
+                 isNever ? Progress::Abandoned : Progress::Whole);
     }
 
     void keepsThePromisesOfTheFuzzer()

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The running channel over real files, with a partner played by the test.
+#include "core/platform/platform.h"
 #include "ipc/exchangefiles_p.h"
+#include "ipc/inbox_p.h"
+#include "ipc/outbox_p.h"
 #include "tests/support/MessageLog.h"
 #include <QtTest>
 #include <filesystem>
@@ -8,6 +11,7 @@
 #include <kelo_base/ipc/KeloIPCCommand.h>
 #include <kelo_base/ipc/KeloIPCCommandHandler.h>
 #include <kelo_base/ipc/KeloIPCFacade.h>
+#include <sys/stat.h>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
@@ -30,7 +34,14 @@ public:
     QList<int> received;
     QString lastOrigin;
     bool isAccepting = true;
+    std::optional<quint64> GetLastNumber(const QString &) const override
+    {
+        if (whenAsked)
+            whenAsked();
+        return std::nullopt;
+    }
     std::function<void()> then;
+    std::function<void()> whenAsked;
 };
 
 QByteArray integerCommand(int id)
@@ -56,7 +67,7 @@ private slots:
         m_dir = std::make_unique<QTemporaryDir>();
         m_handler = {};
         m_outcomes.clear();
-        facade().SetTimes({.poll = 2ms, .partner = 5ms});
+        facade().SetTimes({.poll = 2ms, .settle = 4ms, .partner = 5ms});
         connect(&facade(), &KeloIPCFacadeI::CommandAnswered, this,
                 [this](quint64 n, KeloDelivery what) {
                     m_outcomes.append({n, what});
@@ -64,21 +75,6 @@ private slots:
     }
 
     void cleanup() { KeloIPCFacadeI::Destroy(); }
-
-    /// A file counts when it did not change between two looks, not before.
-    void waitsForSlowWriters()
-    {
-        facade().SetTimes({.poll = 50ms});
-        activate();
-        QFile file(path(u"kelo-in.txt"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-        for (const char c : integerCommand(12345)) {
-            file.write(&c, 1);
-            QTest::qWait(3);
-        }
-        file.close();
-        QTRY_COMPARE(m_handler.received, QList<int>({12345}));
-    }
 
     void answersWhoCounts()
     {
@@ -143,9 +139,13 @@ private slots:
     {
         const MessageLog log;
         activate();
-        QVERIFY(QDir(m_dir->path()).mkdir(u"kelo-in.txt"_s));
-        QTRY_COMPARE(log.lines().size(), 1); // said once, not at each look
-        QVERIFY(QDir(m_dir->path()).rmdir(u"kelo-in.txt"_s));
+        for (const int times : {1, 2}) { // said once, not at each look, and again when it is back
+            QVERIFY(QDir(m_dir->path()).mkdir(u"kelo-in.txt"_s));
+            QTRY_COMPARE(log.lines().size(), times);
+            QVERIFY(QDir(m_dir->path()).rmdir(u"kelo-in.txt"_s));
+            receive(numbered(times));
+            QTRY_COMPARE(m_handler.received.size(), times);
+        }
 
         QVERIFY(channel::renameFile(m_dir->path(), m_dir->path() + u".away"_s));
         QTRY_VERIFY(log.lines().last().endsWith(u"is gone"_s));
@@ -153,11 +153,106 @@ private slots:
         QVERIFY(channel::renameFile(m_dir->path() + u".away"_s, m_dir->path()));
         QTRY_VERIFY(has(u"kelo-out.txt"_s));
         receive(numbered(3));
-        QTRY_COMPARE(m_handler.received, QList<int>({3}));
+        QTRY_COMPARE(m_handler.received, QList<int>({1, 2, 3}));
 
-        for (const QString &none : {QString(), path(u"kelo-out.txt"_s)})
+        const QString half(QChar(0xD800)); // of a surrogate pair
+        const QString atNul = path(u"a"_s) + QChar::Null;
+        for (const QString &none : {QString(), path(u"kelo-out.txt"_s), path(half), atNul})
             QVERIFY(!facade().Activate(none, m_handler) && !facade().IsActive());
         QCOMPARE(facade().Send(MoveToObjectCommand()), 0U);
+        QVERIFY(!has(u"a"_s) && !has(u"?"_s));
+    }
+
+    /// Nothing is opened that others put under the names of temporary files.
+    void keepsOutOfLinksAndPipes()
+    {
+        const QTemporaryDir outside;
+        QVERIFY(channel::writeFile(outside.filePath(u"precious"_s), "mine"));
+        QVERIFY(QFile::link(outside.filePath(u"precious"_s), path(u"kelo-out.txt.new"_s)));
+        for (const QString &name : {u"kelo-in-answers.txt.new"_s, u"kelo-out-answers.txt"_s})
+            QCOMPARE(mkfifo(qPrintable(path(name)), 0600), 0);
+        activate();
+        QVERIFY(!facade().ContinueAs(u"v"_s)); // a pipe holds no answers
+        receive(numbered(1));
+        QTRY_COMPARE(answers(), "[p]\n1=accepted\n");
+        facade().Send(MoveToObjectCommand());
+        QTRY_VERIFY(content(u"kelo-out.txt"_s).contains("MoveToObject"));
+        QFile precious(outside.filePath(u"precious"_s));
+        QVERIFY(precious.open(QIODevice::ReadOnly));
+        QCOMPARE(precious.readAll(), "mine");
+    }
+
+    void tellsSendersWhatItCannotTake_data()
+    {
+        QTest::addColumn<QString>("obstacle");
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::newRow("claimed") << u"kelo-in.txt.claimed/x"_s << u"Cannot claim "_s
+                                 << QByteArray("[p]\n1=refused\n");
+        // Not told, since nothing can be written; but not carried out either, and kept.
+        QTest::newRow("answers") << u"kelo-in-answers.txt/x"_s << u"Cannot read "_s
+                                 << QByteArray("none");
+    }
+
+    void tellsSendersWhatItCannotTake()
+    {
+        QFETCH(const QString, obstacle);
+        QFETCH(const QString, line);
+        QVERIFY(QDir(m_dir->path()).mkpath(obstacle)); // a directory that cannot be replaced
+        facade().SetTimes({.poll = 2ms, .settle = 4ms, .partner = 5ms, .leftover = 60ms});
+        const MessageLog log;
+        activate();
+        receive(numbered(1));
+        QTRY_VERIFY(has(u"kelo-in.txt.rejected"_s));
+        QTEST(answers(), "expected");
+        QVERIFY(m_handler.received.isEmpty());
+        QCOMPARE(log.lines().filter(line).size(), 1);
+        QCOMPARE(log.lines().filter(u"lay too long"_s).size(), 1);
+        QCOMPARE(log.lines().size(), 2);
+    }
+
+    /// The lock of another process.
+    void keepsOffOtherViewers_data()
+    {
+        QTest::addColumn<QString>("lock"); // %1 and %2: number and start of a process that runs
+        QTest::addColumn<std::chrono::seconds>("age");
+        QTest::addColumn<bool>("isFree");
+        const QString here = QSysInfo::machineHostName();
+        QTest::newRow("runs") << u"%1 %2 "_s + here << 9000s << false;
+        QTest::newRow("another got its number") << u"%1 7%2 "_s + here << 0s << true;
+        QTest::newRow("ended") << u"2147483000 %2 "_s + here << 0s << true;
+        QTest::newRow("died while writing") << u""_s << 0s << true;
+        QTest::newRow("another computer") << u"1 1 elsewhere"_s << 0s << false;
+        QTest::newRow("another computer, silent") << u"1 1 elsewhere"_s << 120s << true;
+    }
+
+    void keepsOffOtherViewers()
+    {
+        QFETCH(const QString, lock);
+        QFETCH(const std::chrono::seconds, age);
+        QFETCH(const bool, isFree);
+        QProcess other;
+        other.start(u"sleep"_s, {u"60"_s});
+        QVERIFY(other.waitForStarted());
+        const auto process = static_cast<std::uint32_t>(other.processId());
+        const QString start = QString::number(quint64{platform::processStartTime(process)});
+        const QString text = QString(lock).replace(u"%1"_s, QString::number(process));
+        put(u"kelo-viewer.lock"_s, QString(text).replace(u"%2"_s, start).toUtf8(), age);
+        const MessageLog log;
+        QCOMPARE(facade().Activate(m_dir->path(), m_handler), isFree);
+        QCOMPARE(log.lines().filter(u"Another viewer"_s).size(), isFree ? 0 : 1);
+        QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files).size(), 1); // nothing left beside it
+        if (isFree) {
+            put(u"kelo-viewer.lock"_s, "1 1 elsewhere"); // came while this one slept
+            QTRY_VERIFY(!facade().IsActive());
+            QVERIFY(has(u"kelo-viewer.lock"_s));
+            QFile::remove(path(u"kelo-viewer.lock"_s));
+            activate();
+        }
+        facade().Deactivate();
+        QCOMPARE(has(u"kelo-viewer.lock"_s), !isFree);
+        other.kill();
+        other.waitForFinished();
     }
 
     void survivesWhatHandlersDo()
@@ -171,16 +266,32 @@ private slots:
         };
         receive(numbered(1));
         QTRY_COMPARE(m_handler.received, QList<int>({1, 2}));
-        m_handler.then = [] { KeloIPCFacadeI::Destroy(); };
+        m_handler.then = [this] { // switched on anew, the channel knows what became of it
+            m_handler.then = nullptr;
+            activate();
+        };
         receive(numbered(3));
-        QTRY_COMPARE(answers(), "[p]\n1=accepted\n2=accepted\n3=accepted\n");
-        QVERIFY(!facade().IsActive());
+        QTRY_COMPARE(m_handler.received.size(), 3);
+        receive(numbered(4));
+        QTRY_COMPARE(answers(), "[p]\n1=accepted\n2=accepted\n3=accepted\n4=accepted\n");
+        m_handler.whenAsked = [this] { // after the command was taken, before it is handed over
+            m_handler.whenAsked = nullptr;
+            QMetaObject::invokeMethod(&facade(), &KeloIPCFacadeI::Deactivate, Qt::QueuedConnection);
+        };
+        receive(numbered(5));
+        QTRY_VERIFY(answers().endsWith("5=refused\n"));
+        activate();
+        m_handler.then = [] { KeloIPCFacadeI::Destroy(); };
+        receive(numbered(6));
+        QTRY_VERIFY(answers().endsWith("6=accepted\n"));
+        QVERIFY(!facade().IsActive() && !has(u"kelo-viewer.lock"_s));
+        QCOMPARE(m_handler.received, QList<int>({1, 2, 3, 4, 6}));
     }
 
     void sendsOneAfterTheOther()
     {
         activate();
-        QVERIFY(facade().ContinueAs(u"no:sender"_s) == 0 && facade().ContinueAs(u"v"_s) == 0);
+        QVERIFY(!facade().ContinueAs(u"no:sender"_s) && facade().ContinueAs(u"v"_s) == 0U);
         MoveToObjectCommand command;
         command.SetObjectId(u"Grün"_s);
         QVERIFY(facade().Send(command) == 1 && facade().Send(command) == 2);
@@ -201,6 +312,101 @@ private slots:
         QCOMPARE(facade().ContinueAs(u"v"_s), 41U);
         QCOMPARE(facade().Send(command), 42U);
         QVERIFY(content(u"kelo-out.txt"_s).contains("SerialNumber=42"));
+
+        QFile::remove(path(u"kelo-out-answers.txt"_s));
+        QCOMPARE(facade().ContinueAs(u"v"_s), 41U);     // remembered
+        QCOMPARE(facade().ContinueAs(u"new"_s, 5), 5U); // as the application says
+        QVERIFY(channel::renameFile(m_dir->path(), m_dir->path() + u".away"_s));
+        QCOMPARE(facade().ContinueAs(u"v"_s), std::nullopt); // there may be answers
+        QCOMPARE(facade().Send(command), 6U);
+        QVERIFY(channel::renameFile(m_dir->path() + u".away"_s, m_dir->path()));
+        QCOMPARE(facade().ContinueAs(u"v"_s), 41U);
+    }
+
+    /// What is answered under a number that was given before is the answer to another command.
+    void noticesNumbersGivenBefore()
+    {
+        activate();
+        QCOMPARE(facade().ContinueAs(u"v"_s), 0U); // the partner's answers are away
+        QVERIFY(facade().Send(MoveToObjectCommand()) == 1 &&
+                facade().Send(MoveToObjectCommand()) == 2);
+        put(u"kelo-out-answers.txt"_s, "[v]\n1=accepted\n2=accepted\n3=accepted\n");
+        QTRY_COMPARE(m_outcomes,
+                     (Outcomes{{1, KeloDelivery::Silence}, {2, KeloDelivery::Silence}}));
+        QVERIFY(!has(u"kelo-out.txt"_s));
+        QCOMPARE(facade().Send(MoveToObjectCommand()), 4U);
+        put(u"kelo-out-answers.txt"_s, "[v]\n4=accepted\n");
+        QTRY_COMPARE(m_outcomes.value(2), std::pair(quint64(4), KeloDelivery::Accepted));
+    }
+
+    /// A listener that continues anew wants to hear nothing of what it has forgotten.
+    void forgetsWhenContinuing()
+    {
+        facade().SetTimes({.poll = 2ms, .leftover = 20ms});
+        activate();
+        connect(&facade(), &KeloIPCFacadeI::CommandAnswered, this,
+                [] { QCOMPARE(facade().ContinueAs(u"v"_s), 0U); });
+        for (int i = 0; i < 3; ++i)
+            facade().Send(MoveToObjectCommand());
+        QTRY_COMPARE(m_outcomes.size(), 1);
+        QTest::qWait(50);
+        QCOMPARE(m_outcomes.size(), 1);
+
+        connect(&facade(), &KeloIPCFacadeI::CommandAnswered, this, &KeloIPCFacadeI::Destroy);
+        for (int i = 0; i < 3; ++i)
+            facade().Send(MoveToObjectCommand());
+        QTRY_COMPARE(m_outcomes.size(), 2);
+        QVERIFY(!facade().IsActive());
+    }
+
+    void goesByLooksWhereClocksJump_data()
+    {
+        QTest::addColumn<bool>("isSeenMissing"); // before the file came
+        QTest::addColumn<std::chrono::seconds>("age");
+        QTest::addColumn<bool>("isTaken");
+        QTest::newRow("its clock is behind") << true << 7200s << true;
+        QTest::newRow("its clock is ahead") << true << -7200s << true;
+        QTest::newRow("nobody looked, and it is old") << false << 7200s << false;
+        QTest::newRow("nobody looked, and it is new") << false << 0s << true;
+    }
+
+    void goesByLooksWhereClocksJump()
+    {
+        QFETCH(const bool, isSeenMissing);
+        QFETCH(const std::chrono::seconds, age);
+        channel::Inbox inbox(m_dir->path(), 1000, 60'000);
+        if (isSeenMissing)
+            QVERIFY(!inbox.poll(0, m_handler));
+        put(u"kelo-in.txt"_s, numbered(1), age);
+        QTEST(inbox.poll(1000, m_handler).has_value(), "isTaken");
+    }
+
+    /// A file without end mark has to keep its bytes from look to look, whatever its time and size.
+    void waitsUntilFilesSettle()
+    {
+        channel::Inbox inbox(m_dir->path(), 1000, 60'000);
+        receive(integerCommand(1));
+        const auto time = channel::modifiedTime(path(u"kelo-in.txt"_s));
+        QVERIFY(!inbox.poll(0, m_handler));
+        receive(integerCommand(2));
+        channel::setModifiedTime(path(u"kelo-in.txt"_s), *time);
+        QVERIFY(!inbox.poll(1000, m_handler) && !inbox.poll(1999, m_handler));
+        QVERIFY(inbox.poll(2000, m_handler));
+        receive(integerCommand(2)); // the same once more
+        QVERIFY(!inbox.poll(2500, m_handler) && inbox.poll(3500, m_handler));
+    }
+
+    void readsAnswersOfTheSameSizeAndTime()
+    {
+        channel::Outbox outbox(m_dir->path(), u"v"_s, 60'000, 10'000);
+        for (const quint64 number : {1U, 2U}) {
+            outbox.put({u"NamedCommand"_s, u"A"_s, {}, u"v"_s, number}, 0);
+            QVERIFY(QFile::remove(path(u"kelo-out.txt"_s)));
+            QVERIFY(outbox.poll(0).empty());
+            put(u"kelo-out-answers.txt"_s, "[v]\n" + QByteArray::number(number) + "=accepted\n");
+            channel::setModifiedTime(path(u"kelo-out-answers.txt"_s), 1'700'000'000'000);
+            QCOMPARE(outbox.poll(1000).size(), 1U);
+        }
     }
 
     void tellsSilence()
@@ -235,7 +441,13 @@ private slots:
         QCOMPARE(KeloIPCFacadeI::MakeDataFileParameter(odd), name); // as new again
         activate();
         QVERIFY(has(name));
-        QCOMPARE(KeloIPCFacadeI::MakeDataFileParameter(path(u"none"_s)), QString());
+        put(name, "3 4\n"); // as large, but not the same
+        QCOMPARE(KeloIPCFacadeI::MakeDataFileParameter(odd), name);
+        QCOMPARE(content(name), "1 2\n");
+        const QString half(QChar(0xD800)); // of a surrogate pair
+        for (const QString &none :
+             {path(u"none"_s), half, path(half), odd + QChar::Null, path(u""_s)})
+            QCOMPARE(KeloIPCFacadeI::MakeDataFileParameter(none), QString());
 
         HighlightPolygonsCommand command;
         command.SetPolygonFilename(odd);
@@ -246,7 +458,11 @@ private slots:
     {
         QList<bool> changes;
         connect(&facade(), &KeloIPCFacadeI::PartnerRunningChanged, this,
-                [&changes](bool isRunning) { changes << isRunning; });
+                [&changes](bool isRunning) {
+                    changes << isRunning;
+                    if (!isRunning) // deleted in its own signal
+                        KeloIPCFacadeI::Destroy();
+                });
         activate();
         QVERIFY(!facade().StartPartner(u"/none/dapex.exe"_s) && !facade().StartPartner({}));
         // The directory's own program of that name: a shell that lives until its file is gone.
@@ -264,7 +480,7 @@ private slots:
     void servesCarelessPartners()
     {
         const QMap<QString, qsizetype> received{{u"plain"_s, 2}, {u"bytes"_s, 2}, {u"half"_s, 0}};
-        facade().SetTimes({.poll = 50ms});
+        facade().SetTimes({.poll = 50ms, .settle = 300ms});
         activate();
         for (const QString &manner : received.keys()) {
             m_handler.received.clear();
@@ -276,6 +492,35 @@ private slots:
             QTRY_VERIFY(!has(u"kelo-in.txt"_s));
             QCOMPARE(m_handler.received.size(), received[manner]);
         }
+    }
+
+    void simulatorTellsByItsStatus_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("status");
+        const auto add = [](const QString &arguments, int status) {
+            QTest::newRow(qPrintable(arguments)) << arguments.split(u'|') << status;
+        };
+        add(u"test|integer 3"_s, 0);
+        add(u"test|raw Dance"_s, 1);
+        add(u"--silence|1|--clumsy|plain|test"_s, 1); // before the viewer looks twice
+        for (const QString &wrong :
+             {u"--poll|0"_s, u"--silence|1s"_s, u"--sender|a b"_s, u"--journal|/none/x"_s,
+              u"goto 1 nan"_s, u"integer 1.5"_s, u"find a:b"_s, u"--clumsy|very"_s, u"--poll"_s,
+              u"--unknown"_s})
+            add(wrong, 2);
+    }
+
+    void simulatorTellsByItsStatus()
+    {
+        QFETCH(const QStringList, arguments);
+        facade().SetTimes({.poll = 20ms});
+        activate();
+        QProcess partner;
+        partner.start(QStringLiteral(KELO_PARTNER_SIM),
+                      QStringList{m_dir->path(), u"--poll"_s, u"5"_s} + arguments);
+        QTRY_COMPARE(partner.state(), QProcess::NotRunning);
+        QTEST(partner.exitCode(), "status");
     }
 #endif
 

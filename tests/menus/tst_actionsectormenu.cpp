@@ -89,6 +89,18 @@ void TestActionSectorMenu::offersByLayout()
     QCOMPARE(contentOf(menu), u"0 1 2 3 4 5 6 7 8 9 10 More[11 12 13 14 15 16 17 18 19 20 21 "
                               u"More[22 23 24 25 26 27 28 29]]"_s);
 
+    ids.resize(16, -1); // what "More" would lead to: nothing, one action, several
+    std::fill(ids.begin() + 11, ids.end(), -1);
+    const QString eleven = u"0 1 2 3 4 5 6 7 8 9 10 "_s;
+    menu.fillByLayout(layoutOf(ids), kHere);
+    QCOMPARE(contentOf(menu), eleven + u'-');
+    ids[14] = 114;
+    menu.fillByLayout(layoutOf(ids), kHere);
+    QCOMPARE(contentOf(menu), eleven + u"14"_s);
+    ids[12] = 112;
+    menu.fillByLayout(layoutOf(ids), kHere);
+    QCOMPARE(contentOf(menu), eleven + u"More[12 14]"_s);
+
     QAction elsewhere(u"elsewhere"_s), invalid(u"invalid"_s);
     registry.add(7, 0, 0x00020000, &elsewhere);
     registry.add(-1, 0, 0, &invalid); // -1 stands for an empty slot all the same

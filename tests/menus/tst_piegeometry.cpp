@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Angles, sectors, places and steps of pie menus, without any window.
+#include "menus/piecolors_p.h"
 #include "menus/piegeometry_p.h"
 #include "menus/pielayout_p.h"
 #include <QImage>
@@ -25,7 +26,8 @@ private slots:
     void findsOddAngles();
     void placesOnScreen();
     void arrowsGoWhereTheyPoint();
-    void labelsStayInTheirSector();
+    void labelsShareOneCircle();
+    void colorsCanBeTold();
 };
 
 namespace {
@@ -87,8 +89,11 @@ void TestPieGeometry::sharesEveryPixelOut()
             weight =
                 random.bounded(10) == 0 ? 0 : random.bounded(random.bounded(2) ? 5 : 1'000'000);
     }
+    int round = 0;
     for (const Weights &weights : rings) {
-        const pie::Layout layout = layoutOf(weights);
+        constexpr double kInner[] = {20, 0, 1, 40};
+        const double inner = kInner[round++ % 4];
+        const pie::Layout layout = layoutOf(weights, inner);
         QImage image(201, 201, QImage::Format_RGB32);
         image.fill(0);
         QPainter painter(&image);
@@ -104,7 +109,7 @@ void TestPieGeometry::sharesEveryPixelOut()
             QVERIFY(expected < 0 || sector == expected);
             QVERIFY(radius == 0 ? sector == -1 : sector >= 0 && layout.sweep(sector) > 0);
             QCOMPARE(pie::targetAt(layout, offset), radius < layout.innerRadius ? -1 : sector);
-            if (expected >= 0 && radius > 20.5 && radius < 99.5)
+            if (expected >= 0 && radius > std::max(inner + 0.5, 3.0) && radius < 99.5)
                 QCOMPARE(image.pixel(layout.middle + offset), qRgb(0, 1, 2 + sector));
         }
     }
@@ -167,27 +172,84 @@ void TestPieGeometry::arrowsGoWhereTheyPoint()
     check(u"ooo"_s, u"-+-"_s, u"202"_s); // backwards from none, and around
 }
 
-void TestPieGeometry::labelsStayInTheirSector()
+void TestPieGeometry::labelsShareOneCircle()
 {
     QRandomGenerator random(12);
     int cut = 0, whole = 0;
     for (int round = 0; round < 300; ++round) {
-        const pie::Layout layout =
-            layoutOf(Weights(1 + random.bounded(30U), 1), random.bounded(101));
-        const pie::Wish wish{QSizeF(random.bounded(1, 90), 15), 45, random.bounded(2) * 32.0, 0};
+        pie::Layout layout = layoutOf(Weights(1 + random.bounded(16U), 1), random.bounded(101));
+        std::vector<pie::Wish> wishes(static_cast<std::size_t>(layout.count()));
+        for (pie::Wish &wish : wishes) {
+            const double width = random.bounded(1, 50);
+            wish.texts = {QSizeF(width, 15), QSizeF(width / 2, 30)};
+            wish.readable = 20;
+            wish.hasIcon = round % 2 == 0;
+            wish.hasDigit = random.bounded(2) == 0;
+            wish.hasArrow = random.bounded(4) == 0;
+        }
+        constexpr double kIcons[] = {32, 16};
+        const pie::Labels labels = pie::placeLabels(layout, wishes, 10, kIcons);
+        double radius = 0, icon = 0;
         for (int i = 0; i < layout.count(); ++i) {
-            const pie::Label label = pie::placeLabel(layout, i, wish);
-            ++(label.text.width() < wish.text.width() ? cut : whole);
-            QVERIFY(label.text.width() <= wish.text.width() && label.icon.width() <= wish.icon);
+            const auto at = static_cast<std::size_t>(i);
+            const pie::Label &label = labels.labels[at];
+            QVERIFY(label.arrow.isNull() || !label.arrow.intersects(label.digit));
+            for (const QRectF &part : {label.icon, label.text}) { // arcs are not quite round
+                const QRectF core = part.adjusted(.1, .1, -.1, -.1);
+                QVERIFY(part.isEmpty() || pie::sectorPath(layout, i).contains(core));
+                QVERIFY(!part.intersects(label.digit) && !part.intersects(label.arrow));
+            }
+            if (label.both().isNull())
+                continue;
+            const QPointF middle = label.both().center() - layout.centre();
+            const double distance = std::hypot(middle.x(), middle.y());
+            QVERIFY(radius == 0 || std::abs(distance - radius) < 1e-6);
+            QVERIFY(icon == 0 || label.icon.width() == icon);
+            radius = distance;
+            icon = label.icon.width();
             if (!label.icon.isEmpty() && !label.text.isEmpty())
                 QVERIFY(label.icon.bottom() <= label.text.top());
-            for (const QRectF &part : {label.icon, label.text}) // arcs of paths are not quite round
-                QVERIFY(part.isEmpty() ||
-                        pie::sectorPath(layout, i).contains(part.adjusted(.1, .1, -.1, -.1)));
         }
+        ++(labels.cut > 0 ? cut : whole);
+        // With room enough nothing is cut, nor smaller than it may be.
+        layout.outerRadius = pie::radiusForLabels(layout, 4000, wishes, 10, 32);
+        const pie::Labels grown = pie::placeLabels(layout, wishes, 10, kIcons);
+        QCOMPARE(grown.cut, 0);
+        QCOMPARE(grown.labels[0].icon.width(), round % 2 == 0 ? 32.0 : 0.0);
     }
-    QVERIFY(cut > 100 && whole > 100);
+    QVERIFY(cut > 50 && whole > 50);
 }
 
-QTEST_APPLESS_MAIN(TestPieGeometry)
+void TestPieGeometry::colorsCanBeTold()
+{
+    QRandomGenerator random(3);
+    for (int round = 0; round < 500; ++round) {
+        const QColor fill(random.generate());
+        const QColor text = round % 3 == 0   ? QColor(Qt::white)
+                            : round % 3 == 1 ? QColor(Qt::black)
+                                             : QColor(random.generate());
+        const QColor readable = pie::readableFill(fill, text);
+        QVERIFY(pie::contrast(readable, text) >= pie::kReadableContrast);
+        QCOMPARE(readable == fill, pie::contrast(fill, text) >= pie::kReadableContrast);
+    }
+    QCOMPARE(std::round(pie::contrast(Qt::white, Qt::black)), 21.0);
+    const auto lines = [](const QColor &window, const QColor &ink) {
+        QPalette palette(window, window);
+        palette.setColor(QPalette::WindowText, ink);
+        return pie::contrast(pie::Colors(palette).separator, window);
+    };
+    QVERIFY(lines(Qt::black, Qt::white) > 4.5 && lines(Qt::white, Qt::black) > 3);
+    QVERIFY(lines(QColor(239, 239, 239), Qt::black) < 2); // does not shout
+    // An icon of one colour takes the text's, one of many keeps what it shows.
+    QImage icon(8, 8, QImage::Format_ARGB32);
+    icon.fill(Qt::transparent);
+    icon.setPixelColor(1, 1, Qt::black);
+    QImage dark = pie::tinted(QPixmap::fromImage(icon), Qt::white).toImage();
+    QVERIFY(dark.pixelColor(1, 1) == Qt::white && dark.pixelColor(0, 0).alpha() == 0);
+    icon.setPixelColor(2, 2, Qt::red);
+    dark = pie::tinted(QPixmap::fromImage(icon), Qt::white).toImage();
+    QVERIFY(dark.pixelColor(2, 2).hue() == 0 && dark.pixelColor(1, 1).red() > 90);
+}
+
+QTEST_MAIN(TestPieGeometry)
 #include "tst_piegeometry.moc"

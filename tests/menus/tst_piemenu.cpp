@@ -6,12 +6,28 @@
 #include <QBitmap>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QRandomGenerator>
 #include <QScreen>
 #include <QTemporaryFile>
 #include <QtTest>
 #include <kelo_base/menus/QtPieMenu.h>
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+QStringList told; ///< to screen readers
+}
+
+/// Takes the place of the toolkit's, which tells nobody where the platform has no screen reader.
+void QAccessible::updateAccessibility(QAccessibleEvent *event)
+{
+    if (event->type() == NameChanged)
+        told << u"name"_s;
+    if (event->type() != StateChanged)
+        return;
+    const State changed = static_cast<QAccessibleStateChangeEvent *>(event)->changedStates();
+    told << (changed.checked ? u"check"_s : changed.disabled ? u"enabled"_s : u"else"_s);
+}
 
 class TestPieMenu : public QObject
 {
@@ -22,9 +38,12 @@ private slots:
     void warnsOfIndexesOutOfRange();
     void keepsItemsInOrder();
     void picksCancelsAndSurvives();
-    void measuresFastStrokesFromThePress();
+    void measuresStrokesFromThePress();
+    void picksWhatIsLit();
     void opensSubMenusWhereAsked();
+    void growsForItsLabels();
     void paintsHighlightWhereItIsHit();
+    void paintsChecksAndDigits();
     void tellsScreenReaders();
     void offersAPlainMenu();
 };
@@ -71,11 +90,18 @@ struct Menu
 
     /// Opens the menu when it is not yet, and takes steps on the menu in front: m, p, r move, press
     /// and release the left button and R clicks the right one, at a place: c the middle, C beside
-    /// it, n e s w on the ring, N E S W far outside. Others are names of keys; "opener" lets go the
-    /// key that opened the menu, and after "long" any time counts as long. "sub@Do" deletes the
-    /// sub-menu when "Do" is signalled, "sub@now" at once.
+    /// it, n e s w on the ring, N E S W far outside. Others are names of keys; with "key" a key
+    /// opens the menu, "repeat" repeats it and "unmarked" does so without saying so, "opener" lets
+    /// it go, "ctrl" lets go a key that was held already, and after "long" any time counts as long.
+    /// "sub@Do" deletes the sub-menu when "Do" is signalled, "sub@now" at once.
     void run(const QString &steps)
     {
+        QWidget host;
+        QTest::keyPress(&host, Qt::Key_Control);
+        if (steps.startsWith(u"key"_s))
+            QTest::keyPress(&host, Qt::Key_F1);
+        else
+            point(&host, u'p', {});
         if (!top->isVisible())
             top->popup(kPlace);
         for (const QString &word : steps.split(u' ')) {
@@ -94,15 +120,35 @@ struct Menu
                 send(front, QFocusEvent(QEvent::FocusOut, Qt::ActiveWindowFocusReason));
             else if (word == u"close"_s)
                 front->close();
-            else if (word == u"opener"_s)
-                QTest::keyRelease(front, Qt::Key_F1);
-            else if (word == u"repeat"_s) // the opening key is held
+            else if (word == u"opener"_s || word == u"ctrl"_s)
+                letGo(front, word == u"ctrl"_s ? Qt::Key_Control : Qt::Key_F1);
+            else if (word == u"repeat"_s)
                 send(front, QKeyEvent(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier, {}, true));
-            else if (word == u"long"_s)
-                top->setTapThreshold(0);
-            else
-                QTest::keyClick(front, static_cast<Qt::Key>(QKeySequence(word)[0].key()));
+            else if (word == u"unmarked"_s) {
+                QTest::keyRelease(front, Qt::Key_F1);
+                QTest::keyPress(front, Qt::Key_F1);
+            } else if (word == u"long"_s) {
+                for (QtPieMenu *menu : {top.data(), sub.data()})
+                    menu->setTapThreshold(0);
+            } else if (word == u"leash"_s)
+                top->setCancelDistance(200);
+            else if (word == u"hide"_s)
+                sub->hide();
+            else if (word == u"popup"_s || word == u"alone"_s)
+                (word == u"popup"_s ? top : sub)->popup(kPlace);
+            else if (word != u"key"_s) {
+                const QKeyCombination key = QKeySequence(word)[0];
+                QTest::keyClick(front, key.key(), key.keyboardModifiers());
+            }
         }
+    }
+    /// And waits until it is sure that the key is not repeating.
+    static void letGo(QWidget *front, Qt::Key key)
+    {
+        QTest::keyRelease(front, key);
+        QTest::qWait(50);
+        for (int i = 0; i < 3; ++i)
+            QCoreApplication::processEvents();
     }
     static void send(QWidget *front, QEvent &&event) { QApplication::sendEvent(front, &event); }
     static QPoint placeOf(QChar place)
@@ -115,7 +161,7 @@ struct Menu
     static void point(QWidget *front, QChar kind, QPoint place)
     {
         const auto act = [&](QEvent::Type type, Qt::MouseButton button) {
-            if (front->isVisible())
+            if (front->isVisible() || kind == u'p')
                 send(front, QMouseEvent(type, front->mapFromGlobal(place), place, button, button,
                                         Qt::NoModifier));
         };
@@ -159,7 +205,8 @@ void check(const QString &ways, const QString &log, const QString &open)
             continue;
         QCOMPARE(menu.top->shownSubMenu(), open.contains(u"sub"_s) ? 2 : -1);
         if (log.endsWith(u"canceled"_s) || log.endsWith(u"canceledAll"_s))
-            QVERIFY(menu.top->isCanceled() && menu.top->highlightedItem() == -2);
+            QVERIFY2(menu.top->isCanceled() && menu.top->highlightedItem() == -2,
+                     qPrintable(steps));
         menu.top->grab();
     }
 }
@@ -234,19 +281,25 @@ void TestPieMenu::keepsItemsInOrder()
 void TestPieMenu::picksCancelsAndSurvives()
 {
     QCursor::setPos(kPlace);
-    // Strokes, also far outside, and clicks
-    check(u"me re | mE rE | rc pe re | rc pc me re | me opener pe re | me long repeat opener"_s,
+    // Strokes, also far outside, and clicks; the key held, repeating
+    check(u"me re | mE rE | leash mE rE | rc pe re | rc pc me re | key me opener pe re"_s,
           kPickedDo, {});
+    check(u"key me long repeat opener | key me long unmarked unmarked opener"_s, kPickedDo, {});
     // Keys: arrow, around over the disabled item, backwards, digit, letter
     check(u"Right Return | Tab Tab Tab Space | Backtab Enter | 4 | D"_s, kPickedDo, {});
     check(u"Right Home Return"_s, u"top.activated top.aboutToHide Top"_s, {});
     // Clicks and strokes that end in the middle, the right button, and what comes from outside
-    check(u"rc pc rc | me mc rc | long repeat opener | rc Re | Esc | unfocus | close"_s, kLeft, {});
+    check(u"rc pc rc | me mc rc | key long repeat opener | rc Re | Esc | unfocus | close"_s, kLeft,
+          {});
+    check(u"leash rc pE rE"_s, kLeft, {});
     // An unsteady click, a second release, one thought better of; nothing highlighted, a digit
     // without an item or of a disabled one
-    check(u"mC rC | rc me re me re | rc me pe mc rc | Return | 0 | 2"_s, {}, u"top"_s);
+    check(u"mC rC | rc me re me re | rc me pe mc rc | Return | 0 | 2 | Ctrl+4"_s, {}, u"top"_s);
     // The opening key tapped, and let go but once; a disabled item, resting on a plain one
-    check(u"me opener | me opener long repeat opener | rc pw rw | rc me hover"_s, {}, u"top"_s);
+    check(u"key me opener | key me opener long repeat opener | rc pw rw | rc me hover"_s, {},
+          u"top"_s);
+    // The opening key still down, though it seems let go each time that it repeats; other keys
+    check(u"key me long unmarked unmarked | me long ctrl | key me long ctrl"_s, {}, u"top"_s);
     // A sub-menu opens by a click, by resting, also at the end of the stroke, and by keys: letter,
     // and the arrow that points to it
     check(u"rc ps rs | rc ms hover | ms hover rs | rc ms hover mS rS | S | Down Down"_s, {},
@@ -254,7 +307,12 @@ void TestPieMenu::picksCancelsAndSurvives()
     check(u"rc ps rs pS rS | ms hover mS rS | Down Down Down Return"_s, kPickedUnder, {});
     // Back by the right button, a click in the middle, backspace, which never goes further; the
     // stroke ends with its sub-menu
-    check(u"S Re | rc S ps rs | S Backspace Backspace | ms hover Esc re"_s, kBack, u"top"_s);
+    check(u"S Re | rc S pc rc | S Backspace Backspace | ms hover Esc re"_s, kBack, u"top"_s);
+    // The host hides the sub-menu, or pops the menu up anew while it or a sub-menu alone is open
+    check(u"S hide | S popup | alone popup"_s, {}, u"top"_s);
+    // A pointer that rests picks nothing from the sub-menu that opens under it
+    check(u"ms hover rs"_s, {}, u"top* sub"_s);
+    check(u"key long ms hover opener"_s, kBack, u"top"_s);
     // Escape goes back, and then out
     check(u"S Esc Esc"_s, kBack + u' ' + kLeft, {});
     check(u"S unfocus | S close"_s, kLeftAll, {});
@@ -264,28 +322,78 @@ void TestPieMenu::picksCancelsAndSurvives()
     check(u"top@top.aboutToHide Esc"_s, u"top.aboutToHide"_s, {});
     check(u"top@top.canceledAll S unfocus"_s, kLeftAll, {});
     check(u"top@now"_s, {}, {});
+    check(u"sub@sub.aboutToHide S unfocus"_s, u"sub.aboutToHide "_s + kLeft, {});
+    check(u"sub@sub.activated S 2"_s, u"sub.activated top.activated top.aboutToHide"_s, {});
     check(u"sub@sub.canceled S Esc 3"_s, kBack + u' ' + kPickedDo, {});
     check(u"S sub@now 3 | Do@Do 4"_s, kPickedDo, {});
     check(u"Right Do@now Return"_s, {}, u"top"_s); // it was highlighted
     QCOMPARE(QCursor::pos(), kPlace);              // never moved by us
 }
 
-void TestPieMenu::measuresFastStrokesFromThePress()
+void TestPieMenu::measuresStrokesFromThePress()
 {
     for (const QScreen *screen : QGuiApplication::screens()) {
-        for (const bool isSeen : {false, true}) {
+        for (const bool rests : {false, true}) {
             Menu menu;
             const QPoint corner = screen->geometry().bottomRight();
             menu.top->popup(corner);
             QCOMPARE(menu.top->highlightedItem(), -2);
             QCOMPARE(menu.top->geometry(), QRect(corner - QPoint(200, 200), QSize(201, 201)));
-            if (isSeen)
-                QCoreApplication::processEvents(); // paints
+            menu.top->repaint();
             // Above the corner, but to the right of the menu's middle.
-            Menu::point(menu.top, u'r', corner - QPoint(0, 60));
-            QCOMPARE(menu.log.value(2), isSeen ? u"Do"_s : u"Top"_s);
+            const QPoint place = corner - QPoint(0, 60);
+            Menu::point(menu.top, u'm', place);
+            QCOMPARE(menu.top->highlightedItem(), 0);
+            if (rests)
+                QTRY_COMPARE(menu.top->highlightedItem(), 3);
+            Menu::point(menu.top, u'r', place);
+            QCOMPARE(menu.log.value(2), rests ? u"Do"_s : u"Top"_s);
         }
     }
+}
+
+/// Whatever moved, rested or was pressed before: what is picked was highlighted.
+void TestPieMenu::picksWhatIsLit()
+{
+    QRandomGenerator random(7);
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    int picked = 0;
+    for (int round = 0; round < 400; ++round) {
+        Menu menu;
+        const auto anywhere = [&] {
+            return QPoint(random.bounded(screen.width()), random.bounded(screen.height()));
+        };
+        menu.sub->setEnabled(false);
+        menu.top->setInnerRadius(random.bounded(2) * 30);
+        QPoint pointer = anywhere();
+        menu.top->popup(pointer);
+        for (int step = random.bounded(8); step >= 0; --step) {
+            const int deed = random.bounded(6);
+            if (deed < 3)
+                pointer = random.bounded(4) == 0 ? anywhere() : pointer + QPoint(deed * 20, -9);
+            if (deed < 3)
+                Menu::point(menu.top, u'm', pointer);
+            else if (deed == 3)
+                QMetaObject::invokeMethod(menu.top, "pointerRested");
+            else if (deed == 4)
+                QTest::keyClick(menu.top, Qt::Key_Tab);
+            else
+                menu.top->insertItem(u"more"_s, 0);
+        }
+        const bool isClick = random.bounded(2) == 0;
+        if (isClick)
+            Menu::point(menu.top, u'p', pointer);
+        const QString lit =
+            menu.top->itemText(std::max(menu.top->highlightedItem(), 0)).remove(u'&');
+        const bool isLit = menu.top->highlightedItem() >= 0;
+        Menu::point(menu.top, u'r', pointer);
+        const bool isPicked = !menu.log.isEmpty() && menu.log[0] == u"top.activated"_s;
+        QVERIFY(isPicked ? isLit : !isLit || menu.open() == u"top"_s);
+        if (isPicked)
+            QCOMPARE(menu.log.value(2, u"more"_s), lit);
+        picked += isPicked ? 1 : 0;
+    }
+    QVERIFY(picked > 100);
 }
 
 void TestPieMenu::opensSubMenusWhereAsked()
@@ -293,25 +401,52 @@ void TestPieMenu::opensSubMenusWhereAsked()
     Menu menu;
     const auto centreOf = [](const QWidget *widget) { return widget->geometry().center(); };
     menu.top->setAutoActivateSubMenus(true);
-    menu.run(u"ms"_s);
+    menu.run(u"key S"_s);
+    QCOMPARE(centreOf(menu.sub), kPlace);
+    menu.top->setSubMenuPlacement(QtPieMenu::SubMenuPlacement::AroundPointer);
+    menu.run(u"Esc ms"_s);
     QCOMPARE(centreOf(menu.sub), Menu::placeOf(u's'));
     menu.run(u"Esc ms"_s); // it does not come back by itself
     QCOMPARE(menu.open(), u"top"_s);
     menu.run(u"S"_s);
     QCOMPARE(centreOf(menu.sub), kPlace + QPoint(0, 65)); // around its item
-    menu.top->setSubMenuPlacement(QtPieMenu::SubMenuPlacement::AtParent);
-    menu.run(u"Esc S"_s);
-    QCOMPARE(centreOf(menu.sub), kPlace);
     menu.top->hide();
     QVERIFY(!menu.sub->isVisible());
 
-    menu.top->popup(kPlace);
+    menu.run(u"key"_s);
     menu.sub->setTapThreshold(0);
     QTest::keyPress(menu.top, Qt::Key_S);
     QTest::keyRelease(menu.sub, Qt::Key_S); // not the opening key, though let go over there
     QCOMPARE(menu.open(), u"top* sub"_s);
     menu.run(u"opener"_s);
     QCOMPARE(menu.log.last(), u"sub.canceled"_s);
+}
+
+void TestPieMenu::growsForItsLabels()
+{
+    QtPieMenu menu(30, 60);
+    for (int i = 0; i < 12; ++i)
+        menu.insertItem(u"Quite a long text %1"_s.arg(i));
+    const auto radius = [&](const QPoint &place) {
+        menu.popup(place);
+        const int edge = 2 * menu.outerRadius() + 1;
+        return menu.size() == QSize(edge, edge) ? menu.outerRadius() : -1;
+    };
+    QCOMPARE(radius(kPlace), 60);
+    menu.setGrowing(true);
+    const int grown = radius(kPlace);
+    QVERIFY(grown > 90 && grown < 300);
+    QFont large = menu.font();
+    large.setPointSizeF(1.4 * large.pointSizeF());
+    menu.setFont(large);
+    QVERIFY(radius(kPlace) > grown);
+    large.setPointSizeF(10 * large.pointSizeF());
+    menu.setFont(large);
+    QCOMPARE(radius(kPlace), 399); // no larger than the screen
+    menu.clear();
+    menu.insertItem(u"x"_s);
+    menu.setFont({});
+    QVERIFY(radius(kPlace) < grown && menu.leastOuterRadius() == 60);
 }
 
 void TestPieMenu::paintsHighlightWhereItIsHit()
@@ -333,6 +468,34 @@ void TestPieMenu::paintsHighlightWhereItIsHit()
                 const QPoint pixel = at * plain.devicePixelRatio();
                 QCOMPARE(image.pixel(pixel) != plain.pixel(pixel), menu.indexAt(at) == i);
             }
+        }
+    }
+}
+
+void TestPieMenu::paintsChecksAndDigits()
+{
+    QPixmap icon(16, 16);
+    icon.fill(Qt::red);
+    for (const QString &text : {u"Text"_s, u""_s}) {
+        for (const QIcon &shown : {QIcon(icon), QIcon()}) {
+            QtPieMenu menu(20, 100);
+            QtPieItem *item = menu.insertItem(shown, text);
+            const auto picture = [&menu] { return menu.grab().toImage(); };
+            const QImage plain = picture();
+            item->setCheckable(true);
+            const QImage unchecked = picture();
+            item->setChecked(true);
+            const QImage checked = picture();
+            QRect changed;
+            for (int i = 0; i < 201 * 201; ++i) {
+                const QPoint at(i % 201, i / 201);
+                if (checked.pixel(at) != unchecked.pixel(at))
+                    changed |= QRect(at, at);
+            }
+            QVERIFY(!changed.isEmpty() && changed.width() <= menu.fontMetrics().height());
+            QVERIFY(text.isEmpty() || plain != unchecked); // room for the tick
+            menu.setDigitsShown(false);
+            QVERIFY(picture() != checked);
         }
     }
 }
@@ -360,6 +523,13 @@ void TestPieMenu::tellsScreenReaders()
     QCOMPARE(tell(1), u"Left; left, 2 of 4; disabled"_s);
     QCOMPARE(tell(2), u"Sub; bottom, 3 of 4; popup"_s);
     QCOMPARE(tell(3), u"Do; right, 4 of 4; focused"_s);
+    const auto key = [&](int i) { return ring->child(i)->text(QAccessible::Accelerator); };
+    QCOMPARE(key(0) + key(2), u"TS"_s);
+    menu.top->setItemText(u"Left"_s, 1);
+    QCOMPARE(key(1), u"2"_s);
+    QCOMPARE(ring->child(1)->actionInterface()->keyBindingsForAction(
+                 QAccessibleActionInterface::pressAction()),
+             QStringList(u"2"_s));
     QVERIFY(ring->childCount() == 4 && ring->child(0)->role() == QAccessible::MenuItem);
     QVERIFY(ring->focusChild() == ring->child(3) && ring->indexOfChild(ring->child(2)) == 2);
     QCOMPARE(ring->childAt(kPlace.x(), kPlace.y() - 70), ring->child(0));
@@ -367,6 +537,13 @@ void TestPieMenu::tellsScreenReaders()
     ring->child(3)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     QCOMPARE(menu.log.last(), u"Do"_s);
     QVERIFY(ring->child(3)->state().invisible);
+
+    told.clear();
+    menu.top->setItemText(u"new"_s, 3);
+    menu.top->itemAt(0)->setChecked(false);
+    menu.top->itemAt(0)->setChecked(false); // as it is
+    menu.top->setItemEnabled(false, 0);
+    QCOMPARE(told, QStringList({u"name"_s, u"check"_s, u"enabled"_s}));
 }
 
 void TestPieMenu::offersAPlainMenu()
@@ -379,9 +556,24 @@ void TestPieMenu::offersAPlainMenu()
     QCOMPARE(actions[3]->text(), u"Done"_s);
     actions[2]->menu()->actions().last()->trigger();
     QCOMPARE(menu.log.join(u' '), kPickedUnder);
+    const auto afterDeaths = [&] {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return plain->actions().size();
+    };
     menu.top->removeItemAt(0);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(plain->actions().size(), 3);
+    QCOMPARE(afterDeaths(), 3);
+    // What moves to another menu is chosen from there, whatever became of the first one.
+    QtPieMenu other(30, 100);
+    connect(&other, &QtPieMenu::activated, &menu.context, [&] { menu.log << u"other"_s; });
+    other.insertItem(menu.top->itemAt(2));
+    menu.log.clear();
+    actions[3]->trigger();
+    QCOMPARE(menu.log.join(u' '), u"other Do"_s);
+    menu.top->clear();
+    QCOMPARE(afterDeaths(), 1);
+    delete menu.top;
+    actions[3]->trigger();
+    QCOMPARE(menu.log.count(u"Do"_s), 2);
 }
 
 /// Two screens, the second with three pixels for two.

@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QtTest>
 #include <cstdio>
+#include <kelo_base/navigation/DocWindowNotifier.h>
 #include <kelo_base/navigation/ViewGeometry.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -85,25 +86,85 @@ private slots:
             QCOMPARE((UDocItem{u"a"_s, {}, {}, number, -1, 0, 1, {}}.IsValid()), number % 2 == 1);
         QVERIFY(!(UDocItem{{}, u"A"_s, u"A"_s, 1, -1, 0, 1, {}}.IsValid()));
         QVERIFY(!UDocItemList()[-1].IsValid() && !UDocItemList()[0].IsValid());
-        QList<UDocItem> variants(4, {u"ab"_s, u"c"_s, {}, 1, -1, 0, 1, {}});
+        QList<UDocItem> variants(9, {u"ab"_s, u"c"_s, {}, 1, -1, 0, 1, {}});
         variants[1].fileName = u"a"_s;
         variants[1].title = u"bc"_s;
         variants[2].scale = 2;
         variants[3].position.geoPoint.ry() = 1e-9;
+        variants[4].pageNumber = 0;
+        variants[5].rotation = 1;
+        variants[6].description = u"d"_s;
+        variants[7].position.devicePoint.ry() = 1;
+        variants[8].position.docPoint.rx() = 1;
         UDocItemList list;
         QSet<int> ids{list.BuildHashID()};
         for (const UDocItem &variant : variants)
             ids << (UDocItemList() << variant).BuildHashID() << (list << variant).BuildHashID();
         QCOMPARE(ids.size(), 2 * variants.size()); // the first variant alone comes twice
+        UDocItemList zeros;
+        zeros << UDocItem{{}, {}, {}, 1, -1, 0, 1, UCoord({-0.0, 0}, UCoord::ctGeo)};
+        QCOMPARE(zeros.BuildHashID(),
+                 (UDocItemList() << UDocItem{{}, {}, {}, 1, -1, 0, 1, {}}).BuildHashID());
+    }
+
+    void keepsTheCurrentItem()
+    {
+        const auto item = [](const char *name) {
+            UDocItem named;
+            named.fileName = QString::fromLatin1(name);
+            return named;
+        };
+        UDocItemList list;
+        QVERIFY(!list.Insert(1, item("x")) && !list.Replace(0, item("x")) && !list.Remove(0));
+        QVERIFY(list.Insert(0, item("c")) && list.currentIndex == -1);
+        list.currentIndex = 0;
+        QVERIFY(list.Insert(0, item("a")) && list.Insert(1, item("b")) &&
+                list.Insert(3, item("d")));
+        QVERIFY(list.Replace(3, item("D")) && !list.Remove(-1) && !list.Insert(-1, item("x")));
+        QVERIFY(list.currentIndex == 2 && list.Remove(3) && list.Remove(0));
+        QVERIFY(list.currentIndex == 1 && list[1].fileName == u"c" && list[0].fileName == u"b");
+        QVERIFY(list.Remove(1) && list.currentIndex == -1 && list.Size() == 1);
     }
 
     void survivesItsRegistration()
     {
         QVERIFY(!DocWindowXIfc::HInstance() && EstimatedHeightAboveGroundLevelS(nullptr) == -1);
+        int windows = 0, views = 0;
+        DocWindowNotifier *notifier = DocWindowXIfc::Notifier();
+        connect(notifier, &DocWindowNotifier::documentWindowReplaced, this, [&] { ++windows; });
+        connect(notifier, &DocWindowNotifier::primaryViewReplaced, this, [&] { ++views; });
         auto first = std::make_unique<TestWindow>();
-        const auto second = std::make_unique<TestWindow>();
+        auto second = std::make_unique<TestWindow>();
+        DocWindowXIfc::SetHInstance(second.get());
+        first->AnnouncePrimaryView(); // matters to nobody
+        second->AnnouncePrimaryView();
         first.reset(); // registered no longer: takes nothing along
         QCOMPARE(DocWindowXIfc::HInstance(), second.get());
+        QVERIFY(windows == 2 && views == 1);
+
+        double angle = 0;
+        bool isAnswered = true;
+        connect(&second->view, &QObject::destroyed, this,
+                [&] { isAnswered = NorthAngle(nullptr, angle); });
+        QVERIFY(NorthAngle(nullptr, angle));
+        second.reset(); // its view dies while it is registered
+        QVERIFY(!isAnswered && windows == 3);
+        const TestWindow third;
+        QVERIFY(NorthAngle(nullptr, angle)); // the silence is over
+    }
+
+    void offersNothingByDefault()
+    {
+        TestWindow window;
+        QWidget *view = &window.view;
+        UCoord coord;
+        QVERIFY(!window.GeoToDevice(view, coord) && !window.DeviceToDocument(view, coord));
+        QVERIFY(!window.DocumentToDevice(view, coord) && !window.CurrentDocument(view).IsValid());
+        QVERIFY(!window.CurrentDetails(view) && !window.StoredViews(view).Size());
+        QVERIFY(!window.Neighbours(view, TestWindow::PageSide::Top).Size());
+        QVERIFY(!window.LinkedDocuments(view).Size() && !window.ShowDocument(view, {}));
+        QVERIFY(!window.ShowWholePage(view, TestWindow::PageTurn::Keep));
+        QVERIFY(!window.MoveTo(view, coord) && !window.ZoomBy(view, 2) && !window.TurnBy(view, 1));
     }
 
     void takesAreasFromTheView()
@@ -115,11 +176,16 @@ private slots:
         QVERIFY(area.FillFromDevice(&window.view) && area.Rect() == QRectF(window.view.device));
         window.hasRects = false;
         QVERIFY(!area.FillFromDevice(nullptr) && !area.IsValid());
+        for (const auto &[rect, isValid] : {std::pair(QRect(-900, 5, 8, 9), true),
+                                            {QRect(900, 5, 0, 9), false},
+                                            {QRect(5, 900, 9, -1), false}})
+            QCOMPARE(URectArea(rect).IsValid(), isValid);
         window.view.eastToRight = 30;
         window.view.metresPerPixel = 0.5;
         const QRect device(QPoint(10, 20), QPoint(110, 60));
         QCOMPARE(UGeoArea(nullptr, device).QSzGeo(), QSizeF(50, 20));
         QCOMPARE(UGeoArea(nullptr, device).Polygon()[2], window.view.geoAt({110, 60}));
+        QVERIFY(!UGeoArea(nullptr, QRect(10, 20, 0, 5)).IsGeoValid());
         window.view.unknownFrom = 100;
         QVERIFY(UGeoArea(nullptr, device).Polygon().isEmpty());
     }
@@ -139,6 +205,21 @@ private slots:
         check({{0, 0}, {10, 0}, {12, 5}, {2, 5}}, true, false, {12, 5});             // oblique
         check({{0, 0}, {4, 0}, {0, 2}, {4, 2}}, true, false, {4, 2});                // a bow tie
         check({{0, 0}, {4, 3}, {8, 6}, {4, 3}}, false, false, {8, 6});               // on one line
+        check({{0, 0}, {9, 0}, {9, 9e-9}}, true, false, {9, 9e-9});                  // no more
+
+        QRandomGenerator random(52);
+        for (int i = 0; i < 1000; ++i) { // on the map
+            const QPointF start(3.5e6 + random.bounded(1e5), 5.5e6 + random.bounded(1e5));
+            const QPointF along(random.bounded(1e3) - 500, random.bounded(1e3) - 500);
+            const QPointF across =
+                QPointF(-along.y(), along.x()) / std::hypot(along.x(), along.y());
+            QPainterPath path(start);
+            for (int corner = 0; corner < 4; ++corner)
+                path.lineTo(start + random.bounded(9.0) * along);
+            QVERIFY(!UGeoArea(path).IsGeoValid());
+            path.lineTo(start + 0.0005 * across);
+            QVERIFY(UGeoArea(path).IsGeoValid());
+        }
     }
 
     void estimatesAgreeWithLongDoubles()
@@ -162,6 +243,8 @@ private slots:
             QVERIFY(agree(heights(fieldOfView, eyeDistance), byAngle, byDistance));
             const Values ratio = ratios(fieldOfView, eyeDistance, desired);
             QVERIFY(agree(ratio, desired / byAngle, desired / byDistance));
+            const long double denominator = scale * pixels / screen;
+            QVERIFY(isClose(MapScale(nullptr), denominator, denominator * 1e-9L));
             for (std::size_t way = 0; way < 3; ++way) { // the loop closes, up to that 0.001
                 scale = before * ratio[way];
                 const long double lost = 0.001 / pixels / std::min(before, scale) + 1e-12L;
@@ -188,13 +271,21 @@ private slots:
         window.view.origin = {};
         window.view.dpi = {0, 0}; // no screen
         QVERIFY(heights(50, 60)[0] > 0 && heights(50, 60)[1] == -1 && heights(50, 60)[2] == -1);
+        QCOMPARE(MapScale(nullptr), -1.0);
         window.hasRects = false;
+        QCOMPARE(MapScale(nullptr), -1.0);
         QCOMPARE(heights(50, 60), kFailure);
     }
 
     void storesWholeDefaults()
     {
         const TestWindow window;
+        QVERIFY(DefaultFieldOfView() == 50 && DefaultEyeToMonitorDistance() == 60);
+        SetDefaultFieldOfView(70);
+        SetDefaultEyeToMonitorDistance(40);
+        QCOMPARE(EstimatedHeightAboveGroundLevelS(nullptr), heights(70, 40)[2]);
+        QCOMPARE(EstimatedZoomRatioFromDesiredHeightAboveGroundLevelS(nullptr, 9),
+                 ratios(70, 40, 9)[2]);
         for (const auto &[given, stored] :
              {std::pair(45.9, 45U), {-1e300, 2147483648U}, {qInf(), 4294967295U}, {qQNaN(), 0U}}) {
             SetDefaultFieldOfView(given);
@@ -206,8 +297,16 @@ private slots:
 
     void pointsNorth()
     {
+        struct MiddleRow : TestWindow // elsewhere a view may show the map bent
+        {
+            bool DeviceToGeo(QWidget *widget, UCoord &coord) const override
+            {
+                return coord.devicePoint.y() == view.device.center().y() &&
+                       TestWindow::DeviceToGeo(widget, coord);
+            }
+        };
         QRandomGenerator random(53);
-        const TestWindow window;
+        const MiddleRow window;
         double angle = 0;
         for (int i = 0; i < 2000; ++i) {
             setRandomly(window.view, random);
@@ -221,8 +320,12 @@ private slots:
         window.view.origin = {};
         window.view.eastToRight = 1e-9; // an arccosine would take it for 0
         QVERIFY(NorthAngle(nullptr, angle) && isClose(angle, 1e-9L, 1e-13L));
-        window.view.device.setWidth(3); // both points are one
-        QVERIFY(!NorthAngle(nullptr, angle) && angle == 0);
+        window.view.eastToRight = 90;
+        for (const int width : {4, 3, 2, 1}) { // from 3 on nothing lies between the edges
+            window.view.device.setWidth(width);
+            QCOMPARE(NorthAngle(nullptr, angle), width == 4);
+            QCOMPARE(angle, width == 4 ? 90.0 : 0.0);
+        }
     }
 
     /// The table is read once a process, beside the program: a copy of this one answers.

@@ -86,7 +86,7 @@ def ods(path):
                 cells += [ods_cell(cell)] * min(int(cell.get(table + "number-columns-repeated", 1)), 50)
             while cells and cells[-1][0] == "empty":
                 cells.pop()
-            rows.append(cells)
+            rows += [cells] * min(int(row.get(table + "number-rows-repeated", 1)), 50)
         while rows and not rows[-1]:
             rows.pop()
         sheets.append({"name": sheet.get(table + "name"), "rows": rows})

@@ -42,7 +42,8 @@ inline QByteArray binaryPlan(const PlanPairs &pairs, bool isWide)
             plan += static_cast<char>(std::min(code, 255));
         if (isWide || code >= 255)
             append(static_cast<qint16>(code));
-        if ((code >= 10 && code < 60) || (code >= 140 && code < 150) || code / 10 == 101)
+        if ((code >= 10 && code < 60) || (code >= 140 && code < 150) ||
+            (code >= 210 && code < 240) || code / 10 == 101)
             append(value.toDouble());
         else if ((code >= 60 && code < 80) || code == 1070)
             append(static_cast<qint16>(value.toInt()));
