@@ -94,13 +94,12 @@ bool TableWriter::Work::beginSheet(const Sheet &sheet)
     m_sheet = sheet;
     const qsizetype most = std::min<qsizetype>(m_limits.columns, sheet.columns.size());
     m_columns = static_cast<int>(most);
+    m_sheet.columns.resize(m_columns);
     m_part = 1;
     openSheet(sheet.name);
     m_sheetName = m_sheet.name;
-    const qint64 leftOut = sheet.columns.size() - m_columns;
-    for (qint64 i = 0; i < leftOut; ++i)
+    for (qsizetype column = most; column < sheet.columns.size(); ++column)
         note(FindingKind::ColumnsLeftOut, m_sheet.name);
-    m_sheet.columns.resize(m_columns);
     return true;
 }
 

@@ -32,9 +32,9 @@ class AutomationSink : public Sink
 public:
     explicit AutomationSink(const Target &target)
         : m_target(target),
-          m_workbook(makeXlsxSink(workbookIn(m_folder, target), target.format == Format::Xlsx
-                                                                    ? DayCount::OfFiles
-                                                                    : DayCount::True))
+          m_workbook(makeXlsxSink(
+              workbookIn(m_folder, target),
+              {target.format == Format::Xlsx ? DayCount::OfFiles : DayCount::True, false}))
     {
     }
 

@@ -50,8 +50,15 @@ public:
 [[nodiscard]] BackEndState libraryState();
 [[nodiscard]] BackEndState automationState();
 
+/// How a workbook spells what programs read differently.
+struct WorkbookDialect
+{
+    DayCount dayCount = DayCount::OfFiles;
+    /// False for LibreOffice, which makes formulas of booleans: numbers with a format that says so.
+    bool hasBooleans = true;
+};
 [[nodiscard]] std::unique_ptr<Sink> makeXlsxSink(const Target &target,
-                                                 DayCount dayCount = DayCount::OfFiles);
+                                                 WorkbookDialect dialect = {});
 [[nodiscard]] std::unique_ptr<Sink> makeCsvSink(const Target &target);
 [[nodiscard]] std::unique_ptr<Sink> makeAutomationSink(const Target &target);
 

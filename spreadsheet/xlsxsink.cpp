@@ -43,13 +43,15 @@ QByteArray formatCode(const Column &column)
     return {};
 }
 
+constexpr char kBooleanFormat[] = R"("TRUE";"TRUE";"FALSE")";
+
 /// Formats that follow the reader's country, by their numbers in the file.
 enum BuiltInFormat : std::uint8_t { ShortDate = 14, TimeWithSeconds = 21, ShortDateWithTime = 22 };
 
 class XlsxSink : public Sink
 {
 public:
-    XlsxSink(const Target &target, DayCount dayCount);
+    XlsxSink(const Target &target, WorkbookDialect dialect);
     ~XlsxSink() override;
     Q_DISABLE_COPY_MOVE(XlsxSink)
 
@@ -84,7 +86,7 @@ private:
     [[nodiscard]] QString assemble();
 
     QString m_target;
-    DayCount m_dayCount;
+    WorkbookDialect m_dialect;
     QTemporaryDir m_folder; ///< of the rows and the finished file, until it is copied
     QByteArray m_folderName;
     QByteArray m_fileName;
@@ -104,8 +106,8 @@ private:
     QStringEncoder m_encoder{QStringEncoder::Utf8, QStringEncoder::Flag::Stateless};
 };
 
-XlsxSink::XlsxSink(const Target &target, DayCount dayCount)
-    : m_target(target.file), m_dayCount(dayCount)
+XlsxSink::XlsxSink(const Target &target, WorkbookDialect dialect)
+    : m_target(target.file), m_dialect(dialect)
 {
     if (!m_folder.isValid()) {
         m_error = notWritten(m_target, m_folder.errorString());
@@ -191,12 +193,16 @@ void XlsxSink::putInteger(int column, qint64 number)
 
 void XlsxSink::putBoolean(int column, bool value)
 {
+    if (!m_dialect.hasBooleans)
+        return check(worksheet_write_number(m_sheet, m_row, at(column), value ? 1 : 0,
+                                            codeFormat(kBooleanFormat)));
     check(worksheet_write_boolean(m_sheet, m_row, at(column), value, numberFormat(column)));
 }
 
 void XlsxSink::putDate(int column, QDate date)
 {
-    check(worksheet_write_number(m_sheet, m_row, at(column), serialOf(date, m_dayCount).value_or(0),
+    check(worksheet_write_number(m_sheet, m_row, at(column),
+                                 serialOf(date, m_dialect.dayCount).value_or(0),
                                  timeFormat(column, ShortDate)));
 }
 
@@ -208,7 +214,8 @@ void XlsxSink::putTime(int column, QTime time)
 
 void XlsxSink::putDateTime(int column, const QDateTime &time)
 {
-    const double serial = serialOf(time.date(), m_dayCount).value_or(0) + serialOf(time.time());
+    const double serial =
+        serialOf(time.date(), m_dialect.dayCount).value_or(0) + serialOf(time.time());
     check(worksheet_write_number(m_sheet, m_row, at(column), serial,
                                  timeFormat(column, ShortDateWithTime)));
 }
@@ -315,9 +322,9 @@ BackEndState libraryState()
             Texts::tr("libxlsxwriter %1.").arg(QString::fromLatin1(lxw_version()))};
 }
 
-std::unique_ptr<Sink> makeXlsxSink(const Target &target, DayCount dayCount)
+std::unique_ptr<Sink> makeXlsxSink(const Target &target, WorkbookDialect dialect)
 {
-    return std::make_unique<XlsxSink>(target, dayCount);
+    return std::make_unique<XlsxSink>(target, dialect);
 }
 
 } // namespace spreadsheet
