@@ -10,6 +10,7 @@
 #include <QStringEncoder>
 #include <QTemporaryDir>
 #include <map>
+#include <numeric>
 #include <xlsxwriter.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -42,6 +43,9 @@ QByteArray formatCode(const Column &column)
     }
     return {};
 }
+
+constexpr std::uint8_t kPaperA4 = 9;
+constexpr double kPortraitCharacters = 90; ///< what stands beside each other on an upright page
 
 constexpr char kBooleanFormat[] = R"("TRUE";"TRUE";"FALSE")";
 
@@ -236,6 +240,11 @@ void XlsxSink::endSheet(const QList<double> &widths)
 {
     for (int column = 0; column < widths.size(); ++column)
         check(worksheet_set_column(m_sheet, at(column), at(column), widths[column], nullptr));
+    // Printed, a sheet is as wide as one page, and the page lies where that reads better.
+    worksheet_set_paper(m_sheet, kPaperA4);
+    worksheet_fit_to_pages(m_sheet, 1, 0);
+    if (std::accumulate(widths.begin(), widths.end(), 0.0) > kPortraitCharacters)
+        worksheet_set_landscape(m_sheet);
     if (m_hasFilter && !m_columns.isEmpty()) {
         const lxw_col_t last = at(static_cast<int>(m_columns.size()) - 1);
         check(worksheet_autofilter(m_sheet, 0, 0, m_row > 0 ? m_row - 1 : 0, last));
