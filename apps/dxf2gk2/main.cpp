@@ -54,6 +54,8 @@ QString targetConflict(const Options &options)
             targets << outputPath(options, plan);
     if (!options.preview.isEmpty())
         targets << options.preview;
+    if (!options.table.isEmpty())
+        targets << options.table;
     std::vector<std::pair<std::filesystem::path, QString>>
         places; // to sort: there may be thousands
     for (const QString &target : targets)
@@ -88,6 +90,8 @@ void comment(const Conversion &conversion, const Options &options)
         return;
     for (const PlanFinding &diagnostic : conversion.session->Findings())
         tell(warningLine(conversion.plan, diagnostic));
+    for (const QString &sentence : conversion.tableFindings)
+        tell(warningLine(conversion.plan, {PlanFinding::Severity::Note, {}, 0, 0, {}, sentence}));
     if (conversion.comparison)
         tell(comparisonLine(conversion, options));
     if (!conversion.failure)
