@@ -51,7 +51,7 @@ void declare(QCommandLineParser &parser)
         {{u"q"_s, u"quiet"_s}, Text::tr("Print failures only.")},
         {u"progress"_s, Text::tr("Show a progress bar: auto, always or never."), u"WHEN"_s,
          u"auto"_s},
-        {u"version"_s, Text::tr("Print the version.")},
+        {u"version"_s, Text::tr("Print the version; with --json also what is known of this run.")},
         {{u"h"_s, u"help"_s}, Text::tr("Print this help.")},
     });
 }

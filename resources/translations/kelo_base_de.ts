@@ -1497,8 +1497,8 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <translation>Den Fortschritt anzeigen: auto, always oder never (nach Bedarf, immer, nie).</translation>
     </message>
     <message>
-        <source>Print the version.</source>
-        <translation>Die Version ausgeben.</translation>
+        <source>Print the version; with --json also what is known of this run.</source>
+        <translation>Die Version ausgeben; mit --json auch, was von diesem Lauf bekannt ist.</translation>
     </message>
     <message>
         <source>Print this help.</source>
