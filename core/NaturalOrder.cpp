@@ -110,13 +110,21 @@ int orderOfRests(Walker a, Walker b)
     }
 }
 
-/// The order of texts that are equal, and have no null character, up to @p at.
-template <bool ignoresCase>
-Q_NEVER_INLINE int orderFrom(QStringView left, QStringView right, qsizetype at)
+/// The conversion would look twice whether the text is null, which counts here.
+QStringView unitsOf(const QString &text)
 {
-    while (at > 0 && isDigit(left.utf16()[at - 1]))
+    return {text.begin(), text.size()};
+}
+
+/// Whether @p left comes before @p right; both are equal, and have no null character, up to @p at.
+template <bool ignoresCase>
+Q_NEVER_INLINE bool isLessFrom(const QString &left, const QString &right, qsizetype at)
+{
+    const QStringView x = unitsOf(left);
+    const QStringView y = unitsOf(right);
+    while (at > 0 && isDigit(x.utf16()[at - 1]))
         --at; // to the start of a run
-    return orderOfRests<ignoresCase>(Walker(left, at), Walker(right, at));
+    return orderOfRests<ignoresCase>(Walker(x, at), Walker(y, at)) < 0;
 }
 
 // Sorting compares neighbours: much is equal at the start, and the first difference mostly decides.
@@ -131,11 +139,11 @@ quint64 blockAt(const char16_t *units)
     return qFromLittleEndian<quint64>(units);
 }
 
-/// The highest bit of each unit that is no digit, in a block of ASCII.
+/// The highest bit of each unit that is no digit, among other bits, in a block of ASCII.
 quint64 endsOfDigits(quint64 block)
 {
     const quint64 values = block ^ (kEach * u'0'); // 0 ... 9 for digits, more for all else
-    return (values + kEach * (0x7FFF - 9)) & kHighest;
+    return values + kEach * (0x7FFF - 9);
 }
 
 bool isAscii(quint64 block)
@@ -148,101 +156,124 @@ bool isAsciiDigit(char16_t c)
     return static_cast<char16_t>(c - u'0') < 10;
 }
 
-/// The order of two runs of digits that differ first at @p at; 0 behind anything but ASCII.
-/// @param longer  which one goes on longer: below 0 the right one, 0 neither
-inline int orderOfRuns(const char16_t *x, const char16_t *y, qsizetype at, int longer)
+/// An answer of the quick look.
+enum class Less { No, Yes, Unclear };
+
+Less answer(bool isLess)
 {
-    const int difference = orderOf(x[at], y[at]);
-    if (longer * difference >= 0) // both say the same, whichever counts
-        return difference;
+    return isLess ? Less::Yes : Less::No;
+}
+
+/// Two runs of digits of unequal length, whose first difference at @p at says the contrary of
+/// their lengths.
+Less lessOfRuns(const char16_t *x, const char16_t *y, qsizetype at)
+{
+    const bool isShorter = x[at] > y[at];
     while (at > 0 && isAsciiDigit(x[at - 1]))
         --at;
     if (at > 0 && x[at - 1] >= 0x80)
-        return 0; // may be a digit as well
+        return Less::Unclear; // may be a digit as well
     const bool isFraction = x[at] == u'0' || y[at] == u'0';
-    return isFraction ? difference : longer;
+    return answer(isShorter != isFraction);
 }
 
-/// The order of texts of which one goes on with white space and the other without; 0 when it takes
-/// closer looks. @param x, y  have two units at least
-template <bool ignoresCase>
-inline int orderBehindBlank(const char16_t *x, const char16_t *y)
+/// Two runs of digits that differ first at @p at.
+/// @param last  the last place where a block may begin
+inline Less lessOfDigits(const char16_t *x, const char16_t *y, qsizetype at, qsizetype last)
 {
-    const char16_t a = x[0] == u' ' ? x[1] : x[0];
-    const char16_t b = y[0] == u' ' ? y[1] : y[0];
-    const bool isClear = a > u' ' && b > u' ' && !(isAsciiDigit(a) && isAsciiDigit(b));
-    if (!isClear)
-        return 0;
-    return ignoresCase ? orderOf(asciiUpper(a), asciiUpper(b)) : orderOf(a, b);
-}
-
-/// The order of texts that differ first at @p at; 0 when it takes closer looks: at white space,
-/// ends of texts, and whatever is not ASCII.
-/// @param size  of the shorter one
-template <bool ignoresCase>
-inline int orderOfBlocks(const char16_t *x, const char16_t *y, qsizetype at, qsizetype size)
-{
-    for (qsizetype next = at; next + kBlock <= size; next += kBlock) {
+    const bool isLess = x[at] < y[at];
+    for (qsizetype next = at; next <= last; next += kBlock) {
         const quint64 a = blockAt(x + next);
         const quint64 b = blockAt(y + next);
         if (!isAscii(a | b))
-            return 0;
+            break;
         const quint64 endsA = endsOfDigits(a);
         const quint64 endsB = endsOfDigits(b);
-        if ((endsA | endsB) == 0)
+        const quint64 ends = (endsA | endsB) & kHighest;
+        if (ends == 0)
             continue; // digits all through
-        const int longer = std::countr_zero(endsA) - std::countr_zero(endsB);
-        if (next > at || ((endsA | endsB) & 0x8000) == 0)
-            return orderOfRuns(x, y, at, longer);
-        const char16_t before = at > 0 ? x[at - 1] : u'\0';
-        if (longer != 0 && before >= u'0' && (before <= u'9' || before >= 0x80))
-            return before <= u'9' ? longer : 0; // of equal runs one goes on
-        if (x[at] <= u' ' || y[at] <= u' ')
-            return orderBehindBlank<ignoresCase>(x + at, y + at);
-        return ignoresCase ? orderOf(asciiUpper(x[at]), asciiUpper(y[at])) : orderOf(x[at], y[at]);
+        const quint64 first = ends & (~ends + 1);
+        if ((endsA & endsB & first) != 0) // of equal length
+            return answer(isLess);
+        const bool isShorter = (endsA & first) != 0;
+        return isShorter == isLess ? answer(isLess) : lessOfRuns(x, y, at);
     }
-    return 0;
+    return Less::Unclear;
 }
 
-/// Below, at or above 0, as @p left comes before, with or after @p right.
+/// Of texts one of which goes on with white space, the other without.
+/// @param x, y  have two units at least
 template <bool ignoresCase>
-int naturalOrder(QStringView left, QStringView right)
+inline Less lessBehindBlank(const char16_t *x, const char16_t *y)
 {
-    const char16_t *const x = left.utf16();
-    const char16_t *const y = right.utf16();
-    const qsizetype size = std::min(left.size(), right.size());
-    quint64 nulls = 0;
+    const char16_t a = x[0] == u' ' ? x[1] : x[0];
+    const char16_t b = y[0] == u' ' ? y[1] : y[0];
+    if (a <= u' ' || b <= u' ' || a >= 0x80 || b >= 0x80 || (isAsciiDigit(a) && isAsciiDigit(b)))
+        return Less::Unclear;
+    const char16_t c = ignoresCase ? asciiUpper(a) : a;
+    const char16_t d = ignoresCase ? asciiUpper(b) : b;
+    return c == d ? Less::Unclear : answer(c < d);
+}
+
+/// Texts that differ first at @p at. Unclear are white space, ends of texts, and whatever is not
+/// ASCII.
+/// @param last  the last place where a block may begin; not below @p at
+template <bool ignoresCase>
+inline Less lessAt(const char16_t *x, const char16_t *y, qsizetype at, qsizetype last)
+{
+    const char16_t a = x[at];
+    const char16_t b = y[at];
+    const bool isDigitA = isAsciiDigit(a);
+    const bool isDigitB = isAsciiDigit(b);
+    if (isDigitA && isDigitB)
+        return lessOfDigits(x, y, at, last);
+    if (a >= 0x80 || b >= 0x80)
+        return Less::Unclear;
+    if (isDigitA != isDigitB && at > 0 && x[at - 1] >= u'0') {
+        if (x[at - 1] >= 0x80)
+            return Less::Unclear; // may be a digit as well
+        if (x[at - 1] <= u'9')
+            return answer(isDigitB); // of equal runs one goes on
+    }
+    if (a <= u' ' || b <= u' ')
+        return lessBehindBlank<ignoresCase>(x + at, y + at);
+    const char16_t c = ignoresCase ? asciiUpper(a) : a;
+    const char16_t d = ignoresCase ? asciiUpper(b) : b;
+    return c == d ? Less::Unclear : answer(c < d);
+}
+
+/// Whether @p left comes before @p right.
+template <bool ignoresCase>
+bool isLess(const QString &left, const QString &right)
+{
+    const char16_t *const x = unitsOf(left).utf16();
+    const char16_t *const y = unitsOf(right).utf16();
+    const qsizetype last = std::min(left.size(), right.size()) - kBlock;
+    quint64 nulls = 0; // highest bits: all up to the first null, and perhaps of far characters
     qsizetype at = 0;
-    for (; at + kBlock <= size; at += kBlock) {
+    for (; at <= last; at += kBlock) {
         const quint64 block = blockAt(x + at);
         const quint64 difference = block ^ blockAt(y + at);
-        nulls |= (block - kEach) & ~block; // highest bits: right up to the first null
+        nulls |= block - kEach;
         if (difference == 0)
             continue;
         at += std::countr_zero(difference) / 16;
         break;
     }
     if ((nulls & kHighest) != 0)
-        return orderFrom<ignoresCase>(left, right, 0);
-    if (const int order = orderOfBlocks<ignoresCase>(x, y, at, size))
-        return order;
-    return orderFrom<ignoresCase>(left, right, at);
-}
-
-/// The conversion would look twice whether the text is null, which counts here.
-QStringView unitsOf(const QString &text)
-{
-    return {text.begin(), text.end()};
+        return isLessFrom<ignoresCase>(left, right, 0);
+    const Less less = at <= last ? lessAt<ignoresCase>(x, y, at, last) : Less::Unclear;
+    return less == Less::Unclear ? isLessFrom<ignoresCase>(left, right, at) : less == Less::Yes;
 }
 
 } // namespace
 
 bool caseSensitiveNaturalOrderLessThen(const QString &a, const QString &b)
 {
-    return naturalOrder<false>(unitsOf(a), unitsOf(b)) < 0;
+    return isLess<false>(a, b);
 }
 
 bool caseInsensitiveNaturalOrderLessThen(const QString &a, const QString &b)
 {
-    return naturalOrder<true>(unitsOf(a), unitsOf(b)) < 0;
+    return isLess<true>(a, b);
 }

@@ -223,13 +223,19 @@ bool ConfigFile::event(QEvent *event)
 {
     if (event->type() != QEvent::UpdateRequest)
         return QSettings::event(event);
-    saveWithin(0); // what was set a moment ago
+    saveAtLeisure(); // what was set a moment ago
     return true;
 }
 
 void ConfigFile::timerEvent(QTimerEvent *)
 {
-    killTimer(std::exchange(m_retryTimer, 0));
+    m_retryTimer.stop();
+    saveAtLeisure();
+}
+
+/// Without any wait. A file that is closed is needed no longer than this.
+void ConfigFile::saveAtLeisure()
+{
     if (saveWithin(0) && m_isLeft)
         deleteLater();
 }
@@ -257,8 +263,8 @@ bool ConfigFile::saveWithin(int milliseconds)
 
 bool ConfigFile::putOff(const QString &reason, bool isSilent)
 {
-    if (m_retryTimer == 0)
-        m_retryTimer = startTimer(kRetry);
+    if (!m_retryTimer.isActive())
+        m_retryTimer.start(kRetry, this);
     if (isSilent)
         return false;
     m_isPutOff = true;

@@ -2,6 +2,7 @@
 // Configuration files: INI text that is saved whole or not at all.
 #pragma once
 
+#include <QBasicTimer>
 #include <QSettings>
 
 /// A settings file of the same text as one of QSettings::IniFormat, which may read and write it
@@ -46,9 +47,10 @@ protected:
 
 private:
     bool saveWithin(int milliseconds);
+    void saveAtLeisure();
     bool putOff(const QString &reason, bool isSilent);
 
-    int m_retryTimer = 0;
+    QBasicTimer m_retryTimer;
     bool m_isUnread = false; ///< when QSettings looked last, it could not read the file
     bool m_isPutOff = false; ///< the last save() failed
     bool m_isLeft = false;   ///< closed, but not saved yet

@@ -7,6 +7,7 @@
 #include <QPoint>
 #include <QRect>
 #include <QSize>
+#include <QStringDecoder>
 #include <algorithm>
 #include <optional>
 #include <utility>
@@ -58,12 +59,21 @@ int digitValue(char c, int base)
 
 // ---- Values ----------------------------------------------------------------------------------
 
-/// The number in front of each blank and ")": those of "@Size(3 -4)".
+/// The number in front of each blank and ")": those of "@Size(3 -4)". As the toolkit does it, which
+/// goes on with the same number behind a ")".
 QList<int> numbersIn(QStringView marked, qsizetype from)
 {
     QList<int> numbers;
-    for (const QStringView number : marked.sliced(from).chopped(1).split(u' '))
+    QString number;
+    for (const QChar c : marked.sliced(from)) {
+        if (c != u' ' && c != u')') {
+            number += c;
+            continue;
+        }
         numbers << number.toInt();
+        if (c == u' ')
+            number.clear();
+    }
     return numbers;
 }
 
@@ -72,19 +82,20 @@ QByteArray bytesIn(QStringView marked, qsizetype from)
     return marked.sliced(from).chopped(1).toLatin1();
 }
 
-/// Nothing when the bytes are not those of a value, or of one whose type nobody has made known.
-std::optional<QVariant> streamedValue(const QByteArray &bytes, QDataStream::Version version)
+/// An invalid one when the bytes are not those of a value, or of one whose type nobody has made
+/// known; then the text around them is not whole.
+QVariant streamedValue(const QByteArray &bytes, QDataStream::Version version, bool &isWhole)
 {
     QDataStream stream(bytes);
     stream.setVersion(version);
     QVariant value;
     stream >> value;
-    const bool isRead = stream.status() == QDataStream::Ok && value.isValid();
-    return isRead ? std::optional(value) : std::nullopt;
+    isWhole = isWhole && stream.status() == QDataStream::Ok && value.isValid();
+    return value;
 }
 
-/// The value of a text that begins with "@"; nothing when it cannot be read.
-std::optional<QVariant> markedValue(const QString &text)
+/// The value of a text that begins with "@".
+QVariant markedValue(const QString &text, bool &isWhole)
 {
     const auto plain = [&] { return QVariant(text.startsWith("@@"_L1) ? text.sliced(1) : text); };
     if (!text.endsWith(u')'))
@@ -94,9 +105,9 @@ std::optional<QVariant> markedValue(const QString &text)
     if (text.startsWith(kString))
         return text.sliced(kString.size()).chopped(1);
     if (text.startsWith(kVariant))
-        return streamedValue(bytesIn(text, kVariant.size()), kVariantVersion);
+        return streamedValue(bytesIn(text, kVariant.size()), kVariantVersion, isWhole);
     if (text.startsWith(kDateTime))
-        return streamedValue(bytesIn(text, kDateTime.size()), kDateTimeVersion);
+        return streamedValue(bytesIn(text, kDateTime.size()), kDateTimeVersion, isWhole);
     if (text.startsWith(kRect)) {
         const QList<int> n = numbersIn(text, kRect.size());
         return n.size() == 4 ? QVariant(QRect(n[0], n[1], n[2], n[3])) : plain();
@@ -112,22 +123,19 @@ std::optional<QVariant> markedValue(const QString &text)
     return text == kInvalid ? QVariant() : plain();
 }
 
-std::optional<QVariant> valueOf(const QString &text)
+QVariant valueOf(const QString &text, bool &isWhole)
 {
-    return text.startsWith(u'@') ? markedValue(text) : QVariant(text);
+    return text.startsWith(u'@') ? markedValue(text, isWhole) : QVariant(text);
 }
 
 /// Texts alone make a QStringList, anything else among them a QVariantList.
-std::optional<QVariant> valueOfList(const QStringList &texts)
+QVariant valueOfList(const QStringList &texts, bool &isWhole)
 {
     QVariantList values;
     bool isAllText = true;
     for (const QString &text : texts) {
-        const auto value = valueOf(text);
-        if (!value)
-            return std::nullopt;
         isAllText = isAllText && (!text.startsWith(u'@') || text.startsWith("@@"_L1));
-        values << *value;
+        values << valueOf(text, isWhole);
     }
     return isAllText ? QVariant(QVariant(values).toStringList()) : QVariant(values);
 }
@@ -193,14 +201,16 @@ class ValueReader
 public:
     explicit ValueReader(QByteArrayView text) : m_text(text) {}
 
-    [[nodiscard]] std::optional<QVariant> read()
+    /// @param isWhole  becomes false when a part cannot be read; the rest stays
+    [[nodiscard]] QVariant read(bool &isWhole)
     {
         QStringList elements(readElement());
         while (m_at < m_text.size()) {
             ++m_at; // the comma
             elements << readElement();
         }
-        return elements.size() == 1 ? valueOf(elements[0]) : valueOfList(elements);
+        return elements.size() == 1 ? valueOf(elements[0], isWhole)
+                                    : valueOfList(elements, isWhole);
     }
 
 private:
@@ -246,7 +256,7 @@ private:
         const qsizetype start = m_at++;
         while (!isAtEnd() && !QByteArrayView("\\\",").contains(m_text[m_at]))
             ++m_at;
-        element += QString::fromUtf8(m_text.sliced(start, m_at - start));
+        element += m_decode(m_text.sliced(start, m_at - start));
     }
 
     /// What follows a backslash: a letter, a number in base 8 or 16, or a line end, which vanishes.
@@ -287,6 +297,8 @@ private:
 
     QByteArrayView m_text;
     qsizetype m_at = 0;
+    // A byte-order mark in a value is a character like others.
+    QStringDecoder m_decode{QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom};
 };
 
 /// A key or a section's name: "\" stands for "/", "%41" and "%U0041" for a character.
@@ -386,17 +398,23 @@ QString prefixOf(QByteArrayView name)
 
 // ---- Writing ---------------------------------------------------------------------------------
 
-/// The inverse of unescapedKey().
+bool isPlainInKey(char16_t c)
+{
+    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') ||
+           c == u'_' || c == u'-' || c == u'.';
+}
+
+/// The inverse of unescapedKey(). The last "/" goes as a number: a backslash there would take the
+/// "=" along, and the toolkit loses such keys.
 void appendKey(QByteArray &text, QStringView key)
 {
     constexpr char kDigits[] = "0123456789ABCDEF";
-    for (const QChar c : key) {
-        const char16_t code = c.unicode();
-        const bool isPlain = code < 0x80 && (c.isLetterOrNumber() || u"_-."_s.contains(c));
-        if (code == u'/') {
+    for (qsizetype i = 0; i < key.size(); ++i) {
+        const char16_t code = key[i].unicode();
+        if (isPlainInKey(code)) {
+            text += static_cast<char>(code);
+        } else if (code == u'/' && i + 1 < key.size()) {
             text += '\\';
-        } else if (isPlain) {
-            text += c.toLatin1();
         } else {
             text += code > 0xFF ? "%U" : "%";
             for (int shift = code > 0xFF ? 12 : 4; shift >= 0; shift -= 4)
@@ -431,18 +449,25 @@ bool isHexDigit(QChar c)
     return c < u'\x80' && digitValue(c.toLatin1(), 16) >= 0;
 }
 
+/// Whether the character goes as it is. A quick no for those that take a closer look.
+bool isPlainInElement(char16_t c)
+{
+    return c >= u' ' && c < 0xD800 && c != u'"' && c != u'\\';
+}
+
 /// The inverse of what ValueReader does with one element.
 void appendElement(QByteArray &text, QStringView element)
 {
-    constexpr QStringView kToQuote = u";,=";
     const bool needsQuotes =
         element.startsWith(u' ') || element.endsWith(u' ') ||
-        std::ranges::any_of(element, [=](QChar c) { return kToQuote.contains(c); });
+        std::ranges::any_of(element, [](QChar c) { return c == u';' || c == u',' || c == u'='; });
     bool followsNumber = false; // which a digit would make longer
     qsizetype plain = 0;        // where the characters begin that go as they are
     text += needsQuotes ? "\"" : "";
     for (qsizetype i = 0; i < element.size(); ++i) {
         const char16_t c = element[i].unicode();
+        if (!followsNumber && isPlainInElement(c))
+            continue;
         const char letter = escapeLetter(c);
         const bool isNumber = letter == '\0' && ((followsNumber && isHexDigit(element[i])) ||
                                                  needsNumber(element, i));
@@ -502,7 +527,7 @@ Parsed parse(QByteArrayView text)
         text = text.sliced(kByteOrderMark.size());
     QString prefix;
     Line line;
-    for (LineReader reader(text); reader.next(line);) {
+    for (LineReader lines(text); lines.next(line);) {
         parsed.isWhole = parsed.isWhole && !line.isCut;
         if (line.text.startsWith('[')) {
             const qsizetype end = line.text.indexOf(']');
@@ -512,9 +537,8 @@ Parsed parse(QByteArrayView text)
                 parsed.isWhole && end > 0 && line.text.sliced(end + 1).trimmed().isEmpty();
         } else if (line.equals >= 0) {
             const QString key = prefix + unescapedKey(line.text.first(line.equals).trimmed());
-            const auto value = ValueReader(line.text.sliced(line.equals + 1)).read();
-            parsed.isWhole = parsed.isWhole && value;
-            parsed.values.insert(key, value.value_or(QVariant()));
+            ValueReader reader(line.text.sliced(line.equals + 1));
+            parsed.values.insert(key, reader.read(parsed.isWhole));
         } else {
             parsed.isWhole = false;
         }
@@ -532,16 +556,17 @@ QByteArray textOf(const QSettings::SettingsMap &values)
             text = "[General]\n";
         appendEntry(text, value.key(), value.value());
     }
-    std::optional<QString> group;
+    std::optional<QStringView> group;
     for (auto value = values.begin(); value != values.end(); ++value) {
-        const qsizetype slash = value.key().indexOf(u'/');
+        const QStringView key = value.key();
+        const qsizetype slash = key.indexOf(u'/');
         if (slash < 0)
             continue;
-        if (const QString present = value.key().first(slash); group != present) {
-            appendSection(text, present);
-            group = present;
+        if (group != key.first(slash)) {
+            group = key.first(slash);
+            appendSection(text, *group);
         }
-        appendEntry(text, value.key().sliced(slash + 1), value.value());
+        appendEntry(text, key.sliced(slash + 1), value.value());
     }
     return text;
 }

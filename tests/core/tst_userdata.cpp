@@ -137,6 +137,7 @@ private slots:
                                                "[%gEneral]\n",
                                                "[General]\n",
                                                "@String(",
+                                               "@Variant(",
                                                "\xF0\x9F\x98\x80",
                                                "general",
                                                "\n[G"};
@@ -177,6 +178,7 @@ private slots:
             {u"GENERAL/"_s, u"no key"_s},
             {u""_s, u"neither key nor group"_s},
             {u"/"_s, u"empty ones"_s},
+            {u"G/a/"_s, u"its end"_s},
             {u"Straße Nr. 5/\u20AC/a-b_c.d"_s, u"\"ä€😀\", =;\n"_s}};
         const QByteArray text = initext::textOf(values);
         QSettings::SettingsMap read = initext::parse(text).values;
@@ -192,6 +194,10 @@ private slots:
         const QSettings::SettingsMap odd{{u"k"_s, QString(QChar(0xD83D)) + u"d\uFEFF"_s},
                                          {u"l"_s, u"\uFEFF"_s + QChar(0xDE00)}};
         QCOMPARE(initext::parse(initext::textOf(odd)).values, odd);
+        QCOMPARE(initext::parse("k=\xEF\xBB\xBF"
+                                "a\\t\xEF\xBB\xBF")
+                     .values[u"k"_s],
+                 u"\uFEFFa\t\uFEFF"_s);
     }
 
     void composesPaths()
