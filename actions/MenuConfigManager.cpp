@@ -3,6 +3,7 @@
 #include <kelo_base/actions/MenuConfigManager.h>
 
 #include "actions/menuconfig_p.h"
+#include "core/programfiles_p.h"
 #include "core/settings_p.h"
 #include <QAction>
 #include <QFileInfo>
@@ -52,16 +53,10 @@ KeySequenceList reservedSequences()
     return list;
 }
 
-QString defaultsFilePath()
-{
-    return QCoreApplication::applicationDirPath() + kDefaultsFolder + u'/' +
-           QCoreApplication::applicationName() + kDefaultsSuffix;
-}
-
 /// The defaults file, when there is an application that could have one, and it has.
 std::optional<QString> existingDefaultsFile()
 {
-    const QString path = QCoreApplication::instance() ? defaultsFilePath() : QString();
+    const QString path = QCoreApplication::instance() ? menuDefaultsFile() : QString();
     return QFileInfo(path).isFile() ? std::optional(path) : std::nullopt;
 }
 

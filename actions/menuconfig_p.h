@@ -17,11 +17,6 @@ inline constexpr QLatin1StringView kMenusArray{"Menus"};
 inline constexpr QLatin1StringView kActionIdKey{"ActionId"};
 inline constexpr QLatin1StringView kKeySequenceKey{"KeySequence"};
 
-/// The defaults file is the application's directory + kDefaultsFolder + "/" + the application's
-/// name + kDefaultsSuffix.
-inline constexpr QLatin1StringView kDefaultsFolder{"/config"};
-inline constexpr QLatin1StringView kDefaultsSuffix{"-menu.ini"};
-
 /// A context menu that claims more slots is damaged.
 inline constexpr int kMostSlots = 1000;
 

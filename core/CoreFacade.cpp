@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <kelo_base/core/Database.h>
 #include <kelo_base/core/Environment.h>
 #include <kelo_base/core/ServerProcess.h>
 #include <kelo_base/core/UserDataManager.h>
@@ -108,7 +109,12 @@ QStringList CoreFacadeI::GetFailures() const
 
 Environment CoreFacadeI::GetEnvironment() const
 {
-    return DescribeEnvironment();
+    return DescribeEnvironment(m_database.get());
+}
+
+Database *CoreFacadeI::GetDatabase() const
+{
+    return m_database.get();
 }
 
 ServerProcess *CoreFacadeI::GetServer() const
@@ -125,10 +131,32 @@ void CoreFacadeI::joinOwn()
                       },
                       [] { UserDataManagerI::Destroy(); },
                       {}});
+    m_services->join({kDatabase,
+                      [this](QString &why) { return startDatabase(why); },
+                      [this] {
+                          saveSettings(); // what stopping left, while all of it is still there
+                          m_database.reset();
+                      },
+                      {kSettings}});
     m_services->join({kServer,
                       [this](QString &why) { return startServer(why); },
                       [this] { stopServer(); },
                       {kSettings}});
+}
+
+bool CoreFacadeI::startDatabase(QString &why)
+{
+    auto database = std::make_unique<Database>(UserDatabasePlace());
+    const bool isOpen = database->Open();
+    const QString sentence = database->LastError();
+    if (!isOpen) {
+        why = sentence;
+        return false;
+    }
+    m_database = std::move(database);
+    if (!sentence.isEmpty())
+        tell(kDatabase, sentence);
+    return true;
 }
 
 bool CoreFacadeI::startServer(QString &why)
@@ -143,7 +171,7 @@ bool CoreFacadeI::startServer(QString &why)
     }
     connect(m_server.get(), &ServerProcess::stateChanged, this, [this](ServerState state) {
         if (state == ServerState::Failed) // later, while the application runs
-            emit serviceFailed(kServer, m_server->GetError());
+            tell(kServer, m_server->GetError());
     });
     return true;
 }
@@ -167,6 +195,11 @@ void CoreFacadeI::reportFailure(const QString &name, const QString &why, const Q
         sentence.chop(1);
     if (!leftOut.isEmpty())
         sentence += u' ' + tr("What needs it is left out: %1.").arg(leftOut.join(u", "_s));
+    tell(name, sentence);
+}
+
+void CoreFacadeI::tell(const QString &name, const QString &sentence)
+{
     m_failures << sentence;
     emit serviceFailed(name, sentence);
 }

@@ -85,16 +85,20 @@ public:
     void Stop();
 
     [[nodiscard]] bool IsStarted(const QString &name) const;
-    /// The sentences of the last start, one for each service that failed.
+    /// The sentences of serviceFailed() since the last start.
     [[nodiscard]] QStringList GetFailures() const;
 
     /// What can be said of this run, for people who help.
     [[nodiscard]] Environment GetEnvironment() const;
+    /// Null before "database" is started and after it has stopped.
+    [[nodiscard]] Database *GetDatabase() const;
     /// Null before "server" is started and after it has stopped.
     [[nodiscard]] ServerProcess *GetServer() const;
 
 signals:
-    /// Once for each failure. @p sentence is for people, and names what is left out with it.
+    /// Once for each failure. @p sentence is for people, and names what is left out with it. Also
+    /// for what people must know though it goes on: a damaged database that was set aside, a server
+    /// that was given up.
     void serviceFailed(const QString &name, const QString &sentence);
 
 private:
@@ -102,13 +106,16 @@ private:
     ~CoreFacadeI() override;
 
     void joinOwn();
+    bool startDatabase(QString &why);
     bool startServer(QString &why);
     void stopServer();
     void saveSettings();
     void reportFailure(const QString &name, const QString &why, const QStringList &leftOut);
+    void tell(const QString &name, const QString &sentence);
     void destroyIfWanted();
 
     std::unique_ptr<ServiceOrder> m_services;
+    std::unique_ptr<Database> m_database;
     std::unique_ptr<ServerProcess> m_server;
     QStringList m_failures;
     bool m_isDestroyWanted = false;

@@ -16,6 +16,7 @@
 #include <QSettings>
 #include <QSysInfo>
 #include <algorithm>
+#include <kelo_base/core/Database.h>
 #include <kelo_base/core/ServerSettings.h>
 #include <kelo_base/core/Translation.h>
 #include <kelo_base/core/UserDataManager.h>
@@ -85,7 +86,16 @@ QString serverSettingsFile()
     return found == files.end() ? files.first() : *found;
 }
 
-QList<EnvironmentPlace> places()
+/// A server is asked for nothing: whether it answers is known from its being open.
+EnvironmentPlace placeOf(const Database &database)
+{
+    if (!database.IsServer())
+        return placeAt(kDatabase, database.File());
+    const bool isOpen = database.IsOpen();
+    return {kDatabase.name, database.Text(), isOpen, isOpen, isOpen};
+}
+
+QList<EnvironmentPlace> places(const Database *database)
 {
     const UserDataManagerI &data = UserDataManager();
     QList<EnvironmentPlace> result{
@@ -97,8 +107,10 @@ QList<EnvironmentPlace> places()
                << placeAt(kProjectLayout,
                           data.GetLayoutConfigFile(DataScopeProject, true).fileName());
     }
-    result << placeAt(kMenuDefaults, menuDefaultsFile())
-           << placeAt(kServerSettings, serverSettingsFile());
+    result << placeAt(kMenuDefaults, menuDefaultsFile());
+    if (database)
+        result << placeOf(*database);
+    result << placeAt(kServerSettings, serverSettingsFile());
     return result;
 }
 
@@ -139,7 +151,7 @@ QString shownRights(const EnvironmentPlace &place)
 
 } // namespace
 
-Environment DescribeEnvironment(const Database *)
+Environment DescribeEnvironment(const Database *database)
 {
     Environment record;
     record.applicationName = QCoreApplication::applicationName();
@@ -156,7 +168,7 @@ Environment DescribeEnvironment(const Database *)
     record.qtVersion = QString::fromLatin1(qVersion());
     record.dxflibVersion = QStringLiteral(KELO_DXFLIB_VERSION);
     record.screens = screens();
-    record.places = places();
+    record.places = places(database);
     return record;
 }
 

@@ -13,5 +13,5 @@ void setServerArguments(QProcess &process, const QStringList &arguments)
 
 void startAsTreeHead(QProcess &process)
 {
-    process.setChildProcessModifier(platform::becomeTreeHead);
+    process.setChildProcessModifier([] { platform::becomeTreeHead(); });
 }

@@ -9,6 +9,7 @@
 #include <QFile>
 #include <algorithm>
 #include <kelo_base/dxf/Gk2Writer.h>
+#include <kelo_base/dxf/SheetTable.h>
 
 using namespace Qt::Literals::StringLiterals;
 using systemcalls::InterruptWatch;
@@ -174,6 +175,26 @@ std::optional<Failure> drawPreview(const Conversion &conversion, const Options &
     return failed;
 }
 
+/// Its findings are few and seldom; people read them as findings of the plan.
+std::optional<Failure> writeTable(Conversion &conversion, const Options &options)
+{
+    if (isPlan(options, options.table))
+        return overwritesPlan(options.table);
+    const InterruptWatch watch;
+    spreadsheet::Target target;
+    target.file = options.table;
+    target.format = spreadsheet::FormatOf(options.table).value_or(spreadsheet::Format::Csv);
+    const spreadsheet::Result result = ExportSheetTable(*conversion.session, target);
+    for (const spreadsheet::Finding &finding : result.findings)
+        conversion.tableFindings << spreadsheet::Sentence(finding);
+    if (result)
+        return std::nullopt;
+    Failure failed{0, result.error.chopped(result.error.endsWith(u'.') ? 1 : 0)};
+    if (!conversion.output.isEmpty()) // what was asked for as well is done
+        failed.message += "; "_L1 + sheetsText(conversion);
+    return failed;
+}
+
 } // namespace
 
 Conversion convert(const Options &options, const QString &plan, ProgressBar &bar)
@@ -187,5 +208,7 @@ Conversion convert(const Options &options, const QString &plan, ProgressBar &bar
         conversion.failure = writeSheets(conversion, options, bar);
     if (!conversion.failure && !options.preview.isEmpty())
         conversion.failure = drawPreview(conversion, options);
+    if (!conversion.failure && !options.table.isEmpty())
+        conversion.failure = writeTable(conversion, options);
     return conversion;
 }

@@ -34,6 +34,7 @@ struct Conversion
     std::optional<Comparison> comparison;
     QString output; ///< where the sheets were written; empty when they were not
     qint64 written = 0;
+    QStringList tableFindings; ///< sentences about what the table could not hold as it was
     std::optional<Failure> failure;
 
     [[nodiscard]] qint64 warnings() const { return session ? session->Warnings() : 0; }

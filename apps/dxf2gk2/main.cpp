@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 #include <algorithm>
 #include <cstdio>
+#include <kelo_base/core/Environment.h>
 #include <kelo_base/core/FileName.h>
 #include <kelo_base/core/Translation.h>
 #include <memory>
@@ -53,6 +54,8 @@ QString targetConflict(const Options &options)
             targets << outputPath(options, plan);
     if (!options.preview.isEmpty())
         targets << options.preview;
+    if (!options.table.isEmpty())
+        targets << options.table;
     std::vector<std::pair<std::filesystem::path, QString>>
         places; // to sort: there may be thousands
     for (const QString &target : targets)
@@ -87,6 +90,8 @@ void comment(const Conversion &conversion, const Options &options)
         return;
     for (const PlanFinding &diagnostic : conversion.session->Findings())
         tell(warningLine(conversion.plan, diagnostic));
+    for (const QString &sentence : conversion.tableFindings)
+        tell(warningLine(conversion.plan, {PlanFinding::Severity::Note, {}, 0, 0, {}, sentence}));
     if (conversion.comparison)
         tell(comparisonLine(conversion, options));
     if (!conversion.failure)
@@ -144,6 +149,9 @@ int main(int argc, char *argv[])
     const std::unique_ptr<QCoreApplication> application(options.preview.isEmpty()
                                                             ? new QCoreApplication(own, argv)
                                                             : new QGuiApplication(own, argv));
+    QCoreApplication::setOrganizationName(u"kelo"_s);
+    QCoreApplication::setApplicationName(u"dxf2gk2"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(DXF2GK2_VERSION));
     const bool isTranslated = !options.json && InstallTranslation();
     if (!isTranslated)
         systemcalls::speakEnglish(); // no sentence in two languages
@@ -153,7 +161,9 @@ int main(int argc, char *argv[])
         return wrongUsage(parsed);
     if (options.help || options.version) {
         StandardOutput out;
-        out.write(options.help ? helpText().toUtf8() : "dxf2gk2 " DXF2GK2_VERSION "\n"_ba);
+        out.write(options.help   ? helpText().toUtf8()
+                  : options.json ? DescribeEnvironment().ToJson()
+                                 : "dxf2gk2 " DXF2GK2_VERSION "\n"_ba);
         return finish(out, Done);
     }
     const QString conflict = targetConflict(options);

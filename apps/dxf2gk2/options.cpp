@@ -5,6 +5,7 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QLocale>
+#include <kelo_base/spreadsheet/TableWriter.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -36,6 +37,9 @@ void declare(QCommandLineParser &parser)
          u"NAME"_s},
         {u"list"_s, Text::tr("Print the sheets as a table; write nothing.")},
         {u"list-tags"_s, Text::tr("Print the attribute tags with counts and example values.")},
+        {u"table"_s,
+         Text::tr("Write the sheets with all attributes into FILE, an .xlsx, .ods or .csv."),
+         u"FILE"_s},
         {u"preview"_s, Text::tr("Draw the sheets into FILE, an .svg or .png."), u"FILE"_s},
         {u"compare"_s,
          Text::tr("Print what changed since the GK2 file OLD: sheets that are new, gone, moved or "
@@ -51,15 +55,15 @@ void declare(QCommandLineParser &parser)
         {{u"q"_s, u"quiet"_s}, Text::tr("Print failures only.")},
         {u"progress"_s, Text::tr("Show a progress bar: auto, always or never."), u"WHEN"_s,
          u"auto"_s},
-        {u"version"_s, Text::tr("Print the version.")},
+        {u"version"_s, Text::tr("Print the version; with --json also what is known of this run.")},
         {{u"h"_s, u"help"_s}, Text::tr("Print this help.")},
     });
 }
 
 /// Options that want a value, which may be given once.
-const QStringList kValued{u"output"_s,     u"output-dir"_s, u"include"_s,   u"exclude"_s,
-                          u"preview"_s,    u"compare"_s,    u"tolerance"_s, u"progress"_s,
-                          u"number-tag"_s, u"encoding"_s};
+const QStringList kValued{u"output"_s,   u"output-dir"_s, u"include"_s, u"exclude"_s,
+                          u"table"_s,    u"preview"_s,    u"compare"_s, u"tolerance"_s,
+                          u"progress"_s, u"number-tag"_s, u"encoding"_s};
 
 /// What the parser could not make anything of, as a sentence of ours.
 QString whyNotUnderstood(const QCommandLineParser &parser, const QStringList &arguments)
@@ -95,6 +99,8 @@ QString conflict(const Options &o)
         return Text::tr("--output takes the sheets of one plan only; use --output-dir");
     if (!o.preview.isEmpty() && o.plans.size() > 1)
         return Text::tr("--preview shows one plan only");
+    if (!o.table.isEmpty() && o.plans.size() > 1)
+        return Text::tr("--table takes the sheets of one plan only");
     if (o.hasTarget() && !o.writesSheets())
         return Text::tr(
             "--list and --list-tags write no file; leave --output and --output-dir out");
@@ -169,6 +175,7 @@ ParsedOptions parseOptions(const QStringList &arguments)
     options.output = parser.value(u"output"_s);
     options.outputDir = parser.value(u"output-dir"_s);
     options.preview = parser.value(u"preview"_s);
+    options.table = parser.value(u"table"_s);
     options.compare = parser.value(u"compare"_s);
     options.force = parser.isSet(u"force"_s);
     options.allowEmpty = parser.isSet(u"allow-empty"_s);
@@ -213,6 +220,9 @@ ParsedOptions parseOptions(const QStringList &arguments)
                            options.preview.endsWith(".png"_L1, Qt::CaseInsensitive);
     if (!options.preview.isEmpty() && !isPicture)
         return wrong(Text::tr("--preview wants a file that ends in .svg or .png"));
+    const auto format = spreadsheet::FormatOf(options.table);
+    if (!options.table.isEmpty() && (!format || format == spreadsheet::Format::Pdf))
+        return wrong(Text::tr("--table wants a file that ends in .xlsx, .ods or .csv"));
     return wrong(conflict(options));
 }
 

@@ -18,6 +18,7 @@ struct Options
     QString output;                       ///< of the one plan; empty: beside the plan
     QString outputDir;                    ///< empty: beside each plan
     QString preview;                      ///< empty: none
+    QString table;                        ///< file of the table; empty: none
     QString compare;                      ///< an older GK2 file; empty: none
     double tolerance = kDefaultTolerance; ///< of the comparison, in units of the drawing
     SheetFilter filter;

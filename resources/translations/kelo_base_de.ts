@@ -1368,6 +1368,69 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
 </context>
 <context>
+    <name>SheetTable</name>
+    <message>
+        <source>Top left</source>
+        <translation>Oben links</translation>
+    </message>
+    <message>
+        <source>Top right</source>
+        <translation>Oben rechts</translation>
+    </message>
+    <message>
+        <source>Bottom right</source>
+        <translation>Unten rechts</translation>
+    </message>
+    <message>
+        <source>Bottom left</source>
+        <translation>Unten links</translation>
+    </message>
+    <message>
+        <source>Sheets</source>
+        <translation>Blätter</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Block</source>
+        <translation>Block</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
+    </message>
+    <message>
+        <source>Findings</source>
+        <translation>Hinweise</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>Concerns</source>
+        <translation>Betrifft</translation>
+    </message>
+    <message>
+        <source>Finding</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Hinweis</translation>
+    </message>
+</context>
+<context>
     <name>SheetTableModel</name>
     <message>
         <source>Not exported: the block insert has no sheet number</source>
@@ -1404,6 +1467,165 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>Top left and bottom right corners</source>
         <translation>Ecken oben links und unten rechts</translation>
+    </message>
+</context>
+<context>
+    <name>Spreadsheet</name>
+    <message>
+        <source>LibreOffice %1.</source>
+        <translation>LibreOffice %1.</translation>
+    </message>
+    <message>
+        <source>Plain text with separators.</source>
+        <translation>Text mit Trennzeichen.</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; cannot be written: %2.</source>
+        <translation>„%1“ kann nicht geschrieben werden: %2.</translation>
+    </message>
+    <message>
+        <source>it is a folder</source>
+        <translation>es ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>it is write-protected</source>
+        <translation>die Datei ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; cannot be written: nothing here writes %2 files.</source>
+        <translation>„%1“ kann nicht geschrieben werden: %2-Dateien schreibt hier nichts.</translation>
+    </message>
+    <message>
+        <source>LibreOffice is not installed.</source>
+        <translation>LibreOffice ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>LibreOffice %1 is too old.</source>
+        <translation>LibreOffice %1 ist zu alt.</translation>
+    </message>
+    <message>
+        <source>a folder for LibreOffice cannot be made: %1</source>
+        <translation>ein Ordner für LibreOffice kann nicht angelegt werden: %1</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; cannot be started: %2</source>
+        <translation>„%1“ kann nicht gestartet werden: %2</translation>
+    </message>
+    <message>
+        <source>LibreOffice did not finish within %1 s</source>
+        <translation>LibreOffice wurde in %1 s nicht fertig</translation>
+    </message>
+    <message>
+        <source>LibreOffice wrote nothing (%1)</source>
+        <translation>LibreOffice hat nichts geschrieben (%1)</translation>
+    </message>
+    <message>
+        <source>what LibreOffice wrote cannot be moved</source>
+        <translation>was LibreOffice schrieb, lässt sich nicht verschieben</translation>
+    </message>
+    <message>
+        <source>Sheet</source>
+        <translation>Blatt</translation>
+    </message>
+    <message>
+        <source>A text of more than 32,767 characters was cut</source>
+        <translation>Ein Text mit mehr als 32.767 Zeichen wurde gekürzt</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n texts of more than 32,767 characters were cut</source>
+        <translation><numerusform>%n Texte mit mehr als 32.767 Zeichen wurden gekürzt</numerusform><numerusform>%n Texte mit mehr als 32.767 Zeichen wurden gekürzt</numerusform></translation>
+    </message>
+    <message>
+        <source>A text held characters that a file cannot hold</source>
+        <translation>Ein Text enthielt Zeichen, die keine Datei aufnehmen kann</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n texts held characters that a file cannot hold</source>
+        <translation><numerusform>%n Texte enthielten Zeichen, die keine Datei aufnehmen kann</numerusform><numerusform>%n Texte enthielten Zeichen, die keine Datei aufnehmen kann</numerusform></translation>
+    </message>
+    <message>
+        <source>A text that looks like a formula got an apostrophe</source>
+        <translation>Ein Text, der wie eine Formel aussieht, bekam einen Apostroph</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n texts that look like formulas got an apostrophe</source>
+        <translation><numerusform>%n Texte, die wie Formeln aussehen, bekamen einen Apostroph</numerusform><numerusform>%n Texte, die wie Formeln aussehen, bekamen einen Apostroph</numerusform></translation>
+    </message>
+    <message>
+        <source>A link that the sheet has no room for is plain text</source>
+        <translation>Ein Verweis, für den das Blatt keinen Platz hat, steht als Text da</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n links that the sheet has no room for are plain text</source>
+        <translation><numerusform>%n Verweise, für die das Blatt keinen Platz hat, stehen als Text da</numerusform><numerusform>%n Verweise, für die das Blatt keinen Platz hat, stehen als Text da</numerusform></translation>
+    </message>
+    <message>
+        <source>A number of more than 15 digits was written as text</source>
+        <translation>Eine Zahl mit mehr als 15 Stellen wurde als Text geschrieben</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n numbers of more than 15 digits were written as text</source>
+        <translation><numerusform>%n Zahlen mit mehr als 15 Stellen wurden als Text geschrieben</numerusform><numerusform>%n Zahlen mit mehr als 15 Stellen wurden als Text geschrieben</numerusform></translation>
+    </message>
+    <message>
+        <source>A value that is no finite number was left empty</source>
+        <translation>Ein Wert, der keine endliche Zahl ist, blieb leer</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values that are no finite numbers were left empty</source>
+        <translation><numerusform>%n Werte, die keine endlichen Zahlen sind, blieben leer</numerusform><numerusform>%n Werte, die keine endlichen Zahlen sind, blieben leer</numerusform></translation>
+    </message>
+    <message>
+        <source>A date before 1900 or after 9999 was written as text</source>
+        <translation>Ein Datum vor 1900 oder nach 9999 wurde als Text geschrieben</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n dates before 1900 or after 9999 were written as text</source>
+        <translation><numerusform>%n Daten vor 1900 oder nach 9999 wurden als Text geschrieben</numerusform><numerusform>%n Daten vor 1900 oder nach 9999 wurden als Text geschrieben</numerusform></translation>
+    </message>
+    <message>
+        <source>A sheet was full and goes on in another one</source>
+        <translation>Ein Blatt war voll und wird in einem weiteren fortgesetzt</translation>
+    </message>
+    <message numerus="yes">
+        <source>Full sheets go on in %n others</source>
+        <translation><numerusform>Volle Blätter werden in %n weiteren fortgesetzt</numerusform><numerusform>Volle Blätter werden in %n weiteren fortgesetzt</numerusform></translation>
+    </message>
+    <message>
+        <source>The name of a sheet was not allowed and was changed</source>
+        <translation>Der Name eines Blattes war nicht erlaubt und wurde geändert</translation>
+    </message>
+    <message numerus="yes">
+        <source>The names of %n sheets were not allowed and were changed</source>
+        <translation><numerusform>Die Namen von %n Blättern waren nicht erlaubt und wurden geändert</numerusform><numerusform>Die Namen von %n Blättern waren nicht erlaubt und wurden geändert</numerusform></translation>
+    </message>
+    <message>
+        <source>A column beyond the last one of a sheet was left out</source>
+        <translation>Eine Spalte hinter der letzten eines Blattes wurde ausgelassen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n columns beyond the last one of a sheet were left out</source>
+        <translation><numerusform>%n Spalten hinter der letzten eines Blattes wurden ausgelassen</numerusform><numerusform>%n Spalten hinter der letzten eines Blattes wurden ausgelassen</numerusform></translation>
+    </message>
+    <message>
+        <source>%1 (%2).</source>
+        <translation>%1 (%2).</translation>
+    </message>
+    <message>
+        <source>there is not enough memory</source>
+        <translation>der Speicher reicht nicht</translation>
+    </message>
+    <message>
+        <source>the sheet &apos;%1&apos; cannot be added</source>
+        <translation>das Blatt „%1“ kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>there is no room in the temporary folder</source>
+        <translation>im temporären Ordner ist kein Platz</translation>
+    </message>
+    <message>
+        <source>libxlsxwriter %1.</source>
+        <translation>libxlsxwriter %1.</translation>
     </message>
 </context>
 <context>
@@ -1497,8 +1719,8 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <translation>Den Fortschritt anzeigen: auto, always oder never (nach Bedarf, immer, nie).</translation>
     </message>
     <message>
-        <source>Print the version.</source>
-        <translation>Die Version ausgeben.</translation>
+        <source>Print the version; with --json also what is known of this run.</source>
+        <translation>Die Version ausgeben; mit --json auch, was von diesem Lauf bekannt ist.</translation>
     </message>
     <message>
         <source>Print this help.</source>
@@ -1846,6 +2068,18 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>--encoding does not know &apos;%1&apos;</source>
         <translation>--encoding kennt „%1“ nicht</translation>
+    </message>
+    <message>
+        <source>Write the sheets with all attributes into FILE, an .xlsx, .ods or .csv.</source>
+        <translation>Die Blätter mit allen Attributen in DATEI schreiben, eine .xlsx, .ods oder .csv.</translation>
+    </message>
+    <message>
+        <source>--table takes the sheets of one plan only</source>
+        <translation>--table nimmt nur die Blätter eines Plans</translation>
+    </message>
+    <message>
+        <source>--table wants a file that ends in .xlsx, .ods or .csv</source>
+        <translation>--table braucht eine Datei, die auf .xlsx, .ods oder .csv endet</translation>
     </message>
 </context>
 </TS>

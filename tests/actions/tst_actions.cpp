@@ -2,12 +2,14 @@
 // The action registry and everybody dying in any order; shortcut lists, context-menu layouts and
 // the menu configuration, in memory and on disk.
 #include "tests/support/MessageLog.h"
+#include "tests/support/TemporaryHome.h"
 #include <QSignalMapper>
 #include <QtTest>
 #include <kelo_base/actions/ActionManager.h>
 #include <kelo_base/actions/FunctionFilter.h>
 #include <kelo_base/actions/LayoutStorage.h>
 #include <kelo_base/actions/MenuConfigManager.h>
+#include <kelo_base/actions/MenuConfigService.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -58,6 +60,28 @@ class TestActions : public QObject
     Q_OBJECT
 
 private slots:
+    /// What was changed in one run is there in the next.
+    void startsAndStopsWithTheApplication()
+    {
+        const TemporaryHome home;
+        const QKeySequence changed(u"Ctrl+J"_s);
+        for (const bool isFirst : {true, false}) {
+            QAction action;
+            action.setShortcut(QKeySequence(u"Ctrl+L"_s));
+            ActionManager actions;
+            actions.RegisterAction(7, record(1, &action));
+            MenuConfigManager configuration;
+            CoreFacadeI &core = CoreFacadeI::Instance();
+            core.Join(MenuConfigService(configuration, actions));
+            QVERIFY(core.Start());
+            QCOMPARE(action.shortcut(), isFirst ? QKeySequence(u"Ctrl+L"_s) : changed);
+            ActionShortCutList list = configuration.GetKeyboardShortcutList();
+            list.AssignKeySequence(7, changed);
+            configuration.AssignKeyboardShortcutList(list);
+            CoreFacadeI::Destroy();
+        }
+    }
+
     void filesUnderTheIdGivenAndLogsRefusals()
     {
         QAction action, other;

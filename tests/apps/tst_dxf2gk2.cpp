@@ -59,6 +59,7 @@ private slots:
     void speaksGermanToPeople();
     void countsWarningsWhenStrict();
     void drawsPreviewsAndProgress();
+    void writesTables();
     void leavesNothingBehindWhenKilled();
 
 private:
@@ -492,6 +493,25 @@ void TestDxf2gk2::drawsPreviewsAndProgress()
     QVERIFY(QImage(m_dir->filePath(u"a.PNG"_s)).width() > 500);
     QVERIFY(!shell("$D --progress auto --list --preview a.svg plan.dxf").err.contains('%'));
     QVERIFY(get("a.svg").contains("</svg>"));
+}
+
+void TestDxf2gk2::writesTables()
+{
+    QCOMPARE(shell("$D -q --list --table t.csv plan.dxf").status, 0);
+    const QByteArrayList lines = get("t.csv").split('\n');
+    QVERIFY2(lines[0].startsWith("Number,Block,"), lines[0]);
+    QVERIFY2(lines[0].contains("BL_NR,Top left X,Top left Y,Top right X"), lines[0]);
+    QVERIFY2(lines[1].startsWith("1,") && lines[1].contains(",0,20,30,20,30,0,0,0\r"), lines[1]);
+    QVERIFY2(get("t.csv").contains("\r\n\r\nKind,Line,Concerns,Finding\r\n"), get("t.csv"));
+    QVERIFY(get("plan.txt") == "no file"); // a list alone
+
+    QCOMPARE(shell("$D -q --table t.xlsx plan.dxf").status, 0);
+    QVERIFY(get("t.xlsx").startsWith("PK"));
+    QVERIFY(get("plan.txt").startsWith("GK2"));
+    const Outcome r = shell("mkdir d.csv; $D -q --table d.csv plan.dxf");
+    QCOMPARE(r.status, 1);
+    QVERIFY2(r.err.startsWith("dxf2gk2: plan.dxf: 'd.csv' cannot be written: it is a folder"),
+             r.err);
 }
 
 void TestDxf2gk2::leavesNothingBehindWhenKilled()

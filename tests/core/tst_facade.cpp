@@ -8,6 +8,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSettings>
+#include <kelo_base/core/Database.h>
 #include <kelo_base/core/Environment.h>
 #include <kelo_base/core/ServerProcess.h>
 #include <kelo_base/core/ServerSettings.h>
@@ -52,7 +53,11 @@ private slots:
         m_home = std::make_unique<TemporaryHome>();
         m_diary.entries.clear();
     }
-    void cleanup() { CoreFacadeI::Destroy(); }
+    void cleanup()
+    {
+        CoreFacadeI::Destroy();
+        UserDataManagerI::Destroy();
+    }
 
     void startsInOrderAndStopsInReverse();
     void leavesOutWhatNeedsAFailure();
@@ -64,6 +69,7 @@ private slots:
     void mayBeDestroyedFromInside();
     void savesBeforeAnythingStops();
     void startsAndEndsTheServer();
+    void opensTheDatabase();
 
     void hidesSecrets_data();
     void hidesSecrets();
@@ -253,6 +259,38 @@ void TestFacade::startsAndEndsTheServer()
     core.Stop();
     QVERIFY(!core.GetServer());
     QVERIFY(!QFile::exists(u"/proc/%1/exe"_s.arg(pid)));
+}
+
+void TestFacade::opensTheDatabase()
+{
+    CoreFacadeI &core = CoreFacadeI::Instance();
+    QVERIFY(!core.GetDatabase());
+    bool isOpenAtTheStop = false;
+    core.Join(
+        {u"user"_s, {}, [&] { isOpenAtTheStop = core.GetDatabase()->IsOpen(); }, {u"database"_s}});
+    QVERIFY(core.Start());
+    const QString file = core.GetDatabase()->File();
+    QVERIFY(core.GetDatabase()->Run(u"CREATE TABLE t (n BIGINT)"_s));
+    QVERIFY(QFile::exists(file));
+    QVERIFY(core.GetEnvironment().ToText().contains(QDir::toNativeSeparators(file)));
+    core.Stop();
+    QVERIFY(isOpenAtTheStop);
+    QVERIFY(!core.GetDatabase());
+
+    QFile damaged(file);
+    QVERIFY(damaged.open(QIODevice::ReadWrite));
+    damaged.write("no database at all");
+    damaged.close();
+    QVERIFY(core.Start()); // with a new one, and a sentence about it
+    QCOMPARE(core.GetFailures().size(), 1);
+    core.Stop();
+
+    QVERIFY(QFile::remove(file) && QDir().mkpath(file));
+    QVERIFY(!core.Start()); // a folder: what needs the database is left out
+    QVERIFY(!core.IsStarted(u"user"_s));
+    QVERIFY(core.IsStarted(u"server"_s));
+    QVERIFY(core.GetFailures().constFirst().contains(u"user"_s));
+    CoreFacadeI::Destroy(); // before what the service refers to goes
 }
 
 void TestFacade::hidesSecrets_data()

@@ -66,7 +66,9 @@ class House:
                 yield f"private to {other}"
 
     def file_faults(self, path, source):
-        is_alone = source.endswith("_p.h") or "/platform/" in source
+        # Of the sources for one system, CMake lists those of this one.
+        is_alone = source.endswith("_p.h") or "/platform/" in source or \
+            re.search(r"_(windows|unix)\.cpp$", source)
         if self.folder(source) and not is_alone and source not in self.builder:
             yield f"{source}: in no CMake list"
         for spelling, target in INCLUDE.findall(path.read_text(encoding="utf-8")):

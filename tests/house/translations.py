@@ -13,7 +13,7 @@ import tempfile
 import xml.etree.ElementTree as xml
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-FOLDERS = ("core", "ipc", "actions", "menus", "navigation", "dxf", "apps")
+FOLDERS = ("core", "ipc", "actions", "menus", "navigation", "spreadsheet", "dxf", "apps")
 CATALOGUES = ROOT / "resources" / "translations"
 
 
