@@ -28,9 +28,17 @@ std::span<const DxfAttribute> DxfDrawing::Attributes(const DxfInsert &insert) co
 std::optional<std::string_view> DxfDrawing::FindAttribute(const DxfInsert &insert,
                                                           std::string_view tag) const
 {
-    const auto attributes = Attributes(insert);
-    const auto found = std::ranges::find(attributes, tag, [this](const auto &a) { return Tag(a); });
-    return found == attributes.end() ? std::nullopt : std::optional(Value(*found));
+    // On the arrays themselves: an exported member is not inlined, and this is asked of all sheets.
+    const DxfAttribute *attribute = m_attributes.constData() + insert.firstAttribute;
+    const DxfAttribute *const end = attribute + insert.attributeCount;
+    const TextRange *const texts = m_texts.constData();
+    const char *const bytes = m_bytes.constData();
+    for (; attribute != end; ++attribute) {
+        const TextRange &range = texts[attribute->tag];
+        if (std::string_view(bytes + range.offset, range.size) == tag)
+            return std::string_view(bytes + attribute->valueOffset, attribute->valueSize);
+    }
+    return std::nullopt;
 }
 
 std::string_view DxfDrawing::Value(const DxfAttribute &attribute) const

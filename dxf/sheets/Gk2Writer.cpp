@@ -4,6 +4,7 @@
 
 #include "dxf/read/sheetnumber_p.h"
 #include "dxf/sheets/gk2records_p.h"
+#include "dxf/sheets/lookahead_p.h"
 #include "dxf/sheets/stepcounter_p.h"
 #include <QFile>
 #include <algorithm>
@@ -112,50 +113,6 @@ private:
     const DxfDrawing &m_drawing;
     const DxfBlock *m_block = nullptr;
     std::string m_corners; ///< the corner lines of m_block
-};
-
-/// Sheets sorted by number lie anywhere in memory, and fetching one takes several steps, each by
-/// way of the one before. Asking for them a few sheets ahead hides most of the waiting.
-class Lookahead
-{
-public:
-    Lookahead(const DxfDrawing &drawing, std::span<const quint32> sheets)
-        : m_drawing(drawing), m_sheets(sheets)
-    {
-    }
-
-    /// To be called for each sheet, in order.
-    void Fetch(std::size_t current) const
-    {
-        constexpr std::size_t kStep = 6;
-        if (const DxfInsert *insert = at(current + 4 * kStep))
-            fetch(insert);
-        if (const DxfInsert *insert = at(current + 3 * kStep)) {
-            fetch(m_drawing.BlockOf(*insert));
-            fetch(m_drawing.Attributes(*insert).data());
-        }
-        if (const DxfInsert *insert = at(current + 2 * kStep)) {
-            if (const DxfBlock *block = m_drawing.BlockOf(*insert))
-                fetch(m_drawing.Polylines(*block).data());
-            if (insert->attributeCount > 0)
-                fetch(m_drawing.Value(m_drawing.Attributes(*insert).front()).data());
-        }
-        if (const DxfInsert *insert = at(current + kStep)) {
-            const DxfBlock *block = m_drawing.BlockOf(*insert);
-            if (block && block->polylineCount > 0)
-                fetch(m_drawing.Vertices(m_drawing.Polylines(*block).front()).data());
-        }
-    }
-
-private:
-    [[nodiscard]] const DxfInsert *at(std::size_t position) const
-    {
-        return position < m_sheets.size() ? &m_drawing.Inserts()[m_sheets[position]] : nullptr;
-    }
-    static void fetch(const void *address) { __builtin_prefetch(address); }
-
-    const DxfDrawing &m_drawing;
-    std::span<const quint32> m_sheets;
 };
 
 /// Hands the text over and empties it. False when the device did not take it all; after a part,

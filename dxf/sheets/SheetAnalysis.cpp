@@ -6,6 +6,7 @@
 #include "dxf/sheets/dxftooltexts_p.h"
 #include "dxf/sheets/filterplan_p.h"
 #include "dxf/sheets/insertfilter_p.h"
+#include "dxf/sheets/lookahead_p.h"
 #include "dxf/sheets/stepcounter_p.h"
 #include <algorithm>
 #include <kelo_base/dxf/SheetPlacing.h>
@@ -102,7 +103,10 @@ bool Review::Frames(StepCounter &steps)
     WarningKind warnings(m_analysis, m_file);
     std::vector<bool> isKnown(m_drawing.Blocks().size());
     std::unordered_set<quint32> isTold; // a placed drawing has a block of one name for each insert
-    for (const quint32 sheet : m_analysis.sheets) {
+    const Lookahead lookahead(m_drawing, m_analysis.sheets);
+    for (std::size_t i = 0; i < m_analysis.sheets.size(); ++i) {
+        lookahead.Fetch(i);
+        const quint32 sheet = m_analysis.sheets[i];
         const quint32 index = insertOf(sheet).block;
         const DxfBlock &block = m_drawing.Blocks()[index];
         if (!isKnown[index] && !HasLabelledFrame(m_drawing, block) &&
@@ -130,7 +134,10 @@ bool Review::MissingNumbers(StepCounter &steps)
     std::unordered_map<quint32, Use> uses;
     for (const quint32 sheet : m_analysis.sheets) {
         const DxfInsert &insert = insertOf(sheet);
-        if (!dxftools::sheetNumberAttribute(m_drawing, insert)) {
+        const auto text = dxftools::sheetNumberAttribute(m_drawing, insert);
+        if (text && SheetNumber(*text) >= 0)
+            break; // they are sorted: those without a number came before
+        if (!text) {
             ++m_analysis.skipped;
             const auto [use, isNew] = uses.try_emplace(insert.blockName, Use{&insert, 0});
             ++use->second.inserts;
@@ -171,10 +178,12 @@ bool Review::RepeatedNumbers(StepCounter &steps)
     WarningKind warnings(m_analysis, m_file);
     std::unordered_map<std::string_view, int> uses; // of sheets that sort alike: "A1" and "B1" do
     qint64 sorted = -2;
-    for (const quint32 sheet : m_analysis.sheets) {
+    const Lookahead lookahead(m_drawing, m_analysis.sheets);
+    for (std::size_t i = 0; i < m_analysis.sheets.size(); ++i) {
+        lookahead.Fetch(i);
         if (!steps.step())
             return false;
-        const DxfInsert &insert = insertOf(sheet);
+        const DxfInsert &insert = insertOf(m_analysis.sheets[i]);
         const auto text = dxftools::sheetNumberAttribute(m_drawing, insert);
         if (!text)
             continue;

@@ -7,6 +7,8 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <numeric>
+#include <vector>
 
 namespace {
 
@@ -38,6 +40,24 @@ bool isFlat(const DxfPlacement &placement)
     return placement.plane == Plane::Upwards || placement.plane == Plane::Downwards;
 }
 
+/// In the order of their blocks: these, which take most of the memory, are then gone through in
+/// order and not here and there. Inserts of one block stay in file order; those without come last.
+std::vector<quint32> insertsByBlock(const DxfDrawing &drawing)
+{
+    const std::size_t blocks = drawing.Blocks().size();
+    const auto rankOf = [blocks](const DxfInsert &insert) {
+        return std::min<std::size_t>(insert.block, blocks);
+    };
+    std::vector<quint32> next(blocks + 2); // where those of each rank go on
+    for (const DxfInsert &insert : drawing.Inserts())
+        ++next[rankOf(insert) + 1];
+    std::partial_sum(next.begin(), next.end(), next.begin());
+    std::vector<quint32> order(drawing.Inserts().size());
+    for (quint32 index = 0; index < order.size(); ++index)
+        order[next[rankOf(drawing.Inserts()[index])]++] = index;
+    return order;
+}
+
 /// Whether a polyline has as many vertices as a frame; whether it is one depends on its place.
 bool mayBeFrame(const DxfPolyline &polyline)
 {
@@ -65,44 +85,72 @@ public:
         m_to.m_isBinary = drawing.m_isBinary;
         m_to.m_isPlaced = true;
         m_to.learnEncoding();
-        m_to.m_inserts.reserve(drawing.m_inserts.size());
         m_to.m_blocks.reserve(drawing.m_inserts.size());
         m_to.m_polylines.reserve(drawing.m_inserts.size());
         m_to.m_vertices.reserve(4 * drawing.m_inserts.size());
     }
 
-    /// False when the drawing becomes too large.
+    /// Finds where the inserts go, each with its grid; to be called first. False when the grids are
+    /// too large.
+    bool layOut();
+    /// In any order. False when the drawing becomes too large.
     bool place(std::size_t index);
     [[nodiscard]] DxfDrawing take() { return std::move(m_to); }
 
 private:
-    bool append(DxfInsert insert, const DxfBlock &block, const PlaneMap *map);
+    [[nodiscard]] bool isPlaceable(const DxfInsert &insert, const DxfPlacement &placement) const;
+    bool append(quint32 &index, const DxfBlock &block, const PlaneMap *map);
     bool appendPolyline(const DxfPolyline &polyline, quint32 room, const PlaneMap *map);
-    void keep(DxfInsert insert, DxfPlacement::Plane plane);
+    void keep(qsizetype index, DxfPlacement::Plane plane);
 
     const DxfDrawing &m_from;
     DxfDrawing m_to;
-    qint64 m_gridSheets = 0;         ///< beside the first of each grid
+    std::vector<quint32> m_first;    ///< of each old insert the first new one
     std::vector<quint32> m_newIndex; ///< of blocks that are not placed, once they are needed
 };
+
+bool InsertPlacer::isPlaceable(const DxfInsert &insert, const DxfPlacement &placement) const
+{
+    const DxfBlock *block = m_from.BlockOf(insert);
+    return block && block->polylineCount > 0 && isFlat(placement);
+}
+
+bool InsertPlacer::layOut()
+{
+    const auto inserts = m_from.Inserts();
+    const qint64 most = static_cast<qint64>(inserts.size()) + kMostGridSheets;
+    m_first.reserve(inserts.size());
+    qint64 count = 0;
+    for (std::size_t index = 0; index < inserts.size() && count <= most; ++index) {
+        m_first.push_back(static_cast<quint32>(count));
+        const DxfPlacement placement = m_from.Placement(index);
+        count += isPlaceable(inserts[index], placement) ? placement.rows * placement.columns : 1;
+    }
+    if (count > most)
+        return false;
+    m_to.m_inserts.resize(count);
+    return true;
+}
 
 bool InsertPlacer::place(std::size_t index)
 {
     const DxfInsert &insert = m_from.Inserts()[index];
-    const DxfBlock *block = m_from.BlockOf(insert);
     const DxfPlacement placement = m_from.Placement(index);
-    if (!block || block->polylineCount == 0 || !isFlat(placement)) {
-        keep(insert, placement.plane);
+    qsizetype target = m_first[index];
+    if (!isPlaceable(insert, placement)) {
+        m_to.m_inserts[target] = insert;
+        keep(target, placement.plane);
         return true;
     }
-    const DxfVertex basePoint = m_from.BasePoint(*block);
+    const DxfBlock &block = *m_from.BlockOf(insert);
+    const DxfVertex basePoint = m_from.BasePoint(block);
     for (int row = 0; row < placement.rows; ++row) {
-        for (int column = 0; column < placement.columns; ++column) {
+        for (int column = 0; column < placement.columns; ++column, ++target) {
             const PlaneMap map = MapOf(placement, basePoint, column, row);
-            if (!append(insert, *block, &map))
-                keep(insert, Plane::Unreadable);
-            m_gridSheets += row + column > 0 ? 1 : 0;
-            if (m_to.m_vertices.size() > kMostVertices || m_gridSheets > kMostGridSheets)
+            m_to.m_inserts[target] = insert;
+            if (!append(m_to.m_inserts[target].block, block, &map))
+                keep(target, Plane::Unreadable);
+            if (m_to.m_vertices.size() > kMostVertices)
                 return false;
         }
     }
@@ -110,31 +158,27 @@ bool InsertPlacer::place(std::size_t index)
 }
 
 /// An insert that stays where its block is drawn; all such inserts of a block share it.
-void InsertPlacer::keep(DxfInsert insert, DxfPlacement::Plane plane)
+void InsertPlacer::keep(qsizetype index, DxfPlacement::Plane plane)
 {
     if (plane != Plane::Upwards) {
         m_to.m_shapes.push_back({});
         m_to.m_shapes.back().plane = plane;
-        m_to.m_shapeOfInsert.resize(m_to.m_inserts.size());
-        m_to.m_shapeOfInsert.push_back(static_cast<quint32>(m_to.m_shapes.size() - 1));
+        m_to.m_shapeOfInsert.resize(std::max(m_to.m_shapeOfInsert.size(), index + 1));
+        m_to.m_shapeOfInsert[index] = static_cast<quint32>(m_to.m_shapes.size() - 1);
     }
-    if (insert.block == DxfInsert::kNoBlock) {
-        m_to.m_inserts.push_back(insert);
+    quint32 &block = m_to.m_inserts[index].block;
+    if (block == DxfInsert::kNoBlock)
         return;
-    }
-    quint32 &known = m_newIndex[insert.block];
-    if (known == DxfInsert::kNoBlock) {
-        known = static_cast<quint32>(m_to.m_blocks.size());
-        append(insert, m_from.m_blocks[insert.block], nullptr);
-        return;
-    }
-    insert.block = known;
-    m_to.m_inserts.push_back(insert);
+    quint32 &known = m_newIndex[block];
+    if (known == DxfInsert::kNoBlock)
+        append(known, m_from.m_blocks[block], nullptr);
+    block = known;
 }
 
 /// False, and nothing appended, when a vertex would lie beyond all numbers.
-/// @param map  null: as the block is drawn
-bool InsertPlacer::append(DxfInsert insert, const DxfBlock &block, const PlaneMap *map)
+/// @param index  of the new block
+/// @param map    null: as the block is drawn
+bool InsertPlacer::append(quint32 &index, const DxfBlock &block, const PlaneMap *map)
 {
     const qsizetype firstVertex = m_to.m_vertices.size();
     const qsizetype firstPolyline = m_to.m_polylines.size();
@@ -152,8 +196,7 @@ bool InsertPlacer::append(DxfInsert insert, const DxfBlock &block, const PlaneMa
         m_to.m_polylines.resize(firstPolyline);
         return false;
     }
-    insert.block = static_cast<quint32>(m_to.m_blocks.size());
-    m_to.m_inserts.push_back(insert);
+    index = static_cast<quint32>(m_to.m_blocks.size());
     m_to.m_blocks.push_back(
         {.name = block.name,
          .firstPolyline = static_cast<quint32>(firstPolyline),
@@ -216,7 +259,10 @@ PlacingResult PlaceInserts(const DxfDrawing &drawing, const PlanProgress &progre
     PlacingResult result;
     InsertPlacer placer(drawing);
     StepCounter steps(progress, inserts);
-    for (std::size_t insert = 0; insert < inserts && result; ++insert) {
+    result.tooLarge = !placer.layOut();
+    for (const quint32 insert : insertsByBlock(drawing)) {
+        if (!result)
+            break;
         result.tooLarge = !placer.place(insert);
         result.cancelled = !steps.step();
     }
