@@ -104,7 +104,10 @@ public:
                      const PlanProgress &progress = {}) const;
     /// Draws the sheets chosen into a file, by the same rule: .svg, or .png with any other name.
     /// Wants an application object with fonts (QGuiApplication).
-    [[nodiscard]] FileFault ExportPicture(const QString &path) const;
+    /// @param changed, gone  what to show of a comparison, see ShowSheetNews()
+    [[nodiscard]] FileFault ExportPicture(const QString &path,
+                                          std::span<const ChangedSheet> changed = {},
+                                          qint64 gone = 0) const;
 
 private:
     PlanSession(const QString &path, const QString &name, DxfReadResult &&read);
@@ -135,6 +138,6 @@ struct [[nodiscard]] PlanOpening
     };
     Outcome outcome = Outcome::Opened;
     std::unique_ptr<PlanSession> session = {}; ///< null unless it was opened
-    std::optional<DxfReadError> error = {};
+    std::optional<DxfReadError> error = {};    ///< of NotRead, and of a plan too large to be placed
     explicit operator bool() const { return outcome == Outcome::Opened; }
 };

@@ -10,6 +10,7 @@
 #include <array>
 #include <kelo_base/core/Export.h>
 #include <kelo_base/dxf/DxfDrawing.h>
+#include <kelo_base/dxf/SheetComparison.h>
 #include <span>
 #include <vector>
 
@@ -123,6 +124,10 @@ struct ChangedSheet
     quint32 sheet = 0;
     SheetNews news = SheetNews::None;
 };
+/// The changes that can be seen; sheets that are gone cannot.
+/// @param written  the sheets of the newer records, as Gk2RecordsOf() gives them
+[[nodiscard]] KELO_BASE_EXPORT std::vector<ChangedSheet>
+ChangedSheetsOf(std::span<const SheetChange> changes, std::span<const quint32> written);
 /// Shows what changed, and counts it in the legend; to be called before ShowSheetStates().
 KELO_BASE_EXPORT void ShowSheetNews(SheetPicture &picture, std::span<const ChangedSheet> changed,
                                     qint64 gone);

@@ -88,7 +88,7 @@ std::optional<Failure> compare(Conversion &conversion, const Options &options)
     const PlanSession &session = *conversion.session;
     Comparison &comparison = conversion.comparison.emplace();
     comparison.older = std::move(old.records);
-    comparison.newer = Gk2RecordsOf(session.Drawing(), session.Sheets());
+    comparison.newer = Gk2RecordsOf(session.Drawing(), session.Sheets(), &comparison.written);
     comparison.changes = CompareSheets(comparison.older, comparison.newer, options.tolerance);
     return std::nullopt;
 }
@@ -159,7 +159,13 @@ std::optional<Failure> drawPreview(const Conversion &conversion, const Options &
     if (isPlan(options, options.preview))
         return overwritesPlan(options.preview);
     const InterruptWatch watch;
-    const FileFault fault = conversion.session->ExportPicture(options.preview);
+    std::vector<ChangedSheet> changed;
+    qint64 gone = 0;
+    if (const auto &comparison = conversion.comparison) {
+        changed = ChangedSheetsOf(comparison->changes, comparison->written);
+        gone = std::ranges::count(comparison->changes, SheetChange::Kind::Gone, &SheetChange::kind);
+    }
+    const FileFault fault = conversion.session->ExportPicture(options.preview, changed, gone);
     if (fault.kind == FileFault::Kind::None)
         return std::nullopt;
     Failure failed = cannotWrite(options.preview, fault);

@@ -22,6 +22,7 @@ struct Comparison
 {
     std::vector<Gk2Record> older;
     std::vector<Gk2Record> newer;
+    std::vector<quint32> written; ///< the sheets of the newer ones
     std::vector<SheetChange> changes;
 };
 

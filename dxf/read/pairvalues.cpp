@@ -21,14 +21,15 @@ std::optional<double> finiteNumber(const DxfPair &pair)
 std::optional<std::string_view> PairValues::text(const DxfPair &pair)
 {
     const std::string_view text = pair.text(m_scratch);
-    if (pair.isTooLong || text.size() > kLongestText)
-        return refuseLongText(pair), std::nullopt;
     const bool isBroken =
         text.find('\0') != std::string_view::npos || text.find('\n') != std::string_view::npos;
-    if (isBroken)
-        return refuse(pair.valuePosition, ReaderText::tr("The text holds a NUL or a line feed")),
-               std::nullopt;
-    return text;
+    if (pair.isTooLong || text.size() > kLongestText)
+        refuseLongText(pair);
+    else if (isBroken)
+        refuse(pair.valuePosition, ReaderText::tr("The text holds a NUL or a line feed"));
+    else
+        return text;
+    return std::nullopt;
 }
 
 std::optional<qint64> PairValues::integer(const DxfPair &pair)

@@ -107,9 +107,10 @@ Escape escapeAt(QStringView text)
     if (codec < 0 || codec >= static_cast<int>(kEscapeCodecs.size()))
         return {};
     QStringDecoder decoder(kEscapeCodecs[static_cast<std::size_t>(codec)]);
-    const QByteArray bytes{static_cast<char>(number >> 8), static_cast<char>(number & 0xFF)};
-    const QString character = decoder.isValid() ? QString(decoder(bytes)) : QString();
-    if (character.size() != 1 || decoder.hasError())
+    const char bytes[]{static_cast<char>(number >> 8), static_cast<char>(number & 0xFF)};
+    const QString character =
+        decoder.isValid() ? QString(decoder(QByteArrayView(bytes, sizeof bytes))) : QString();
+    if (character.size() != 1 || character[0] == QChar::ReplacementCharacter)
         return {};
     return {character, begin + kUnicodeDigits};
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The way of one plan, from its file to the sheets' file.
+#include "dxf/sheets/dxftooltexts_p.h"
 #include "dxf/sheets/gk2records_p.h"
 #include "dxf/sheets/insertfilter_p.h"
 #include <QFile>
@@ -99,19 +100,25 @@ PlanOpening PlanSession::analysed(std::unique_ptr<PlanSession> session,
 {
     std::optional<SheetAnalysis> analysis;
     bool isCancelled = false;
+    bool isTooLarge = false;
     const PlanProgress noting = [&](qint64 done, qint64 total) {
         isCancelled = progress && !progress(done, total);
         return !isCancelled;
     };
     const bool hadMemory = attempt([&] {
-        if (!session->place(options.appliesPlacement, noting))
-            return isCancelled;
+        isTooLarge = !session->place(options.appliesPlacement, noting) && !isCancelled;
+        if (isTooLarge || isCancelled)
+            return true;
         analysis = AnalyzeSheets(session->m_drawing, options.filter, options.order, session->m_path,
                                  progress);
         return true;
     });
     if (!hadMemory)
         return {.outcome = PlanOpening::Outcome::NotAnalysed};
+    if (isTooLarge)
+        return {.outcome = PlanOpening::Outcome::NotAnalysed,
+                .error = DxfReadError{.file = session->m_name,
+                                      .message = DxfToolTexts::TooManyToPlace()}};
     if (!analysis)
         return {.outcome = PlanOpening::Outcome::Cancelled};
     session->m_analysis = *std::move(analysis);
@@ -235,11 +242,16 @@ Gk2Export PlanSession::Export(const QString &path, const Gk2ExportOptions &optio
     return result;
 }
 
-FileFault PlanSession::ExportPicture(const QString &path) const
+FileFault PlanSession::ExportPicture(const QString &path, std::span<const ChangedSheet> changed,
+                                     qint64 gone) const
 {
     const auto format = path.endsWith(".svg"_L1, Qt::CaseInsensitive) ? SheetPictureFormat::Svg
                                                                       : SheetPictureFormat::Png;
-    const SheetPicture picture = LayOutSheets(m_drawing, m_analysis.sheets, m_name);
+    SheetPicture picture = LayOutSheets(m_drawing, m_analysis.sheets, m_name);
+    if (!changed.empty() || gone > 0) {
+        ShowSheetNews(picture, changed, gone);
+        ShowSheetStates(picture, m_drawing, m_analysis.sheets);
+    }
     ReplacedFile file(path);
     const bool isStored = file.Open() &&
                           WriteSheetPicture(file.Device(), picture, m_drawing, format) &&

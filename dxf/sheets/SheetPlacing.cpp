@@ -38,11 +38,6 @@ bool isFlat(const DxfPlacement &placement)
     return placement.plane == Plane::Upwards || placement.plane == Plane::Downwards;
 }
 
-bool isFinite(DxfVertex point)
-{
-    return std::isfinite(point.x) && std::isfinite(point.y);
-}
-
 /// Whether a polyline has as many vertices as a frame; whether it is one depends on its place.
 bool mayBeFrame(const DxfPolyline &polyline)
 {
@@ -73,6 +68,7 @@ public:
         m_to.m_inserts.reserve(drawing.m_inserts.size());
         m_to.m_blocks.reserve(drawing.m_inserts.size());
         m_to.m_polylines.reserve(drawing.m_inserts.size());
+        m_to.m_vertices.reserve(4 * drawing.m_inserts.size());
     }
 
     /// False when the drawing becomes too large.
@@ -80,10 +76,9 @@ public:
     [[nodiscard]] DxfDrawing take() { return std::move(m_to); }
 
 private:
-    void append(DxfInsert insert, const DxfBlock &block, const PlaneMap *map);
-    void appendPolyline(const DxfPolyline &polyline, quint32 room, const PlaneMap *map);
+    bool append(DxfInsert insert, const DxfBlock &block, const PlaneMap *map);
+    bool appendPolyline(const DxfPolyline &polyline, quint32 room, const PlaneMap *map);
     void keep(DxfInsert insert, DxfPlacement::Plane plane);
-    [[nodiscard]] bool fits(const DxfBlock &block, const PlaneMap &map) const;
 
     const DxfDrawing &m_from;
     DxfDrawing m_to;
@@ -104,9 +99,7 @@ bool InsertPlacer::place(std::size_t index)
     for (int row = 0; row < placement.rows; ++row) {
         for (int column = 0; column < placement.columns; ++column) {
             const PlaneMap map = MapOf(placement, basePoint, column, row);
-            if (fits(*block, map))
-                append(insert, *block, &map);
-            else
+            if (!append(insert, *block, &map))
                 keep(insert, Plane::Unreadable);
             m_gridSheets += row + column > 0 ? 1 : 0;
             if (m_to.m_vertices.size() > kMostVertices || m_gridSheets > kMostGridSheets)
@@ -114,19 +107,6 @@ bool InsertPlacer::place(std::size_t index)
         }
     }
     return true;
-}
-
-/// Whether all that may frame the sheet stays within the range of numbers.
-bool InsertPlacer::fits(const DxfBlock &block, const PlaneMap &map) const
-{
-    return std::ranges::all_of(m_from.Polylines(block), [&](const DxfPolyline &polyline) {
-        const auto vertices = m_from.Vertices(polyline);
-        return std::ranges::all_of(vertices.first(std::min<std::size_t>(vertices.size(), 5)),
-                                   [&](DxfVertex vertex) {
-                                       const DxfVertex mirrored{-vertex.x, vertex.y};
-                                       return isFinite(map(vertex)) && isFinite(map(mirrored));
-                                   });
-    });
 }
 
 /// An insert that stays where its block is drawn; all such inserts of a block share it.
@@ -152,38 +132,55 @@ void InsertPlacer::keep(DxfInsert insert, DxfPlacement::Plane plane)
     m_to.m_inserts.push_back(insert);
 }
 
+/// False, and nothing appended, when a vertex would lie beyond all numbers.
 /// @param map  null: as the block is drawn
-void InsertPlacer::append(DxfInsert insert, const DxfBlock &block, const PlaneMap *map)
+bool InsertPlacer::append(DxfInsert insert, const DxfBlock &block, const PlaneMap *map)
 {
-    insert.block = static_cast<quint32>(m_to.m_blocks.size());
-    m_to.m_inserts.push_back(insert);
-    const auto firstPolyline = static_cast<quint32>(m_to.m_polylines.size());
+    const qsizetype firstVertex = m_to.m_vertices.size();
+    const qsizetype firstPolyline = m_to.m_polylines.size();
     const auto polylines = m_from.Polylines(block);
     const bool hasFrame = std::ranges::any_of(polylines, mayBeFrame);
-    const qsizetype most = m_to.m_vertices.size() + kMostPoints;
+    const qsizetype most = firstVertex + kMostPoints;
+    bool isFinite = true;
     for (const DxfPolyline &polyline : polylines)
         if ((!hasFrame || mayBeFrame(polyline)) && m_to.m_vertices.size() < most)
-            appendPolyline(polyline, static_cast<quint32>(most - m_to.m_vertices.size()), map);
+            isFinite = appendPolyline(polyline, static_cast<quint32>(most - m_to.m_vertices.size()),
+                                      map) &&
+                       isFinite;
+    if (!isFinite) {
+        m_to.m_vertices.resize(firstVertex);
+        m_to.m_polylines.resize(firstPolyline);
+        return false;
+    }
+    insert.block = static_cast<quint32>(m_to.m_blocks.size());
+    m_to.m_inserts.push_back(insert);
     m_to.m_blocks.push_back(
         {.name = block.name,
-         .firstPolyline = firstPolyline,
-         .polylineCount = static_cast<quint32>(m_to.m_polylines.size()) - firstPolyline,
+         .firstPolyline = static_cast<quint32>(firstPolyline),
+         .polylineCount = static_cast<quint32>(m_to.m_polylines.size() - firstPolyline),
          .line = block.line});
+    return true;
 }
 
-void InsertPlacer::appendPolyline(const DxfPolyline &polyline, quint32 room, const PlaneMap *map)
+/// False when a vertex lies beyond all numbers.
+bool InsertPlacer::appendPolyline(const DxfPolyline &polyline, quint32 room, const PlaneMap *map)
 {
-    const bool isWhole = polyline.vertexCount <= room;
+    const quint32 count = std::min(polyline.vertexCount, room);
     const bool isMirrored = map && polyline.mirrored;
     m_to.m_polylines.push_back({.firstVertex = static_cast<quint32>(m_to.m_vertices.size()),
-                                .vertexCount = std::min(polyline.vertexCount, room),
-                                .closed = polyline.closed && isWhole,
+                                .vertexCount = count,
+                                .closed = polyline.closed && count == polyline.vertexCount,
                                 .mirrored = !map && polyline.mirrored});
-    for (DxfVertex vertex : m_from.Vertices(polyline).first(m_to.m_polylines.back().vertexCount)) {
+    bool isFinite = true;
+    for (DxfVertex vertex : m_from.Vertices(polyline).first(count)) {
         if (isMirrored)
             vertex.x = -vertex.x;
-        m_to.m_vertices.push_back(map ? (*map)(vertex) : vertex);
+        if (map)
+            vertex = (*map)(vertex);
+        isFinite = isFinite && std::isfinite(vertex.x) && std::isfinite(vertex.y);
+        m_to.m_vertices.push_back(vertex);
     }
+    return isFinite;
 }
 
 PlaneMap MapOf(const DxfPlacement &placement, DxfVertex basePoint, int column, int row)

@@ -529,6 +529,19 @@ void ShowSheetStates(SheetPicture &picture, const DxfDrawing &drawing,
     showStates(picture, drawing, chosen, true);
 }
 
+std::vector<ChangedSheet> ChangedSheetsOf(std::span<const SheetChange> changes,
+                                          std::span<const quint32> written)
+{
+    constexpr std::array kNews{SheetNews::New, SheetNews::None, SheetNews::Moved,
+                               SheetNews::Renamed}; // by SheetChange::Kind
+    std::vector<ChangedSheet> changed;
+    for (const SheetChange &change : changes)
+        if (change.newer != SheetChange::kNone)
+            changed.push_back(
+                {written[change.newer], kNews[static_cast<std::size_t>(change.kind)]});
+    return changed;
+}
+
 void ShowSheetNews(SheetPicture &picture, std::span<const ChangedSheet> changed, qint64 gone)
 {
     std::unordered_map<quint32, SheetNews> newsOf;

@@ -78,6 +78,10 @@ public:
                         "count; \"Apply insert position\" (--placed) lets it count",
                         nullptr, textAmount(sheets));
     }
+    static QString TooManyToPlace()
+    {
+        return tr("The rows and columns of its inserts make too many sheets to place them");
+    }
     static QString NotPlaced(const QString &sheet, bool isTilted)
     {
         return isTilted ? tr("Sheet '%1' stays where its block is drawn: its insert is tilted out "

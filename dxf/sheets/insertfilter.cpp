@@ -5,6 +5,11 @@
 
 namespace {
 
+std::string_view viewOf(const QByteArray &bytes)
+{
+    return {bytes.data(), static_cast<std::size_t>(bytes.size())};
+}
+
 std::optional<QByteArray> latin1Of(const QString &text)
 {
     const auto isLatin1 = [](QChar c) { return c.unicode() < 0x100; };
@@ -23,8 +28,7 @@ WantedText::WantedText(const DxfDrawing &drawing, const QString &text)
 
 bool WantedText::matches(std::string_view bytes) const
 {
-    if ((m_encoded && bytes == dxftools::viewOf(*m_encoded)) ||
-        (m_latin1 && bytes == dxftools::viewOf(*m_latin1)))
+    if ((m_encoded && bytes == viewOf(*m_encoded)) || (m_latin1 && bytes == viewOf(*m_latin1)))
         return true;
     const bool mayHaveEscape = bytes.find('\\') != std::string_view::npos;
     const bool hasEscape = mayHaveEscape && (bytes.find("\\U+") != std::string_view::npos ||
@@ -49,12 +53,6 @@ std::optional<std::string_view> WantedText::valueIn(const DxfInsert &insert) con
         if (matchesTag(attribute))
             return m_drawing.Value(attribute);
     return std::nullopt;
-}
-
-std::optional<QByteArray> dxftools::bytesIn(const DxfDrawing &drawing, const QString &text)
-{
-    const auto encoded = drawing.EncodedText(text);
-    return encoded || drawing.HasUtf8Texts() ? encoded : latin1Of(text);
 }
 
 InsertFilter::InsertFilter(const SheetFilter &filter, const DxfDrawing &drawing)

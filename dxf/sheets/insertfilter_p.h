@@ -53,14 +53,6 @@ private:
 
 namespace dxftools {
 
-/// A text as it would stand in the drawing; nothing when that cannot hold it.
-std::optional<QByteArray> bytesIn(const DxfDrawing &drawing, const QString &text);
-
-inline std::string_view viewOf(const QByteArray &bytes)
-{
-    return {bytes.data(), static_cast<std::size_t>(bytes.size())};
-}
-
 /// Whether the insert's block exists and has something to frame a sheet with.
 bool hasPolylines(const DxfDrawing &drawing, const DxfInsert &insert);
 

@@ -21,8 +21,7 @@ std::optional<QString> enterable(const DxfDrawing &drawing, std::string_view byt
     if (bytes.size() > kLongest)
         return std::nullopt;
     const QString text = drawing.DisplayText(bytes);
-    const auto found = dxftools::bytesIn(drawing, text);
-    return found && dxftools::viewOf(*found) == bytes ? std::optional(text) : std::nullopt;
+    return WantedText(drawing, text).matches(bytes) ? std::optional(text) : std::nullopt;
 }
 
 } // namespace
@@ -39,12 +38,10 @@ std::vector<AttributeOffer> dxftools::offerTags(const DxfDrawing &drawing)
 
 std::vector<AttributeOffer> dxftools::offerValues(const DxfDrawing &drawing, const QString &tag)
 {
-    const auto tagBytes = dxftools::bytesIn(drawing, tag);
-    if (!tagBytes)
-        return {};
+    const WantedText wanted(drawing, tag);
     std::unordered_map<std::string_view, qint64> uses;
     for (const DxfInsert &insert : drawing.Inserts()) {
-        const auto value = drawing.FindAttribute(insert, dxftools::viewOf(*tagBytes));
+        const auto value = wanted.valueIn(insert);
         if (!value || !dxftools::hasPolylines(drawing, insert))
             continue;
         if (uses.size() < kMostValues)

@@ -11,21 +11,6 @@ namespace {
 
 using Kind = SheetChange::Kind;
 
-SheetNews newsOf(Kind kind)
-{
-    switch (kind) {
-    case Kind::New:
-        return SheetNews::New;
-    case Kind::Moved:
-        return SheetNews::Moved;
-    case Kind::Renamed:
-        return SheetNews::Renamed;
-    case Kind::Gone:
-        break;
-    }
-    return SheetNews::None;
-}
-
 QString sentenceFor(const SheetChange &change, const QString &before, const QString &after)
 {
     switch (change.kind) {
@@ -56,7 +41,8 @@ PlanChanges dxftools::changesAgainst(std::span<const Gk2Record> older, const Dxf
     };
     PlanChanges changes;
     std::array<qint64, 4> counts{};
-    for (const SheetChange &change : CompareSheets(older, newer)) {
+    const std::vector<SheetChange> all = CompareSheets(older, newer);
+    for (const SheetChange &change : all) {
         ++counts[static_cast<std::size_t>(change.kind)];
         PlanFinding &note = changes.findings.emplace_back();
         note.severity = PlanFinding::Severity::Note;
@@ -65,8 +51,8 @@ PlanChanges dxftools::changesAgainst(std::span<const Gk2Record> older, const Dxf
             continue;
         const quint32 sheet = written[change.newer];
         (drawing.IsBinary() ? note.offset : note.line) = drawing.Inserts()[sheet].line;
-        changes.sheets.push_back({sheet, newsOf(change.kind)});
     }
+    changes.sheets = ChangedSheetsOf(all, written);
     changes.gone = counts[static_cast<std::size_t>(Kind::Gone)];
     changes.summary =
         DxfDialogTexts::ChangesCounted(counts[static_cast<std::size_t>(Kind::New)], changes.gone,

@@ -529,6 +529,10 @@
         <source>gone: %1</source>
         <translation>entfallen: %1</translation>
     </message>
+    <message>
+        <source>The rows and columns of its inserts make too many sheets to place them</source>
+        <translation>Zeilen und Spalten seiner Einfügungen ergeben zu viele Blätter, um sie zu platzieren</translation>
+    </message>
 </context>
 <context>
     <name>DxfToolsDialog</name>

@@ -388,9 +388,12 @@ private slots:
         QString text;
         for (const QKeySequence &sequence : manager.GetReservedSequenceList().GetSequences())
             text += sequence.toString() + u' ';
-        QCOMPARE(text,
-                 u"XXX Esc Up Down Left Right < > Ctrl+W Shift+S Shift+F Shift+A Shift+1 Shift+2 "
-                 "Ctrl+1 Ctrl+2 Ctrl+3 Ctrl+4 Ctrl+5 "_s);
+        QCOMPARE(
+            text,
+            u"Ctrl+N Ctrl+O Ctrl+S Ctrl+F4 Ctrl+F F3 F1 Ctrl+X Ctrl+C Ctrl+V Del Ctrl+Z Ctrl+Y "
+            "Ctrl+H Ctrl+B Ctrl+I F5 Esc Up Down Left Right < > Ctrl+W Shift+S Shift+F Shift+A "
+            "Shift+1 Shift+2 "
+            "Ctrl+1 Ctrl+2 Ctrl+3 Ctrl+4 Ctrl+5 "_s);
     }
 
     void carriesShortcutsToActionsAndBack()

@@ -49,6 +49,7 @@ private slots:
     void keepsSheetsUnlessTold();
     void tellsOfTheSheetsWhenThePictureFails();
     void takesNamesThatAreNoUtf8();
+    void placesSheetsAndTakesOtherNumbers();
     void compares();
     void keepsPlansAndOldResults_data();
     void keepsPlansAndOldResults();
@@ -85,7 +86,10 @@ Outcome TestDxf2gk2::shell(const QByteArray &line)
     process.closeWriteChannel();
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
         return {};
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+    // The plans here share one block, of which there is a note each time.
+    QByteArrayList errors = process.readAllStandardError().split('\n');
+    errors.removeIf([](const QByteArray &error) { return error.contains("(--placed)"); });
+    return {process.exitCode(), process.readAllStandardOutput(), errors.join('\n')};
 }
 
 void TestDxf2gk2::put(const char *name, const QByteArray &text)
@@ -144,6 +148,8 @@ void TestDxf2gk2::refusesWrongUsage_data()
     row("a filter without a tag", "--include =x plan.dxf", "--include wants");
     row("an option given twice", "--exclude A --exclude B plan.dxf", "--exclude is given");
     row("a mode that is not known", "--progress maybe plan.dxf", "--progress is auto");
+    row("an encoding that is not known", "--encoding none plan.dxf", "--encoding does not know");
+    row("an empty tag", "--number-tag= plan.dxf", "--number-tag wants a value");
     row("sheets and JSON in one output", "-o - --json plan.dxf", "--json and the sheets");
     row("the same, by default", "--json -", "--json and the sheets");
     row("a list that should be written", "-o - --list plan.dxf", "--list and --list-tags");
@@ -290,6 +296,26 @@ void TestDxf2gk2::takesNamesThatAreNoUtf8()
     QVERIFY(get("o").startsWith("GK2"));
 }
 
+void TestDxf2gk2::placesSheetsAndTakesOtherNumbers()
+{
+    QByteArray plan = planWith({"1", "-"});
+    put("p.dxf", plan.replace("0\nINSERT\n", "0\nINSERT\n10\n100\n20\n-5\n"));
+    Outcome r = shell("$D p.dxf 2>&1");
+    QVERIFY2(r.out.contains("p.dxf: note: 2 sheets have the same corners"), r.out);
+    QVERIFY2(r.out.contains("looked for the attribute BL_NR or Bl_Nr, found OTHER"), r.out);
+    r = shell("$D --placed --number-tag OTHER p.dxf 2>&1");
+    QVERIFY2(!r.out.contains("note:"), r.out);
+    QVERIFY2(r.out.contains("looked for the attribute OTHER, found BL_NR"), r.out);
+    QCOMPARE(get("p.txt"), "GK2\r\n\r\n-\r\n"
+                           " 100,00       15,00    \r\n 130,00       15,00    \r\n"
+                           " 130,00       -5,00    \r\n 100,00       -5,00    \r\n"_ba);
+    put("m.dxf", planWith({"M\xFC", "\\U+0141"}));
+    QCOMPARE(shell("$D --list --encoding windows-1250 --include 'BL_NR=Ł' m.dxf").out.count("Ł"),
+             1);
+    QVERIFY(shell("$D --list --encoding dos866 m.dxf").out.contains("M№"));
+    QCOMPARE(shell("$D -q --encoding dos866 -o - m.dxf").out, shell("$D -q -o - m.dxf").out);
+}
+
 void TestDxf2gk2::compares()
 {
     const auto record = [](const QByteArray &number, const QByteArray &corners) {
@@ -322,6 +348,10 @@ void TestDxf2gk2::compares()
     QCOMPARE(changes.toArray().size(), 4);
     QCOMPARE(changes[1]["distance"_L1].toDouble(), 5.0);
     QCOMPARE(changes[3]["before"_L1].toString(), u"0"_s);
+
+    QCOMPARE(shell("$D -q --compare old.txt --preview a.svg p.dxf").status, 4);
+    for (const char *legend : {"new: 1", "moved: 2", "gone: 1"})
+        QVERIFY2(get("a.svg").contains(legend), legend);
 
     // The file may be the one that is written over; then that was what was wanted.
     r = shell("$D --compare old.txt -o old.txt p.dxf");

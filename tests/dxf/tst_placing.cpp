@@ -58,7 +58,7 @@ QByteArray planOf(const QByteArray &insert, const QByteArray &block = {})
         "0 LWPOLYLINE|90 4|70 1|10 10|20 20|10 13|20 20|10 13|20 22|10 10|20 22";
     return asciiPlan(pairsOf("0 SECTION|2 BLOCKS|0 BLOCK|2 A|" + (block.isEmpty() ? frame : block) +
                              "|0 ENDBLK|0 ENDSEC|0 SECTION|2 ENTITIES|0 INSERT|2 A|" + insert +
-                             "|0 ATTRIB|2 BL_NR|1 7|0 SEQEND|0 ENDSEC|0 EOF"));
+                             "|0 ATTRIB|2 BL_NR|1 #|0 SEQEND|0 ENDSEC|0 EOF"));
 }
 
 DxfReadResult read(QByteArray plan)
@@ -76,7 +76,7 @@ QStringList cornersOf(const DxfDrawing &drawing, const std::vector<quint32> &she
     buffer.open(QIODevice::WriteOnly);
     const qint64 written = WriteGk2(buffer, drawing, sheets).written;
     QStringList lines;
-    for (const QByteArray &record : text.split('7').sliced(1))
+    for (const QByteArray &record : text.split('#').sliced(1))
         lines << QString::fromLatin1(record.simplified()).replace(",00"_L1, ""_L1);
     return written == 0 ? QStringList() : lines;
 }
@@ -168,8 +168,8 @@ void TestPlacing::placesBeforeLabelling_data()
     row("a count of none is one", "70 0|71 -3|44 5", {u"10 22 13 22 13 20 10 20"_s});
     row("a turned frame scaled askew is no rectangle any more", "41 2", {u""_s},
         "0 LWPOLYLINE|90 4|70 1|10 0|20 0|10 4|20 3|10 1|20 7|10 -3|20 4");
-    row("a rhomb scaled upright is one", "42 0.5", {u"10 5 20 0 10 -5 0 0"_s},
-        "0 LWPOLYLINE|90 4|70 1|10 0|20 0|10 10|20 -10|10 20|20 0|10 10|20 10");
+    row("a rhomb scaled upright is one", "42 0.5", {u"0 0 10 10 20 0 10 -10"_s},
+        "0 LWPOLYLINE|90 4|70 1|10 0|20 0|10 10|20 -20|10 20|20 0|10 10|20 20");
     row("a frame that is drawn from below lies mirrored", "10 100", {u"87 22 90 22 90 20 87 20"_s},
         "0 LWPOLYLINE|90 4|70 1|10 10|20 20|10 13|20 20|10 13|20 22|10 10|20 22|230 -1");
     row("so does a polyline of the old kind", "10 100", {u"87 22 90 22 90 20 87 20"_s},
@@ -198,7 +198,7 @@ void TestPlacing::keepsWhatCannotBePlaced_data()
     QTest::addColumn<QByteArray>("insert");
     QTest::addColumn<QString>("why");
     QTest::newRow("a plane that is tilted") << "230 0.5|210 0.5|10 3"_ba << u"is tilted"_s;
-    QTest::newRow("a plane that has no direction") << "230 0|10 3"_ba << u"is tilted"_s;
+    QTest::newRow("a plane that stands upright") << "230 0|210 1|10 3"_ba << u"is tilted"_s;
     QTest::newRow("a position that is no number") << "10 x|20 3"_ba << u"no usable number"_s;
     QTest::newRow("an angle that is no number") << "50 nan"_ba << u"no usable number"_s;
     QTest::newRow("a place beyond all numbers") << "41 1e308|42 9"_ba << u"no usable number"_s;
@@ -217,7 +217,7 @@ void TestPlacing::keepsWhatCannotBePlaced()
     QCOMPARE(analysis->diagnostics.size(), 1U);
     QVERIFY2(analysis->diagnostics[0].text.contains(why),
              qPrintable(analysis->diagnostics[0].text));
-    QCOMPARE(analysis->diagnostics[0].subject, u"7"_s);
+    QCOMPARE(analysis->diagnostics[0].subject, u"#"_s);
     QCOMPARE(analysis->warnings, 1);
 }
 
@@ -294,6 +294,12 @@ void TestPlacing::refusesPlansThatBecomeTooLarge()
         PlaceInserts(plan.drawing, [&](qint64, qint64) { return ++asked; });
     QVERIFY(placed.tooLarge && placed.drawing.Inserts().empty());
     QVERIFY(PlaceInserts(plan.drawing, [](qint64, qint64) { return false; }).cancelled);
+    QByteArray bytes = planOf("70 32767|71 32767|44 5|45 5");
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    const PlanOpening opening = PlanSession::Open(
+        buffer, u"plan.dxf"_s, AnalysisOptions{.filter = {}, .appliesPlacement = true});
+    QVERIFY(!opening && opening.error->message.contains(u"too many sheets"_s));
 }
 
 void TestPlacing::changesItsMindInASession()
@@ -301,7 +307,8 @@ void TestPlacing::changesItsMindInASession()
     QByteArray plan = planOf("10 100");
     QBuffer buffer(&plan);
     buffer.open(QIODevice::ReadOnly);
-    AnalysisOptions options{.appliesPlacement = true};
+    AnalysisOptions options;
+    options.appliesPlacement = true;
     const PlanOpening opening = PlanSession::Open(buffer, u"plan.dxf"_s, options);
     QVERIFY(bool(opening));
     PlanSession &session = *opening.session;
