@@ -740,7 +740,7 @@
     </message>
     <message>
         <source>Mar&amp;k Selected</source>
-        <translation>Ausw&amp;ahl markieren</translation>
+        <translation>A&amp;uswahl markieren</translation>
     </message>
     <message>
         <source>Marks the sheets that are selected; all others stay as they are. The space bar marks them or takes their marks away.</source>

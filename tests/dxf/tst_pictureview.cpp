@@ -272,8 +272,8 @@ void TestPictureView::tellsStatesApart()
     for (const int steps : {0, 30}) { // as figures, and all of them as spots
         for (int i = 0; i < steps; ++i)
             bench.view.resize(bench.view.width() - 22, bench.view.height());
+        const QImage exported = image(all); // first: the states take room in the legend
         const QRect place = bench.Place({3});
-        const QImage exported = image(all);
         bench.drawing.SetExportMark(3, false);
         const QImage unmarked = image(all);
         bench.drawing.SetExportMark(3, true);
