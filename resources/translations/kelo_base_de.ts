@@ -840,6 +840,18 @@
         <source>%1 - %2</source>
         <translation>%1 – %2</translation>
     </message>
+    <message>
+        <source>A&amp;bout...</source>
+        <translation>Übe&amp;r …</translation>
+    </message>
+    <message>
+        <source>About This Program</source>
+        <translation>Über dieses Programm</translation>
+    </message>
+    <message>
+        <source>Co&amp;py</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
 </context>
 <context>
     <name>DxfWorkbench</name>

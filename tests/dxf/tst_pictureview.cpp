@@ -267,7 +267,8 @@ void TestPictureView::tellsStatesApart()
     const Sheets all = allInserts(bench.drawing);
     const auto image = [&](const Sheets &chosen) {
         bench.view.showStates(chosen);
-        return bench.view.grab(QRect(0, 0, 800, 500)).toImage(); // without the legend
+        const QRect area = bench.view.rect() & QRect(0, 0, 800, 500); // without the legend
+        return bench.view.grab(area).toImage();
     };
     for (const int steps : {0, 30}) { // as figures, and all of them as spots
         for (int i = 0; i < steps; ++i)
