@@ -97,7 +97,7 @@ QString convertTable(const OfficeProgram &program, const QString &source, const 
     environment.insert(QString::fromLatin1(platform::kTreeVariable), marker);
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.setChildProcessModifier(platform::becomeTreeHead);
+    process.setChildProcessModifier([] { platform::becomeTreeHead(); });
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.setStandardInputFile(QProcess::nullDevice());
     process.start(program.path,

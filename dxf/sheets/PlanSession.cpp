@@ -171,11 +171,14 @@ bool PlanSession::Choose(const SheetFilter &filter)
 {
     return attempt([&] {
         const InsertFilter wanted(filter, m_drawing);
+        std::vector<bool> passes; // as the memory lies: by number, each would be waited for
+        passes.reserve(m_drawing.Inserts().size());
+        for (const DxfInsert &insert : m_drawing.Inserts())
+            passes.push_back(wanted.Passes(insert));
         std::vector<quint32> chosen; // in order already, and their numbers need no second look
         chosen.reserve(AllSheets().size());
-        std::ranges::copy_if(AllSheets(), std::back_inserter(chosen), [&](quint32 sheet) {
-            return wanted.Passes(m_drawing.Inserts()[sheet]);
-        });
+        std::ranges::copy_if(AllSheets(), std::back_inserter(chosen),
+                             [&](quint32 sheet) { return passes[sheet]; });
         m_analysis.sheets = std::move(chosen);
         return true;
     });

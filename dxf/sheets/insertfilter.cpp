@@ -30,7 +30,10 @@ bool WantedText::matches(std::string_view bytes) const
 {
     if ((m_encoded && bytes == viewOf(*m_encoded)) || (m_latin1 && bytes == viewOf(*m_latin1)))
         return true;
-    const bool mayHaveEscape = bytes.find('\\') != std::string_view::npos;
+    constexpr std::size_t kEscapeAtLeast = 7; // bytes for one character
+    const bool mayHaveEscape =
+        bytes.size() + 1 >= static_cast<std::size_t>(m_text.size()) + kEscapeAtLeast &&
+        bytes.find('\\') != std::string_view::npos;
     const bool hasEscape = mayHaveEscape && (bytes.find("\\U+") != std::string_view::npos ||
                                              bytes.find("\\M+") != std::string_view::npos);
     return hasEscape && m_drawing.DisplayText(bytes) == m_text;

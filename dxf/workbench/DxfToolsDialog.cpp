@@ -2,6 +2,7 @@
 // The workbench for the sheets of DXF plans: read, analyse, filter, export as GK2.
 #include <kelo_base/dxf/DxfToolsDialog.h>
 
+#include "dxf/workbench/aboutdialog_p.h"
 #include "dxf/workbench/dxfdialogtexts_p.h"
 #include "dxf/workbench/dxftoolsform_p.h"
 #include "dxf/workbench/dxftoolsstore_p.h"
@@ -76,6 +77,8 @@ DxfToolsDialog::DxfToolsDialog(QWidget *parent, QSettings *store)
     connect(&form.read(), &ReadPanel::openWanted, this, &DxfToolsDialog::OnOpenFileClicked);
     new QShortcut(QKeySequence::Open, this, this, &DxfToolsDialog::OnOpenFileClicked);
     connect(btnExportAsGK2, &QPushButton::clicked, this, &DxfToolsDialog::OnExportAsGK2Clicked);
+    connect(&form.aboutButton(), &QPushButton::clicked, this,
+            [this] { workbench::showAbout(this); });
     connect(&form.closeButton(), &QPushButton::clicked, this, &DxfToolsDialog::close);
     connect(&form.picture(), &PicturePanel::saveWanted, this, [this] {
         if (!IsReading())

@@ -113,6 +113,9 @@ public:
 
     static QString Export() { return tr("&Export as GK2..."); }
     static QString Close() { return tr("&Close"); }
+    static QString About() { return tr("A&bout..."); }
+    static QString AboutTitle() { return tr("About This Program"); }
+    static QString CopyText() { return tr("Co&py"); }
     static QString Exported(qint64 sheets, const QString &file)
     {
         return (sheets == 1 ? tr("1 sheet written to %1")

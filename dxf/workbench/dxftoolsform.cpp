@@ -67,6 +67,7 @@ DxfToolsForm::DxfToolsForm(QDialog *dialog)
       m_sheets(new SheetPanel),
       m_picture(new PicturePanel),
       m_findings(new FindingPanel),
+      m_about(workbench::pushButton(DxfDialogTexts::About(), u"btnAbout"_s)),
       m_exportMessage(new MessageLine),
       m_export(workbench::pushButton(DxfDialogTexts::Export(), u"btnExportAsGK2"_s)),
       m_close(workbench::pushButton(DxfDialogTexts::Close(), u"btnClose"_s))
@@ -108,6 +109,7 @@ QWidget *DxfToolsForm::steps()
 QBoxLayout *DxfToolsForm::footer()
 {
     auto *row = new QHBoxLayout;
+    row->addWidget(m_about);
     row->addWidget(m_exportMessage, 1);
     row->addWidget(m_export);
     row->addWidget(m_close);
@@ -123,7 +125,7 @@ void DxfToolsForm::setTabOrder()
     add(m_filter->tabOrder());
     add(m_sheets->tabOrder());
     add(m_picture->tabOrder());
-    add({m_findings->list(), m_export, m_close});
+    add({m_findings->list(), m_about, m_export, m_close});
     for (std::size_t i = 1; i < order.size(); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);
 }
@@ -139,7 +141,8 @@ void DxfToolsForm::setReading(bool isReading)
 {
     if (isReading)
         m_focusBefore = m_dialog->focusWidget();
-    const std::vector<QWidget *> parts{m_analyzeGroup, m_results, m_exportMessage, m_close};
+    const std::vector<QWidget *> parts{m_analyzeGroup, m_results, m_about, m_exportMessage,
+                                       m_close};
     for (QWidget *widget : parts)
         widget->setEnabled(!isReading);
     m_read->setReading(isReading);

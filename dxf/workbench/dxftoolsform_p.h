@@ -32,6 +32,7 @@ public:
     [[nodiscard]] PicturePanel &picture() const { return *m_picture; }
     [[nodiscard]] FindingPanel &findings() const { return *m_findings; }
     [[nodiscard]] MessageLine &exportMessage() const { return *m_exportMessage; }
+    [[nodiscard]] QPushButton &aboutButton() const { return *m_about; }
     [[nodiscard]] QPushButton &exportButton() const { return *m_export; }
     [[nodiscard]] QPushButton &closeButton() const { return *m_close; }
     [[nodiscard]] QSplitter &sides() const { return *m_sides; }     ///< steps | results
@@ -55,6 +56,7 @@ private:
     QWidget *m_analyzeGroup = nullptr;
     PicturePanel *m_picture;
     FindingPanel *m_findings;
+    QPushButton *m_about;
     MessageLine *m_exportMessage;
     QPushButton *m_export;
     QPushButton *m_close;

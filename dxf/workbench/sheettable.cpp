@@ -5,6 +5,7 @@
 #include "dxf/workbench/sheettablemodel_p.h"
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QItemSelectionModel>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <algorithm>
@@ -88,6 +89,8 @@ void SheetTable::setUpHeaders()
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
     horizontalHeader()->setHighlightSections(false);
+    // With the selection of the rows it asks each of a million, only to paint itself as before.
+    horizontalHeader()->setSelectionModel(new QItemSelectionModel(model(), horizontalHeader()));
     horizontalHeader()->setSectionsClickable(true);
     for (int column = 0; column < SheetTableModel::kColumnCount; ++column)
         setColumnWidth(column, usualWidth(column));

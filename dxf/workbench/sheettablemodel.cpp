@@ -232,7 +232,7 @@ QString SheetTableModel::toolTipOf(const DxfInsert &insert, int column) const
 
 bool SheetTableModel::isMarkable(int row) const
 {
-    return row >= 0 && row < rowCount() && hasNumber(*m_drawing, insertAt(row));
+    return row >= 0 && row < rowCount() && m_isNumbered[sheetAt(row)];
 }
 
 bool SheetTableModel::isMarked(int row) const
@@ -286,7 +286,7 @@ QVariant SheetTableModel::headerData(int section, Qt::Orientation orientation, i
 Qt::ItemFlags SheetTableModel::flags(const QModelIndex &index) const
 {
     const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
-    const bool isMarkable = index.isValid() && index.column() == NumberColumn &&
-                            hasNumber(*m_drawing, insertAt(index.row()));
+    const bool isMarkable =
+        index.isValid() && index.column() == NumberColumn && m_isNumbered[sheetAt(index.row())];
     return isMarkable ? flags | Qt::ItemIsUserCheckable : flags;
 }

@@ -740,7 +740,7 @@
     </message>
     <message>
         <source>Mar&amp;k Selected</source>
-        <translation>Ausw&amp;ahl markieren</translation>
+        <translation>A&amp;uswahl markieren</translation>
     </message>
     <message>
         <source>Marks the sheets that are selected; all others stay as they are. The space bar marks them or takes their marks away.</source>
@@ -839,6 +839,18 @@
     <message>
         <source>%1 - %2</source>
         <translation>%1 – %2</translation>
+    </message>
+    <message>
+        <source>A&amp;bout...</source>
+        <translation>Übe&amp;r …</translation>
+    </message>
+    <message>
+        <source>About This Program</source>
+        <translation>Über dieses Programm</translation>
+    </message>
+    <message>
+        <source>Co&amp;py</source>
+        <translation>&amp;Kopieren</translation>
     </message>
 </context>
 <context>

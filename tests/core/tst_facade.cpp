@@ -50,6 +50,7 @@ private slots:
     void initTestCase();
     void init()
     {
+        m_home.reset(); // which gives back the home that was before
         m_home = std::make_unique<TemporaryHome>();
         m_diary.entries.clear();
     }

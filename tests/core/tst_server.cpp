@@ -122,6 +122,7 @@ void TestServer::initTestCase()
 
 void TestServer::init()
 {
+    m_home.reset(); // which gives back the home that was before
     m_home = std::make_unique<TemporaryHome>();
     m_pids = m_home->filePath(u"pids"_s);
 }

@@ -180,6 +180,7 @@ private slots:
     void writesQuietlyButReadably();
     void tellsWhatAnExportChanged();
     void appliesInsertPositions();
+    void tellsWhatRunsHere();
 };
 
 void TestDxfToolsDialog::exportsWhatIsChosenAndMarked()
@@ -719,6 +720,30 @@ void TestDxfToolsDialog::appliesInsertPositions()
     QCOMPARE(bench.sheets(), u"[1]"_s);
     bench.press("chkApplyInsertPosition");
     QVERIFY(corners().startsWith(u"0,00 2,00"_s));
+}
+
+void TestDxfToolsDialog::tellsWhatRunsHere()
+{
+    for (const auto &[language, line] : {std::pair(QLocale::German, u"Sprache: de\n"_s),
+                                         {QLocale::English, u"Language: en\n"_s}}) {
+        InstallTranslation(QLocale(language));
+        const Bench bench;
+        bench.focus(bench.find<QWidget>("btnOpen"));
+        const QKeySequence key =
+            QKeySequence::mnemonic(bench.find<QPushButton>("btnAbout")->text());
+        QTest::keySequence(bench.dialog, key);
+        QTRY_VERIFY(QApplication::activeModalWidget());
+        const QPointer<QWidget> about = QApplication::activeModalWidget();
+        auto *text = about->findChild<QPlainTextEdit *>();
+        QTRY_VERIFY(text->hasFocus());
+        QVERIFY(text->isReadOnly() && !text->accessibleName().isEmpty());
+        QVERIFY2(text->toPlainText().contains(line), qPrintable(text->toPlainText()));
+        QTest::keyClick(text, Qt::Key_Tab); // leads on, though it is a text
+        QTest::keyClick(about->focusWidget(), Qt::Key_Space);
+        QCOMPARE(QGuiApplication::clipboard()->text(), text->toPlainText());
+        QTest::keyClick(text, Qt::Key_Escape);
+        QTRY_VERIFY(!about);
+    }
 }
 
 QTEST_MAIN(TestDxfToolsDialog)

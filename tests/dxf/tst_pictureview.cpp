@@ -267,13 +267,14 @@ void TestPictureView::tellsStatesApart()
     const Sheets all = allInserts(bench.drawing);
     const auto image = [&](const Sheets &chosen) {
         bench.view.showStates(chosen);
-        return bench.view.grab(QRect(0, 0, 800, 500)).toImage(); // without the legend
+        const QRect area = bench.view.rect() & QRect(0, 0, 800, 500); // without the legend
+        return bench.view.grab(area).toImage();
     };
     for (const int steps : {0, 30}) { // as figures, and all of them as spots
         for (int i = 0; i < steps; ++i)
             bench.view.resize(bench.view.width() - 22, bench.view.height());
+        const QImage exported = image(all); // first: the states take room in the legend
         const QRect place = bench.Place({3});
-        const QImage exported = image(all);
         bench.drawing.SetExportMark(3, false);
         const QImage unmarked = image(all);
         bench.drawing.SetExportMark(3, true);

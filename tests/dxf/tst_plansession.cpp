@@ -205,7 +205,8 @@ void TestPlanSession::compares_data()
     QTest::addColumn<QString>("changes");
     const auto row = [](const char *name, const char16_t *older, const char16_t *newer,
                         const char16_t *changes) {
-        QTest::newRow(name) << QString::fromUtf16(older) << QString::fromUtf16(newer) << QString::fromUtf16(changes);
+        QTest::newRow(name) << QString::fromUtf16(older) << QString::fromUtf16(newer)
+                            << QString::fromUtf16(changes);
     };
     row("nothing changed", u"1 0,0; 2 5,5", u"1 0,0; 2 5,5", u"");
     row("another order is no change", u"1 0,0; 2 5,5", u"2 5,5; 1 0,0", u"");

@@ -38,6 +38,16 @@ QByteArrayList keysOf(const QString &journal)
     return keys;
 }
 
+/// Waits until a further command has come through each way, if one is left; a minute at most.
+void awaitProgress(const QString &in, const QString &out, qsizetype count)
+{
+    for (const QString &journal : {in, out}) {
+        const qsizetype wanted = std::min(count, linesOf(journal).size() + 1);
+        static_cast<void>(
+            QTest::qWaitFor([&] { return linesOf(journal).size() >= wanted; }, 60'000));
+    }
+}
+
 } // namespace
 
 class TestIPCSoak : public QObject
@@ -87,8 +97,12 @@ private slots:
                 QVERIFY(QDir().rename(exchange + u".away"_s, exchange));
                 break;
             case 1:
+                // Who starts while they are gone has no memory of what was done: both sides have to
+                // live from before until they are there again.
+                awaitProgress(in, out, count);
                 QFile::remove(exchange + u"/kelo-in-answers.txt"_s);
                 QFile::remove(exchange + u"/kelo-out-answers.txt"_s);
+                awaitProgress(in, out, count);
                 break;
             default:
                 restart(random.bounded(2) == 0 ? viewer : partner);
