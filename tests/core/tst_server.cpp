@@ -18,6 +18,12 @@ using namespace std::chrono_literals;
 
 namespace {
 
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool kKeepsFreedMemory = true;
+#else
+constexpr bool kKeepsFreedMemory = false;
+#endif
+
 bool isAlive(qint64 pid)
 {
     return platform::processStartTime(static_cast<quint32>(pid)) != 0;
@@ -346,7 +352,7 @@ void TestServer::staysFlatUnderAFlood()
     server.Start();
     const qint64 before = memoryBytes();
     QTRY_COMPARE_WITH_TIMEOUT(server.GetState(), ServerState::Ready, 60'000);
-    QVERIFY(memoryBytes() - before < 20 * 1024 * 1024);
+    QVERIFY(kKeepsFreedMemory || memoryBytes() - before < 20 * 1024 * 1024);
     QCOMPARE(QDir(folder()).entryList({u"server*.log"_s}, QDir::Files).size(), 5);
 }
 

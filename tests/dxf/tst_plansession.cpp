@@ -252,7 +252,7 @@ void TestPlanSession::readsBackWhatItWrites()
     for (int i = 0; i < 5000; ++i) {
         const std::string name = std::to_string(i);
         addBlock(builder, name, {{{number(), number()}, {number(), number()}}, {}});
-        const std::string_view text = i % 3 == 0 ? name : i % 3 == 1 ? "1,00     2,00" : "";
+        const std::string text = i % 3 == 0 ? name : i % 3 == 1 ? "1,00     2,00" : "";
         addInsert(builder, name, {{i % 7 == 0 ? "OTHER" : "BL_NR", text}});
     }
     DxfDrawing drawing = builder.Take();

@@ -130,9 +130,10 @@ private slots:
     {
         QVERIFY(!DocWindowXIfc::HInstance() && EstimatedHeightAboveGroundLevelS(nullptr) == -1);
         int windows = 0, views = 0;
+        const QObject context; // ends with what it counts
         DocWindowNotifier *notifier = DocWindowXIfc::Notifier();
-        connect(notifier, &DocWindowNotifier::documentWindowReplaced, this, [&] { ++windows; });
-        connect(notifier, &DocWindowNotifier::primaryViewReplaced, this, [&] { ++views; });
+        connect(notifier, &DocWindowNotifier::documentWindowReplaced, &context, [&] { ++windows; });
+        connect(notifier, &DocWindowNotifier::primaryViewReplaced, &context, [&] { ++views; });
         auto first = std::make_unique<TestWindow>();
         auto second = std::make_unique<TestWindow>();
         DocWindowXIfc::SetHInstance(second.get());
