@@ -43,7 +43,8 @@ Sheet sheet()
         result.columns << Column{u"text"_s};
     for (int column = 0; column < kNumberColumns; ++column)
         result.columns << Column{u"number"_s, ColumnType::Number};
-    result.columns << Column{u"count"_s, ColumnType::Integer} << Column{u"is"_s, ColumnType::Boolean};
+    result.columns << Column{u"count"_s, ColumnType::Integer}
+                   << Column{u"is"_s, ColumnType::Boolean};
     return result;
 }
 
@@ -97,9 +98,9 @@ void workbookPeer(benchmark::State &state)
             const auto at = lxw_row_t(row);
             lxw_col_t to = 0;
             for (int column = 0; column < kTextColumns; ++column)
-                worksheet_write_string(
-                    rows, at, to++,
-                    texts[(row * 31 + column * 7) % texts.size()].constData(), nullptr);
+                worksheet_write_string(rows, at, to++,
+                                       texts[(row * 31 + column * 7) % texts.size()].constData(),
+                                       nullptr);
             for (int column = 0; column < kNumberColumns; ++column)
                 worksheet_write_number(rows, at, to++, Data::number(row, column), format);
             worksheet_write_number(rows, at, to++, double(row), nullptr);

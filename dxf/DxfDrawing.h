@@ -197,7 +197,8 @@ private:
     // the positions, and those of blocks at their place not even these.
     QList<DxfVertex> m_positions;
     QList<quint32> m_shapeOfInsert;
-    QList<DxfPlacement> m_shapes = QList<DxfPlacement>(1); ///< placements with the origin as their position
+    QList<DxfPlacement> m_shapes =
+        QList<DxfPlacement>(1); ///< placements with the origin as their position
     QList<DxfInsert> m_nestedInserts;
     QList<DxfAttribute> m_attributes;
     QList<TextRange> m_texts;                              ///< names and tags, each once
