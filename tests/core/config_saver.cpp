@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Saves configuration files until it is killed, runs into a limit, or is done; saving_survives.py
 // looks at what it leaves.
+#include "tests/support/FileBytes.h"
+
 #include <kelo_base/core/UserDataManager.h>
 
 #include <QCoreApplication>
 #include <QSettings>
-#include <csignal>
-#include <sys/resource.h>
+#include <optional>
 #include <unistd.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -50,12 +51,9 @@ int main(int argc, char **argv)
     QCoreApplication::setOrganizationName(u"O"_s);
     QCoreApplication::setApplicationName(u"A"_s);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.value(1) == "limited"_L1) {
-        // A full disk: files may not grow beyond 8 KiB, which only odd generations want to.
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{8192, 8192};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
+    std::optional<ResourceLimit> fullDisk; // files beyond 8 KiB, as only odd generations want
+    if (arguments.value(1) == "limited"_L1)
+        fullDisk.emplace(RLIMIT_FSIZE, 8192);
     if (arguments.value(1) != "keys"_L1)
         saveForever(arguments.value(2).toInt());
     saveKeys(arguments.value(2), arguments.value(3).toInt());

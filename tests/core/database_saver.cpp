@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Saves into a database until it is killed, runs into a limit, or is done; database_survives.py
 // looks at what it leaves. FILE may be the socket's folder of a server.
+#include "tests/support/FileBytes.h"
+
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QThread>
-#include <csignal>
 #include <cstdio>
 #include <kelo_base/core/DatabaseDocuments.h>
 #include <kelo_base/core/DatabaseTable.h>
-#include <sys/resource.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -40,12 +40,6 @@ std::vector<Row> rowsOf(qint64 generation)
     return rows;
 }
 
-bool createRows(Database &database)
-{
-    return database.Run(u"CREATE TABLE ROWS_OF_GENERATION (ID BIGINT PRIMARY KEY, "
-                        "GENERATION BIGINT NOT NULL, FILLING TEXT NOT NULL)"_s);
-}
-
 /// Each step makes a table and fills it with the one before.
 bool createStep(Database &database, int step)
 {
@@ -58,7 +52,11 @@ bool createStep(Database &database, int step)
 
 DatabaseModule savingModule()
 {
-    return {u"saving"_s, {createRows}};
+    const auto create = [](Database &database) {
+        return database.Run(u"CREATE TABLE ROWS_OF_GENERATION (ID BIGINT PRIMARY KEY, "
+                            "GENERATION BIGINT NOT NULL, FILLING TEXT NOT NULL)"_s);
+    };
+    return {u"saving"_s, {create}};
 }
 
 DatabaseModule steppingModule()
@@ -114,21 +112,18 @@ QString stateOf(Database &database)
 /// Whether the form that is told and the table that is there agree.
 QString stepsOf(Database &database)
 {
-    qint64 form = 0;
-    qint64 rows = 0;
-    const auto take = [](qint64 &into) {
-        return [&into](const DatabaseRow &row) {
-            into = row.Value(0).toLongLong();
-            return true;
-        };
+    qint64 number = 0;
+    const auto take = [&number](const DatabaseRow &row) {
+        number = row.Value(0).toLongLong();
+        return true;
     };
-    if (!database.Select(u"SELECT FORM FROM KELO_MODULES WHERE NAME = ?"_s, {u"stepping"_s},
-                         take(form)))
+    const QString query = u"SELECT FORM FROM KELO_MODULES WHERE NAME = ?"_s;
+    if (!database.Select(query, {u"stepping"_s}, take) || number == 0)
         return u"steps 0"_s; // killed before the first
-    if (form > 0 &&
-        !database.Select(u"SELECT COUNT(*) FROM STEP_%1"_s.arg(form - 1), {}, take(rows)))
+    const qint64 form = number;
+    if (!database.Select(u"SELECT COUNT(*) FROM STEP_%1"_s.arg(form - 1), {}, take))
         return u"no table of form %1"_s.arg(form);
-    return form == 0 || rows == 40 ? u"steps %1"_s.arg(form) : u"%1 rows"_s.arg(rows);
+    return number == 40 ? u"steps %1"_s.arg(form) : u"%1 rows"_s.arg(number);
 }
 
 /// All of one moment: the server may still be at work for the one that was killed.
@@ -166,14 +161,6 @@ QString sumOf(Database &database)
     return u"sum %1 of %2"_s.arg(QLatin1StringView(sum)).arg(rows ? rows->size() : 0);
 }
 
-/// Files may not grow beyond what even generations need: a full disk.
-void limitFiles()
-{
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit{200'000, 200'000};
-    setrlimit(RLIMIT_FSIZE, &limit);
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -190,34 +177,32 @@ int main(int argc, char **argv)
         place.name = arguments.value(3);
     }
     const int number = arguments.value(4).toInt();
+    std::optional<ResourceLimit> fullDisk; // no room for more than even generations need
     if (task == "limited"_L1)
-        limitFiles();
+        fullDisk.emplace(RLIMIT_FSIZE, 200'000);
     if (task == "add"_L1 || task == "ask"_L1)
         place.lockWait = 30'000;
     database = std::make_unique<Database>(place);
-    if (!database->Open()) {
-        tell(database->LastError());
-        return 1;
-    }
+    const auto tellDone = [](bool isDone) {
+        tell(isDone ? u"done"_s : database->LastError());
+        return isDone ? 0 : 1;
+    };
+    if (!database->Open())
+        return tellDone(false);
     if (task == "save"_L1 || task == "limited"_L1)
         saveForever(*database, number);
     if (task == "steps"_L1)
-        tell(database->Prepare(steppingModule()) ? u"done"_s : database->LastError());
-    else if (task == "open"_L1)
-        tell(database->Prepare(steppingModule()) && database->Prepare(savingModule())
-                 ? u"open"_s
-                 : database->LastError());
-    else if (task == "state"_L1)
+        return tellDone(database->Prepare(steppingModule()));
+    if (task == "open"_L1)
+        return tellDone(database->Prepare(steppingModule()) && database->Prepare(savingModule()));
+    if (task == "add"_L1)
+        return tellDone(addTogether(*database, number, arguments.value(5).toInt()));
+    if (task == "state"_L1)
         tell(wholeState(*database));
-    else if (task == "add"_L1)
-        tell(addTogether(*database, number, arguments.value(5).toInt()) ? u"done"_s
-                                                                        : database->LastError());
     else if (task == "sum"_L1)
         tell(sumOf(*database));
     else if (task == "ask"_L1) // makes a database in the server
-        return database->Run(u"DROP SCHEMA public CASCADE"_s) &&
-                       database->Run(u"CREATE SCHEMA public"_s)
-                   ? 0
-                   : 1;
+        return tellDone(database->Run(u"DROP SCHEMA public CASCADE"_s) &&
+                        database->Run(u"CREATE SCHEMA public"_s));
     return 0;
 }

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Names of files survive being read and written; a file is replaced as a whole or not at all.
+#include "tests/support/FileBytes.h"
+
 #include <kelo_base/core/FileName.h>
 #include <kelo_base/core/ReplacedFile.h>
 
 #include <QtTest>
-#include <csignal>
-#include <fcntl.h>
+#include <fstream>
 #include <set>
 #include <string>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -32,18 +32,13 @@ struct Folder
     }
     QByteArray text(const QByteArray &name) const
     {
-        QFile file;
-        const int descriptor = open(SystemPath(path(name)).c_str(), O_RDONLY);
-        return file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)
-                   ? file.readAll()
-                   : "no file"_ba;
+        std::ifstream file(SystemPath(path(name)), std::ios::binary);
+        const std::string text(std::istreambuf_iterator<char>(file), {});
+        return file ? QByteArray::fromStdString(text) : "no file"_ba;
     }
-    mode_t mode(const QByteArray &name) const
+    int mode(const QByteArray &name) const
     {
-        struct stat status
-        {
-        };
-        return stat(SystemPath(path(name)).c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
+        return static_cast<int>(std::filesystem::status(SystemPath(path(name))).permissions());
     }
     std::set<std::string> names() const
     {
@@ -75,162 +70,139 @@ class TestFiles : public QObject
     Q_OBJECT
 
 private slots:
-    void namesKeepTheirBytes_data();
-    void namesKeepTheirBytes();
-    void knowsAFileByAllItsNames();
-    void takesEveryLegalName_data();
-    void takesEveryLegalName();
-    void keepsLinksAndPermissions();
-    void refusesWhatIsNoPlaceForAFile_data();
-    void refusesWhatIsNoPlaceForAFile();
-    void leavesNothingOfAnUnfinishedFile();
-    void tellsOfALastPartWithoutRoom();
-    void writesToDevicesDirectly();
-};
-
-void TestFiles::namesKeepTheirBytes_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("readable");
-    QTest::newRow("plain") << "a b.dxf"_ba << u"a b.dxf"_s;
-    QTest::newRow("UTF-8, of each length") << "\u00FC\u20AC\U0001F5FA"_ba << u"ü€🗺"_s;
-    QTest::newRow("Latin-1") << "M\xFCnchen/Stra\xDF"
-                                "e"_ba
-                             << u"M\uFFFDnchen/Stra\uFFFDe"_s;
-    QTest::newRow("cut short") << "a\xE2\x82"_ba << u"a\uFFFD\uFFFD"_s;
-    QTest::newRow("a surrogate in UTF-8") << "\xED\xB3\xBC"_ba << u"\uFFFD\uFFFD\uFFFD"_s;
-    QTest::newRow("none") << ""_ba << u""_s;
-}
-
-void TestFiles::namesKeepTheirBytes()
-{
-    QFETCH(const QByteArray, bytes);
-    QFETCH(const QString, readable);
-    const QString name = FileNameFromBytes(bytes);
-    QCOMPARE(QByteArray::fromStdString(SystemPath(name).string()), bytes);
-    QCOMPARE(ReadableFileName(name), readable);
-    QCOMPARE(HasForeignBytes(name), readable.contains(QChar::ReplacementCharacter));
-}
-
-void TestFiles::knowsAFileByAllItsNames()
-{
-    const Folder folder;
-    folder.put("a", "");
-    folder.put("other", "");
-    QVERIFY(QFile::link(u"a"_s, folder.path("link")));
-    QVERIFY(QFile::link(folder.path("link"), folder.path("chain")));
-    QVERIFY(QFile::link(u"none"_s, folder.path("dangling")));
-    QVERIFY(AreSameFile(folder.path("a"), folder.path("./chain")));
-    QVERIFY(!AreSameFile(folder.path("a"), folder.path("other")));
-    QVERIFY(!AreSameFile(folder.path("none"), folder.path("none")));
-    QVERIFY(AreSameFile(FollowLinks(folder.path("chain")), folder.path("a")));
-    QCOMPARE(FollowLinks(folder.path("dangling")), folder.path("none"));
-    QCOMPARE(FollowLinks(u"a/b"_s), u"a/b"_s);
-}
-
-void TestFiles::takesEveryLegalName_data()
-{
-    QTest::addColumn<QByteArray>("name");
-    QTest::newRow("short") << "a"_ba;
-    QTest::newRow("as long as names can be") << QByteArray(255, 'x');
-    QTest::newRow("no UTF-8") << "\xFC.txt"_ba;
-}
-
-void TestFiles::takesEveryLegalName()
-{
-    QFETCH(const QByteArray, name);
-    const Folder folder;
-    QCOMPARE(replace(folder.path(name), "one").kind, Kind::None);
-    QCOMPARE(replace(folder.path(name), "two").kind, Kind::None);
-    QCOMPARE(folder.text(name), "two"_ba);
-    QCOMPARE(folder.names(), std::set{name.toStdString()});
-}
-
-void TestFiles::keepsLinksAndPermissions()
-{
-    const Folder folder;
-    folder.put("private", "older, and longer", 0600);
-    QVERIFY(QFile::link(u"private"_s, folder.path("link")));
-    QVERIFY(QFile::link(u"later"_s, folder.path("dangling")));
-    const mode_t before = umask(027);
-    QCOMPARE(replace(folder.path("link"), "new").kind, Kind::None);
-    QCOMPARE(replace(folder.path("dangling"), "new").kind, Kind::None);
-    umask(before);
-    QVERIFY(QFileInfo(folder.path("link")).isSymLink());
-    QCOMPARE(folder.text("private"), "new"_ba);
-    QCOMPARE(folder.mode("private"), mode_t{0600});
-    QCOMPARE(folder.text("later"), "new"_ba);
-    QCOMPARE(folder.mode("later"), mode_t{0640});
-}
-
-void TestFiles::refusesWhatIsNoPlaceForAFile_data()
-{
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<Kind>("kind");
-    QTest::newRow("a folder") << "folder"_ba << Kind::IsFolder;
-    QTest::newRow("a file that nobody may write to") << "protected"_ba << Kind::IsWriteProtected;
-    QTest::newRow("a folder that is not there") << "none/a"_ba << Kind::System;
-    QTest::newRow("a name that is too long") << QByteArray(256, 'x') << Kind::System;
-    QTest::newRow("links in a circle") << "circle"_ba << Kind::System;
-    QTest::newRow("a file as a folder") << "protected/a"_ba << Kind::System;
-}
-
-void TestFiles::refusesWhatIsNoPlaceForAFile()
-{
-    QFETCH(const QByteArray, name);
-    QFETCH(const Kind, kind);
-    const Folder folder;
-    folder.put("protected", "older", 0444);
-    QVERIFY(QDir().mkdir(folder.path("folder")));
-    QVERIFY(QFile::link(u"elcric"_s, folder.path("circle")));
-    QVERIFY(QFile::link(u"circle"_s, folder.path("elcric")));
-    const std::set<std::string> names = folder.names();
-    const FileFault fault = replace(folder.path(name), "new");
-    QCOMPARE(fault.kind, kind);
-    QCOMPARE(fault.reason.isEmpty(), kind != Kind::System);
-    QCOMPARE(folder.text("protected"), "older"_ba);
-    QCOMPARE(folder.names(), names);
-}
-
-void TestFiles::leavesNothingOfAnUnfinishedFile()
-{
-    const Folder folder;
-    folder.put("a", "older");
-    for (const char *name : {"a", "new"}) {
-        ReplacedFile file(folder.path(name));
-        QVERIFY(file.Open());
-        QCOMPARE(file.HasOlder(), name == "a"_ba);
-        QCOMPARE(file.Device().write("half"), 4);
+    void namesKeepTheirBytes_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("readable");
+        QTest::newRow("plain") << "a b.dxf"_ba << u"a b.dxf"_s;
+        QTest::newRow("UTF-8, of each length") << "\u00FC\u20AC\U0001F5FA"_ba << u"ü€🗺"_s;
+        QTest::newRow("Latin-1") << "M\xFCnchen/S\xFC\xDF"_ba << u"M\uFFFDnchen/S\uFFFD\uFFFD"_s;
+        QTest::newRow("cut short") << "a\xE2\x82"_ba << u"a\uFFFD\uFFFD"_s;
+        QTest::newRow("a surrogate in UTF-8") << "\xED\xB3\xBC"_ba << u"\uFFFD\uFFFD\uFFFD"_s;
+        QTest::newRow("none") << ""_ba << u""_s;
     }
-    QCOMPARE(folder.text("a"), "older"_ba);
-    QCOMPARE(folder.names(), std::set<std::string>{"a"});
-}
 
-void TestFiles::tellsOfALastPartWithoutRoom()
-{
-    const Folder folder;
-    folder.put("a", "older");
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit before{};
-    getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit small{.rlim_cur = 1000, .rlim_max = before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    const FileFault fault = replace(folder.path("a"), QByteArray(1500, 'x'));
-    setrlimit(RLIMIT_FSIZE, &before);
-    QCOMPARE(fault.kind, Kind::System);
-    QCOMPARE(fault.reason, u"File too large"_s);
-    QCOMPARE(folder.text("a"), "older"_ba);
-    QCOMPARE(folder.names(), std::set<std::string>{"a"});
-}
+    void namesKeepTheirBytes()
+    {
+        QFETCH(const QByteArray, bytes);
+        QFETCH(const QString, readable);
+        const QString name = FileNameFromBytes(bytes);
+        QCOMPARE(QByteArray::fromStdString(SystemPath(name).string()), bytes);
+        QCOMPARE(ReadableFileName(name), readable);
+        QCOMPARE(HasForeignBytes(name), readable.contains(QChar::ReplacementCharacter));
+    }
 
-void TestFiles::writesToDevicesDirectly()
-{
-    QCOMPARE(replace(u"/dev/null"_s, "x").kind, Kind::None);
-    QCOMPARE(QFileInfo(u"/dev/null"_s).isFile(), false);
-    const FileFault fault = replace(u"/dev/full"_s, "x");
-    QCOMPARE(fault.kind, Kind::System);
-    QCOMPARE(fault.reason, u"No space left on device"_s);
-}
+    void knowsAFileByAllItsNames()
+    {
+        const Folder folder;
+        folder.put("a", "");
+        folder.put("other", "");
+        QVERIFY(QFile::link(u"a"_s, folder.path("link")));
+        QVERIFY(QFile::link(folder.path("link"), folder.path("chain")));
+        QVERIFY(QFile::link(u"none"_s, folder.path("dangling")));
+        QVERIFY(AreSameFile(folder.path("a"), folder.path("./chain")));
+        QVERIFY(!AreSameFile(folder.path("a"), folder.path("other")));
+        QVERIFY(!AreSameFile(folder.path("none"), folder.path("none")));
+        QVERIFY(AreSameFile(FollowLinks(folder.path("chain")), folder.path("a")));
+        QCOMPARE(FollowLinks(folder.path("dangling")), folder.path("none"));
+        QCOMPARE(FollowLinks(u"a/b"_s), u"a/b"_s);
+    }
+
+    void takesEveryLegalName()
+    {
+        for (const QByteArray &name : {"a"_ba, QByteArray(255, 'x'), "\xFC.txt"_ba}) {
+            const Folder folder;
+            for (const QByteArray &text : {"one"_ba, "two"_ba})
+                QCOMPARE(replace(folder.path(name), text).kind, Kind::None);
+            QCOMPARE(folder.text(name), "two"_ba);
+            QCOMPARE(folder.names(), std::set{name.toStdString()});
+        }
+    }
+
+    void keepsLinksAndPermissions()
+    {
+        const Folder folder;
+        folder.put("private", "older, and longer", 0600);
+        QVERIFY(QFile::link(u"private"_s, folder.path("link")));
+        QVERIFY(QFile::link(u"later"_s, folder.path("dangling")));
+        const mode_t before = umask(027);
+        QCOMPARE(replace(folder.path("link"), "new").kind, Kind::None);
+        QCOMPARE(replace(folder.path("dangling"), "new").kind, Kind::None);
+        umask(before);
+        QVERIFY(QFileInfo(folder.path("link")).isSymLink());
+        QCOMPARE(folder.text("private"), "new"_ba);
+        QCOMPARE(folder.mode("private"), 0600);
+        QCOMPARE(folder.text("later"), "new"_ba);
+        QCOMPARE(folder.mode("later"), 0640);
+    }
+
+    void refusesWhatIsNoPlaceForAFile_data()
+    {
+        QTest::addColumn<QByteArray>("name");
+        QTest::addColumn<Kind>("kind");
+        QTest::newRow("a folder") << "folder"_ba << Kind::IsFolder;
+        QTest::newRow("a file that nobody may write to")
+            << "protected"_ba << Kind::IsWriteProtected;
+        QTest::newRow("a folder that is not there") << "none/a"_ba << Kind::System;
+        QTest::newRow("a name that is too long") << QByteArray(256, 'x') << Kind::System;
+        QTest::newRow("links in a circle") << "circle"_ba << Kind::System;
+        QTest::newRow("a file as a folder") << "protected/a"_ba << Kind::System;
+    }
+
+    void refusesWhatIsNoPlaceForAFile()
+    {
+        QFETCH(const QByteArray, name);
+        QFETCH(const Kind, kind);
+        const Folder folder;
+        folder.put("protected", "older", 0444);
+        QVERIFY(QDir().mkdir(folder.path("folder")));
+        QVERIFY(QFile::link(u"elcric"_s, folder.path("circle")));
+        QVERIFY(QFile::link(u"circle"_s, folder.path("elcric")));
+        const std::set<std::string> names = folder.names();
+        const FileFault fault = replace(folder.path(name), "new");
+        QCOMPARE(fault.kind, kind);
+        QCOMPARE(fault.reason.isEmpty(), kind != Kind::System);
+        QCOMPARE(folder.text("protected"), "older"_ba);
+        QCOMPARE(folder.names(), names);
+    }
+
+    void leavesNothingOfAnUnfinishedFile()
+    {
+        const Folder folder;
+        folder.put("a", "older");
+        for (const char *name : {"a", "new"}) {
+            ReplacedFile file(folder.path(name));
+            QVERIFY(file.Open());
+            QCOMPARE(file.HasOlder(), name == "a"_ba);
+            QCOMPARE(file.Device().write("half"), 4);
+        }
+        QCOMPARE(folder.text("a"), "older"_ba);
+        QCOMPARE(folder.names(), std::set<std::string>{"a"});
+    }
+
+    void tellsOfALastPartWithoutRoom()
+    {
+        const Folder folder;
+        folder.put("a", "older");
+        const FileFault fault = [&] {
+            const ResourceLimit fullDisk(RLIMIT_FSIZE, 1000);
+            return replace(folder.path("a"), QByteArray(1500, 'x'));
+        }();
+        QCOMPARE(fault.kind, Kind::System);
+        QCOMPARE(fault.reason, u"File too large"_s);
+        QCOMPARE(folder.text("a"), "older"_ba);
+        QCOMPARE(folder.names(), std::set<std::string>{"a"});
+    }
+
+    void writesToDevicesDirectly()
+    {
+        QCOMPARE(replace(u"/dev/null"_s, "x").kind, Kind::None);
+        QCOMPARE(QFileInfo(u"/dev/null"_s).isFile(), false);
+        const FileFault fault = replace(u"/dev/full"_s, "x");
+        QCOMPARE(fault.kind, Kind::System);
+        QCOMPARE(fault.reason, u"No space left on device"_s);
+    }
+};
 
 QTEST_APPLESS_MAIN(TestFiles)
 #include "tst_files.moc"

@@ -1,59 +1,27 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Data scopes: paths, files and their text, signals.
 #include "core/initext_p.h"
+#include "tests/support/FileBytes.h"
 #include "tests/support/MessageLog.h"
 #include "tests/support/TemporaryHome.h"
 
 #include <kelo_base/core/UserDataManager.h>
 
 #include <QLockFile>
-#include <csignal>
+#include <filesystem>
 #include <optional>
 #include <stdexcept>
-#include <sys/resource.h>
 
 using namespace Qt::Literals::StringLiterals;
 using Tz::ObjectId;
 
 namespace {
 
-QByteArray bytesOf(const QString &fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeBytes(const QString &fileName, const QByteArray &bytes)
-{
-    QFile file(fileName);
-    QVERIFY(QDir().mkpath(QFileInfo(fileName).path()));
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-}
-
 QStringList copiesOf(const QString &fileName)
 {
     const QFileInfo file(fileName);
     return file.dir().entryList({file.fileName() + u".broken*"_s});
 }
-
-/// Limits what the process may have while it lives.
-class Limit
-{
-public:
-    Limit(__rlimit_resource resource, rlim_t limit) : m_resource(resource)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(resource, &m_old);
-        const rlimit limited{limit, m_old.rlim_max};
-        setrlimit(resource, &limited);
-    }
-    ~Limit() { setrlimit(m_resource, &m_old); }
-    Q_DISABLE_COPY_MOVE(Limit)
-
-private:
-    __rlimit_resource m_resource;
-    rlimit m_old{};
-};
 
 /// @param ours  answers for keys that the toolkit has, but does not hand out (with "//" in them)
 QSettings::SettingsMap readByToolkit(const QString &fileName, const QByteArray &text,
@@ -104,48 +72,16 @@ private slots:
     /// Texts of all that has a meaning, mixed at random, and the same as values.
     void readsAndWritesAsTheToolkitDoes()
     {
-        static const QByteArrayView parts[] = {"=",
-                                               "\n",
-                                               "\r\n",
-                                               "\"",
-                                               "\\",
-                                               ",",
-                                               ";",
-                                               " ",
-                                               "[",
-                                               "]\n",
-                                               "%",
-                                               "U",
-                                               "00E4",
-                                               "41",
-                                               "x1",
-                                               "@",
-                                               "@@",
-                                               "@Size(",
-                                               "1 ",
-                                               ")",
-                                               "\\x8",
-                                               "\\0",
-                                               "\\n",
-                                               "@Point(",
-                                               "a",
-                                               "B",
-                                               "k=",
-                                               "\t",
-                                               "\\t",
-                                               "\xC3\xA4",
-                                               "[%gEneral]\n",
-                                               "[General]\n",
-                                               "@String(",
-                                               "@Variant(",
-                                               "\xF0\x9F\x98\x80",
-                                               "general",
-                                               "\n[G"};
+        const QByteArrayList parts =
+            QByteArray("=|\n|\r\n|\"|\\|,|;| |[|]\n|%|U|00E4|41|x1|@|@@|@Size(|1 |)|\\x8|\\0|\\n|"
+                       "@Point(|a|B|k=|\t|\\t|\xC3\xA4|[%gEneral]\n|[General]\n|@String(|@Variant(|"
+                       "\xF0\x9F\x98\x80|general|\n[G")
+                .split('|');
         QRandomGenerator random(13);
         for (int round = 0; round < 3000; ++round) {
             QByteArray text;
             for (quint32 length = random.bounded(40U); length > 0; --length)
-                text += parts[random.bounded(quint32(std::size(parts)))];
+                text += parts[random.bounded(int(parts.size()))];
             // The toolkit remembers files: another of equal name, size and time would not be read.
             const QString name = m_home->filePath(u"%1-%2.ini"_s.arg(round));
             const QSettings::SettingsMap ours = initext::parse(text).values;
@@ -164,9 +100,7 @@ private slots:
             {u"G/size"_s, QSize(3, -4)},
             {u"G/bytes"_s, QByteArray("\0\xFF(,\")", 6)},
             {u"G/list"_s, QStringList({u" a"_s, u"@b"_s, u"c;d"_s})},
-            {u"G/lists"_s, QVariantList({QRect(1, -2, 3, 4), QVariant(),
-                                         u"\x01"
-                                         u"f\0"_s})},
+            {u"G/lists"_s, QVariantList({QRect(1, -2, 3, 4), QVariant(), u"\1f\0"_s})},
             {u"G/none"_s, QVariantList()},
             {u"G/one"_s, QVariantList({1.5})},
             {u"G/time"_s, QDateTime(QDate(2026, 1, 2), QTime(3, 4), Qt::UTC)},
@@ -194,10 +128,7 @@ private slots:
         const QSettings::SettingsMap odd{{u"k"_s, QString(QChar(0xD83D)) + u"d\uFEFF"_s},
                                          {u"l"_s, u"\uFEFF"_s + QChar(0xDE00)}};
         QCOMPARE(initext::parse(initext::textOf(odd)).values, odd);
-        QCOMPARE(initext::parse("k=\xEF\xBB\xBF"
-                                "a\\t\xEF\xBB\xBF")
-                     .values[u"k"_s],
-                 u"\uFEFFa\t\uFEFF"_s);
+        QCOMPARE(initext::parse("k=\uFEFFa\\t\uFEFF").values[u"k"_s], u"\uFEFFa\t\uFEFF"_s);
     }
 
     void composesPaths()
@@ -344,19 +275,16 @@ private slots:
         const MessageLog log;
         QSettings &settings = UserDataManager().GetSettingsConfigFile(DataScopeUser, true);
         {
-            const Limit fullDisk(RLIMIT_FSIZE, 100); // room for the copy, but not for the file
-            for (int i = 0; i < 50; ++i) {
-                settings.setValue("G/l"_L1, u"x"_s.repeated(200));
-                UserDataManager().SaveUserConfigFiles();
-            }
+            const ResourceLimit fullDisk(RLIMIT_FSIZE, 100); // only the copy has room
+            for (int i = 0; i < 50; ++i)
+                save(settings, "G/l", u"x"_s.repeated(200));
             QCOMPARE(copiesOf(target), QStringList());
         }
         settings.setValue("G/l"_L1, 2);
         QCoreApplication::processEvents(); // the event loop writes as well
         QVERIFY(QFileInfo(m_file).isSymLink());
         QCOMPARE(bytesOf(target), "[G]\nk=1\nl=2\n"_ba);
-        settings.setValue("G/l"_L1, 3);
-        UserDataManager().SaveUserConfigFiles();
+        save(settings, "G/l", 3);
         QCOMPARE(log.lines().size(), 1);
         const QRegularExpression named(
             u"^ConfigFile::save .*\"([^\"]*\\.ini\\.broken-\\d{8}-\\d{6})\"$"_s);
@@ -387,23 +315,19 @@ private slots:
 
         writeBytes(m_file, stored += "z=1\n"); // others have written
         {
-            const Limit noFile(RLIMIT_NOFILE, 0);
+            const ResourceLimit noFile(RLIMIT_NOFILE, 0);
             UserDataManager().SaveUserConfigFiles();
         }
         QSettings &settings = UserDataManager().GetSettingsConfigFile(DataScopeUser, true);
-        settings.setValue("G/a"_L1, 2);
-        UserDataManager().SaveUserConfigFiles();
+        save(settings, "G/a", 2);
         QCOMPARE(bytesOf(m_file), stored.replace("a=1", "a=2"));
         QCOMPARE(settings.value("G/z"_L1), u"1"_s);
 
-        const QDateTime time = QFileInfo(m_file).lastModified();
+        const auto path = m_file.toStdString();
+        const auto time = std::filesystem::last_write_time(path);
         writeBytes(m_file, stored.replace("z=1", "y=5")); // of equal size and time
-        QFile file(m_file);
-        QVERIFY(file.open(QIODevice::Append) &&
-                file.setFileTime(time, QFileDevice::FileModificationTime));
-        file.close();
-        settings.setValue("G/a"_L1, 3);
-        UserDataManager().SaveUserConfigFiles();
+        std::filesystem::last_write_time(path, time);
+        save(settings, "G/a", 3);
         QCOMPARE(bytesOf(m_file), stored.replace("a=2", "a=3"));
     }
 
@@ -411,8 +335,7 @@ private slots:
     {
         writeBytes(m_file + u".lock"_s, ""); // of one that died while it took the lock
         QSettings &settings = UserDataManager().GetSettingsConfigFile(DataScopeUser, true);
-        settings.setValue("k"_L1, 1);
-        UserDataManager().SaveUserConfigFiles();
+        save(settings, "k", 1);
         QCOMPARE(bytesOf(m_file), "[General]\nk=1\n"_ba);
 
         QLockFile lock(m_file + u".lock"_s);
@@ -434,26 +357,29 @@ private slots:
         const QString folder = m_base + u"/config"_s;
         writeBytes(folder, "a file where the folder should be");
         QSettings &settings = UserDataManager().GetSettingsConfigFile(DataScopeUser, true);
-        settings.setValue("k"_L1, 99);
-        UserDataManager().SaveUserConfigFiles();
+        save(settings, "k", 99);
         QVERIFY(settings.value("k"_L1) == 99 && QFile::remove(folder));
         UserDataManager().SaveUserConfigFiles();
         QCOMPARE(bytesOf(m_file), "[General]\nk=99\n"_ba);
         // Equal size and equal time must not hide that another process has saved.
         QDateTime last = QDateTime::fromSecsSinceEpoch(0);
         for (int i = 10; i < 60; ++i) {
-            settings.setValue("k"_L1, i);
-            UserDataManager().SaveUserConfigFiles();
+            save(settings, "k", i);
             const QDateTime saved = QFileInfo(m_file).lastModified();
             QVERIFY(saved > std::exchange(last, saved));
         }
         writeBytes(m_file, "[General]\nforeign=x\nk=1\n");
-        settings.setValue("k"_L1, 2);
-        UserDataManager().SaveUserConfigFiles();
+        save(settings, "k", 2);
         QCOMPARE(bytesOf(m_file), "[General]\nforeign=x\nk=2\n"_ba);
     }
 
 private:
+    static void save(QSettings &settings, const char *key, const QVariant &value)
+    {
+        settings.setValue(QLatin1StringView(key), value);
+        UserDataManager().SaveUserConfigFiles();
+    }
+
     std::optional<TemporaryHome> m_home;
     QString m_base, m_file;
 };

@@ -24,19 +24,23 @@ public:
     {
         if (!m_file.open(QIODevice::ReadWrite | QIODevice::Unbuffered))
             qFatal("no journal");
-        for (QByteArrayList lines = m_file.readAll().split('\n'); lines.size() > 1;)
-            m_lines << lines.takeFirst();
+        const QByteArrayList lines = m_file.readAll().split('\n');
+        m_last = lines.value(lines.size() - 2); // before what was not finished
     }
     void add(const QByteArray &line)
     {
         m_file.write(line + '\n');
-        m_lines << line;
+        m_last = line;
     }
-    [[nodiscard]] const QByteArrayList &lines() const { return m_lines; }
+    /// A number of the last line, 0 when there is none.
+    [[nodiscard]] quint64 last(int word) const
+    {
+        return m_last.split(' ').value(word).toULongLong();
+    }
 
 private:
     QFile m_file;
-    QByteArrayList m_lines;
+    QByteArray m_last;
 };
 
 /// Writes the effect of a command and its number in one step.
@@ -51,8 +55,7 @@ public:
     }
     std::optional<quint64> GetLastNumber(const QString &) const override
     {
-        const QByteArrayList &lines = m_journal.lines();
-        return lines.isEmpty() ? 0 : lines.last().split(' ')[0].toULongLong();
+        return m_journal.last(0);
     }
 
 private:
@@ -65,7 +68,7 @@ private:
 class Sender
 {
 public:
-    Sender(const QString &journal, int count) : m_journal(journal), m_count(count) {}
+    Sender(const QString &journal, quint64 count) : m_journal(journal), m_count(count) {}
     void hear(KeloDelivery delivery)
     {
         m_isAccepted = delivery == KeloDelivery::Accepted;
@@ -74,12 +77,8 @@ public:
     void sendNext()
     {
         KeloIPCFacadeI &facade = KeloIPCFacadeI::Instance();
-        int place = 1;
-        quint64 number = 0;
-        if (!m_journal.lines().isEmpty()) {
-            place = m_journal.lines().last().split(' ')[0].toInt();
-            number = m_journal.lines().last().split(' ')[1].toULongLong();
-        }
+        quint64 place = std::max<quint64>(m_journal.last(0), 1);
+        const quint64 number = m_journal.last(1);
         const auto done = facade.ContinueAs(u"viewer"_s, number == 0 ? 0 : number - 1);
         if (!done) // the directory is away
             return QTimer::singleShot(5ms, &facade, [this] { sendNext(); });
@@ -97,7 +96,7 @@ public:
 
 private:
     Journal m_journal;
-    int m_count;
+    quint64 m_count;
     bool m_isAccepted = false; ///< the last one, as this life was told
 };
 
@@ -108,7 +107,7 @@ int main(int argc, char **argv)
     const QCoreApplication app(argc, argv);
     const QStringList words = QCoreApplication::arguments();
     Receiver receiver(words.at(2));
-    Sender sender(words.at(3), words.at(4).toInt());
+    Sender sender(words.at(3), words.at(4).toULongLong());
     KeloIPCFacadeI &facade = KeloIPCFacadeI::Instance();
     facade.SetTimes({.poll = 1ms, .partner = 20ms, .answer = 100ms});
     if (!facade.Activate(words.at(1), receiver))

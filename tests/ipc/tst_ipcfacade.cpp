@@ -31,18 +31,24 @@ public:
             then();
         return isAccepting;
     }
-    QList<int> received;
-    QString lastOrigin;
-    bool isAccepting = true;
     std::optional<quint64> GetLastNumber(const QString &) const override
     {
         if (whenAsked)
             whenAsked();
         return std::nullopt;
     }
+    QList<int> received;
+    QString lastOrigin;
+    bool isAccepting = true;
     std::function<void()> then;
     std::function<void()> whenAsked;
 };
+
+const QString kIn = u"kelo-in.txt"_s;
+const QString kInAnswers = u"kelo-in-answers.txt"_s;
+const QString kOut = u"kelo-out.txt"_s;
+const QString kOutAnswers = u"kelo-out-answers.txt"_s;
+const QString kLock = u"kelo-viewer.lock"_s;
 
 QByteArray integerCommand(int id)
 {
@@ -55,11 +61,53 @@ QByteArray numbered(int number)
            "\n[End]\n";
 }
 
+#ifdef KELO_PARTNER_SIM
+/// The status with which the simulator ends.
+int runSimulator(const QString &directory, const QStringList &arguments)
+{
+    const QStringList place{directory, u"--poll"_s, u"5"_s};
+    QProcess partner;
+    partner.start(QStringLiteral(KELO_PARTNER_SIM), place + arguments);
+    const auto isDone = [&partner] { return partner.state() == QProcess::NotRunning; };
+    return QTest::qWaitFor(isDone, 30'000) ? partner.exitCode() : -1;
+}
+#endif
+
 } // namespace
 
 class TestIPCFacade : public QObject
 {
     Q_OBJECT
+
+private:
+    void activate() { QVERIFY(facade().Activate(m_dir->path(), m_handler)); }
+    static KeloIPCFacadeI &facade() { return KeloIPCFacadeI::Instance(); }
+    QString path(const QString &name) const { return m_dir->filePath(name); }
+    bool has(const QString &name) const { return QFile::exists(path(name)); }
+    void put(const QString &name, const QByteArray &bytes, std::chrono::seconds age = 0s) const
+    {
+        QVERIFY(channel::writeFile(path(name), bytes));
+        const std::filesystem::path file = path(name).toStdString();
+        std::filesystem::last_write_time(file, std::filesystem::last_write_time(file) - age);
+    }
+    /// Acts while the directory is not there.
+    void whileAway(const std::function<void()> &act) const
+    {
+        QVERIFY(channel::renameFile(m_dir->path(), m_dir->path() + u".away"_s));
+        act();
+        QVERIFY(channel::renameFile(m_dir->path() + u".away"_s, m_dir->path()));
+    }
+    static quint64 send() { return facade().Send(MoveToObjectCommand()); }
+    void receive(const QByteArray &bytes) const { put(kIn, bytes); }
+    QByteArray content(const QString &name) const
+    {
+        return channel::readFile(path(name), 1 << 20).value_or("none");
+    }
+    QByteArray answers() const { return content(kInAnswers); }
+
+    std::unique_ptr<QTemporaryDir> m_dir;
+    Recorder m_handler;
+    Outcomes m_outcomes;
 
 private slots:
     void init()
@@ -69,9 +117,7 @@ private slots:
         m_outcomes.clear();
         facade().SetTimes({.poll = 2ms, .settle = 4ms, .partner = 5ms});
         connect(&facade(), &KeloIPCFacadeI::CommandAnswered, this,
-                [this](quint64 n, KeloDelivery what) {
-                    m_outcomes.append({n, what});
-                });
+                [this](quint64 n, KeloDelivery what) { m_outcomes << std::pair(n, what); });
     }
 
     void cleanup() { KeloIPCFacadeI::Destroy(); }
@@ -80,9 +126,9 @@ private slots:
     {
         activate();
         receive(integerCommand(5));
-        QTRY_COMPARE(m_handler.received, QList<int>({5}));
+        QTRY_COMPARE(m_handler.received, QList({5}));
         QCOMPARE(m_handler.lastOrigin, u"/0"_s);
-        QVERIFY(!has(u"kelo-in.txt"_s) && !has(u"kelo-in-answers.txt"_s)); // nobody would read it
+        QVERIFY(!has(kIn) && !has(kInAnswers)); // nobody would read it
         receive(numbered(1));
         QTRY_COMPARE(answers(), "[p]\n1=accepted\n");
         QCOMPARE(m_handler.lastOrigin, u"p/1"_s);
@@ -96,41 +142,40 @@ private slots:
     /// The viewer died over number 4, and before that with number 5 claimed.
     void deliversNothingTwice()
     {
-        put(u"kelo-in-answers.txt"_s, "[p]\n4=taken\n");
+        put(kInAnswers, "[p]\n4=taken\n");
         put(u"kelo-in.txt.claimed"_s, numbered(5));
         for (const int number : {4, 3, 6}) {
             activate();
             receive(numbered(number));
-            QTRY_VERIFY(!has(u"kelo-in.txt"_s) && !has(u"kelo-in.txt.claimed"_s));
+            QTRY_VERIFY(!has(kIn) && !has(u"kelo-in.txt.claimed"_s));
         }
         QTRY_COMPARE(answers(), "[p]\n4=taken\n5=accepted\n6=accepted\n");
-        QCOMPARE(m_handler.received, QList<int>({5, 6}));
+        QCOMPARE(m_handler.received, QList({5, 6}));
     }
 
     void setsFaultyFilesAside_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<std::chrono::seconds>("age");
-        const auto add = [](const char *line, const QByteArray &bytes,
-                            std::chrono::seconds age = 0s) { QTest::newRow(line) << bytes << age; };
-        add("is no whole command", QByteArray("\x01\xff\0junk", 7));
-        add("no whole", numbered(5).chopped(14));
-        add("more than 1 MiB", QByteArray((1 << 20) + 1, 'x'));
-        add("lay too long", numbered(1), 61s);
-        add("unknown command: Dance", "CommandType=NamedCommand\nCommandId=Dance\n[End]");
+        QTest::newRow("is no whole command") << QByteArray("\x01\xff\0junk", 7) << 0s;
+        QTest::newRow("no whole") << numbered(5).chopped(14) << 0s;
+        QTest::newRow("more than 1 MiB") << QByteArray((1 << 20) + 1, 'x') << 0s;
+        QTest::newRow("lay too long") << numbered(1) << 61s;
+        QTest::newRow("unknown command: Dance")
+            << "CommandType=NamedCommand\nCommandId=Dance\n[End]"_ba << 0s;
     }
 
     void setsFaultyFilesAside()
     {
         QFETCH(const QByteArray, bytes);
         QFETCH(const std::chrono::seconds, age);
-        put(u"kelo-in.txt"_s, bytes, age);
+        put(kIn, bytes, age);
         const MessageLog log;
         activate();
         QTRY_VERIFY(has(u"kelo-in.txt.rejected"_s));
         QCOMPARE(QFileInfo(path(u"kelo-in.txt.rejected"_s)).size(), bytes.size());
         receive(numbered(9));
-        QTRY_COMPARE(m_handler.received, QList<int>({9})); // and only this
+        QTRY_COMPARE(m_handler.received, QList({9})); // and only this
         QCOMPARE(log.lines().filter(QLatin1StringView(QTest::currentDataTag())), log.lines());
         QCOMPARE(log.lines().size(), 1);
     }
@@ -140,26 +185,25 @@ private slots:
         const MessageLog log;
         activate();
         for (const int times : {1, 2}) { // said once, not at each look, and again when it is back
-            QVERIFY(QDir(m_dir->path()).mkdir(u"kelo-in.txt"_s));
+            QVERIFY(QDir(m_dir->path()).mkdir(kIn));
             QTRY_COMPARE(log.lines().size(), times);
-            QVERIFY(QDir(m_dir->path()).rmdir(u"kelo-in.txt"_s));
+            QVERIFY(QDir(m_dir->path()).rmdir(kIn));
             receive(numbered(times));
             QTRY_COMPARE(m_handler.received.size(), times);
         }
-
-        QVERIFY(channel::renameFile(m_dir->path(), m_dir->path() + u".away"_s));
-        QTRY_VERIFY(log.lines().last().endsWith(u"is gone"_s));
-        QCOMPARE(facade().Send(MoveToObjectCommand()), 1U);
-        QVERIFY(channel::renameFile(m_dir->path() + u".away"_s, m_dir->path()));
-        QTRY_VERIFY(has(u"kelo-out.txt"_s));
+        whileAway([this, &log] {
+            QTRY_VERIFY(log.lines().last().endsWith(u"is gone"_s));
+            QCOMPARE(send(), 1U);
+        });
+        QTRY_VERIFY(has(kOut));
         receive(numbered(3));
-        QTRY_COMPARE(m_handler.received, QList<int>({1, 2, 3}));
+        QTRY_COMPARE(m_handler.received, QList({1, 2, 3}));
 
         const QString half(QChar(0xD800)); // of a surrogate pair
         const QString atNul = path(u"a"_s) + QChar::Null;
-        for (const QString &none : {QString(), path(u"kelo-out.txt"_s), path(half), atNul})
+        for (const QString &none : {QString(), path(kOut), path(half), atNul})
             QVERIFY(!facade().Activate(none, m_handler) && !facade().IsActive());
-        QCOMPARE(facade().Send(MoveToObjectCommand()), 0U);
+        QCOMPARE(send(), 0U);
         QVERIFY(!has(u"a"_s) && !has(u"?"_s));
     }
 
@@ -169,29 +213,26 @@ private slots:
         const QTemporaryDir outside;
         QVERIFY(channel::writeFile(outside.filePath(u"precious"_s), "mine"));
         QVERIFY(QFile::link(outside.filePath(u"precious"_s), path(u"kelo-out.txt.new"_s)));
-        for (const QString &name : {u"kelo-in-answers.txt.new"_s, u"kelo-out-answers.txt"_s})
+        for (const QString &name : {u"kelo-in-answers.txt.new"_s, kOutAnswers})
             QCOMPARE(mkfifo(qPrintable(path(name)), 0600), 0);
         activate();
         QVERIFY(!facade().ContinueAs(u"v"_s)); // a pipe holds no answers
         receive(numbered(1));
         QTRY_COMPARE(answers(), "[p]\n1=accepted\n");
-        facade().Send(MoveToObjectCommand());
-        QTRY_VERIFY(content(u"kelo-out.txt"_s).contains("MoveToObject"));
-        QFile precious(outside.filePath(u"precious"_s));
-        QVERIFY(precious.open(QIODevice::ReadOnly));
-        QCOMPARE(precious.readAll(), "mine");
+        send();
+        QTRY_VERIFY(content(kOut).contains("MoveToObject"));
+        QCOMPARE(*channel::readFile(outside.filePath(u"precious"_s), 9), "mine");
     }
 
     void tellsSendersWhatItCannotTake_data()
     {
         QTest::addColumn<QString>("obstacle");
         QTest::addColumn<QString>("line");
-        QTest::addColumn<QByteArray>("expected");
-        QTest::newRow("claimed") << u"kelo-in.txt.claimed/x"_s << u"Cannot claim "_s
-                                 << QByteArray("[p]\n1=refused\n");
+        QTest::addColumn<QByteArray>("told");
+        QTest::newRow("claimed") << u"kelo-in.txt.claimed/x"_s << u"claim"_s
+                                 << "[p]\n1=refused\n"_ba;
         // Not told, since nothing can be written; but not carried out either, and kept.
-        QTest::newRow("answers") << u"kelo-in-answers.txt/x"_s << u"Cannot read "_s
-                                 << QByteArray("none");
+        QTest::newRow("answers") << u"kelo-in-answers.txt/x"_s << u"read"_s << "none"_ba;
     }
 
     void tellsSendersWhatItCannotTake()
@@ -204,9 +245,9 @@ private slots:
         activate();
         receive(numbered(1));
         QTRY_VERIFY(has(u"kelo-in.txt.rejected"_s));
-        QTEST(answers(), "expected");
+        QTEST(answers(), "told");
         QVERIFY(m_handler.received.isEmpty());
-        QCOMPARE(log.lines().filter(line).size(), 1);
+        QCOMPARE(log.lines().filter(u"Cannot %1 "_s.arg(line)).size(), 1);
         QCOMPARE(log.lines().filter(u"lay too long"_s).size(), 1);
         QCOMPARE(log.lines().size(), 2);
     }
@@ -237,20 +278,20 @@ private slots:
         const auto process = static_cast<std::uint32_t>(other.processId());
         const QString start = QString::number(quint64{platform::processStartTime(process)});
         const QString text = QString(lock).replace(u"%1"_s, QString::number(process));
-        put(u"kelo-viewer.lock"_s, QString(text).replace(u"%2"_s, start).toUtf8(), age);
+        put(kLock, QString(text).replace(u"%2"_s, start).toUtf8(), age);
         const MessageLog log;
         QCOMPARE(facade().Activate(m_dir->path(), m_handler), isFree);
         QCOMPARE(log.lines().filter(u"Another viewer"_s).size(), isFree ? 0 : 1);
         QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files).size(), 1); // nothing left beside it
         if (isFree) {
-            put(u"kelo-viewer.lock"_s, "1 1 elsewhere"); // came while this one slept
+            put(kLock, "1 1 elsewhere"); // came while this one slept
             QTRY_VERIFY(!facade().IsActive());
-            QVERIFY(has(u"kelo-viewer.lock"_s));
-            QFile::remove(path(u"kelo-viewer.lock"_s));
+            QVERIFY(has(kLock));
+            QFile::remove(path(kLock));
             activate();
         }
         facade().Deactivate();
-        QCOMPARE(has(u"kelo-viewer.lock"_s), !isFree);
+        QCOMPARE(has(kLock), !isFree);
         other.kill();
         other.waitForFinished();
     }
@@ -262,10 +303,10 @@ private slots:
             m_handler.then = nullptr;
             receive(numbered(2));
             QTest::qWait(20);
-            QCOMPARE(m_handler.received, QList<int>({1}));
+            QCOMPARE(m_handler.received, QList({1}));
         };
         receive(numbered(1));
-        QTRY_COMPARE(m_handler.received, QList<int>({1, 2}));
+        QTRY_COMPARE(m_handler.received, QList({1, 2}));
         m_handler.then = [this] { // switched on anew, the channel knows what became of it
             m_handler.then = nullptr;
             activate();
@@ -284,8 +325,8 @@ private slots:
         m_handler.then = [] { KeloIPCFacadeI::Destroy(); };
         receive(numbered(6));
         QTRY_VERIFY(answers().endsWith("6=accepted\n"));
-        QVERIFY(!facade().IsActive() && !has(u"kelo-viewer.lock"_s));
-        QCOMPARE(m_handler.received, QList<int>({1, 2, 3, 4, 6}));
+        QVERIFY(!facade().IsActive() && !has(kLock));
+        QCOMPARE(m_handler.received, QList({1, 2, 3, 4, 6}));
     }
 
     void sendsOneAfterTheOther()
@@ -295,31 +336,31 @@ private slots:
         MoveToObjectCommand command;
         command.SetObjectId(u"Grün"_s);
         QVERIFY(facade().Send(command) == 1 && facade().Send(command) == 2);
-        QCOMPARE(content(u"kelo-out.txt"_s),
+        QCOMPARE(content(kOut),
                  "[General]\nCommandType=NamedCommand\nCommandId=MoveToObject\n"
                  "Parameters=\"BringToFront:0,ObjectId:Gr\xc3\xbcn,ClickPosition:0.000000;0.000000,"
                  "NorthDeviationInDegrees:0.000000,ViewingHeight:0.000000\"\n"
                  "Sender=v\nSerialNumber=1\n[End]\n");
         for (const char *const number : {"Number=1\n", "Number=2\n"}) { // waits for no answers
-            QTRY_VERIFY(content(u"kelo-out.txt"_s).contains(number));
-            QFile::remove(path(u"kelo-out.txt"_s));
+            QTRY_VERIFY(content(kOut).contains(number));
+            QFile::remove(path(kOut));
         }
-        put(u"kelo-out-answers.txt"_s, "[v]\n1=accepted\n2=refused\n");
+        put(kOutAnswers, "[v]\n1=accepted\n2=refused\n");
         QTRY_COMPARE(m_outcomes,
                      (Outcomes{{1, KeloDelivery::Accepted}, {2, KeloDelivery::Refused}}));
 
-        put(u"kelo-out-answers.txt"_s, "[v]\n41=accepted\n42=taken\n[w]\n77=accepted\n");
+        put(kOutAnswers, "[v]\n41=accepted\n42=taken\n[w]\n77=accepted\n");
         QCOMPARE(facade().ContinueAs(u"v"_s), 41U);
-        QCOMPARE(facade().Send(command), 42U);
-        QVERIFY(content(u"kelo-out.txt"_s).contains("SerialNumber=42"));
+        QCOMPARE(send(), 42U);
+        QVERIFY(content(kOut).contains("SerialNumber=42"));
 
-        QFile::remove(path(u"kelo-out-answers.txt"_s));
+        QFile::remove(path(kOutAnswers));
         QCOMPARE(facade().ContinueAs(u"v"_s), 41U);     // remembered
         QCOMPARE(facade().ContinueAs(u"new"_s, 5), 5U); // as the application says
-        QVERIFY(channel::renameFile(m_dir->path(), m_dir->path() + u".away"_s));
-        QCOMPARE(facade().ContinueAs(u"v"_s), std::nullopt); // there may be answers
-        QCOMPARE(facade().Send(command), 6U);
-        QVERIFY(channel::renameFile(m_dir->path() + u".away"_s, m_dir->path()));
+        whileAway([this] {
+            QCOMPARE(facade().ContinueAs(u"v"_s), std::nullopt); // there may be answers
+            QCOMPARE(send(), 6U);
+        });
         QCOMPARE(facade().ContinueAs(u"v"_s), 41U);
     }
 
@@ -328,14 +369,13 @@ private slots:
     {
         activate();
         QCOMPARE(facade().ContinueAs(u"v"_s), 0U); // the partner's answers are away
-        QVERIFY(facade().Send(MoveToObjectCommand()) == 1 &&
-                facade().Send(MoveToObjectCommand()) == 2);
-        put(u"kelo-out-answers.txt"_s, "[v]\n1=accepted\n2=accepted\n3=accepted\n");
+        QVERIFY(send() == 1 && send() == 2);
+        put(kOutAnswers, "[v]\n1=accepted\n2=accepted\n3=accepted\n");
         QTRY_COMPARE(m_outcomes,
                      (Outcomes{{1, KeloDelivery::Silence}, {2, KeloDelivery::Silence}}));
-        QVERIFY(!has(u"kelo-out.txt"_s));
-        QCOMPARE(facade().Send(MoveToObjectCommand()), 4U);
-        put(u"kelo-out-answers.txt"_s, "[v]\n4=accepted\n");
+        QVERIFY(!has(kOut));
+        QCOMPARE(send(), 4U);
+        put(kOutAnswers, "[v]\n4=accepted\n");
         QTRY_COMPARE(m_outcomes.value(2), std::pair(quint64(4), KeloDelivery::Accepted));
     }
 
@@ -347,38 +387,32 @@ private slots:
         connect(&facade(), &KeloIPCFacadeI::CommandAnswered, this,
                 [] { QCOMPARE(facade().ContinueAs(u"v"_s), 0U); });
         for (int i = 0; i < 3; ++i)
-            facade().Send(MoveToObjectCommand());
+            send();
         QTRY_COMPARE(m_outcomes.size(), 1);
         QTest::qWait(50);
         QCOMPARE(m_outcomes.size(), 1);
 
         connect(&facade(), &KeloIPCFacadeI::CommandAnswered, this, &KeloIPCFacadeI::Destroy);
         for (int i = 0; i < 3; ++i)
-            facade().Send(MoveToObjectCommand());
+            send();
         QTRY_COMPARE(m_outcomes.size(), 2);
         QVERIFY(!facade().IsActive());
     }
 
-    void goesByLooksWhereClocksJump_data()
-    {
-        QTest::addColumn<bool>("isSeenMissing"); // before the file came
-        QTest::addColumn<std::chrono::seconds>("age");
-        QTest::addColumn<bool>("isTaken");
-        QTest::newRow("its clock is behind") << true << 7200s << true;
-        QTest::newRow("its clock is ahead") << true << -7200s << true;
-        QTest::newRow("nobody looked, and it is old") << false << 7200s << false;
-        QTest::newRow("nobody looked, and it is new") << false << 0s << true;
-    }
-
     void goesByLooksWhereClocksJump()
     {
-        QFETCH(const bool, isSeenMissing);
-        QFETCH(const std::chrono::seconds, age);
-        channel::Inbox inbox(m_dir->path(), 1000, 60'000);
-        if (isSeenMissing)
-            QVERIFY(!inbox.poll(0, m_handler));
-        put(u"kelo-in.txt"_s, numbered(1), age);
-        QTEST(inbox.poll(1000, m_handler).has_value(), "isTaken");
+        const auto isTaken = [this](bool isSeenMissing, std::chrono::seconds age) {
+            m_dir = std::make_unique<QTemporaryDir>();
+            channel::Inbox inbox(m_dir->path(), 1000, 60'000);
+            if (isSeenMissing && inbox.poll(0, m_handler))
+                qFatal("there is no file yet");
+            put(kIn, numbered(1), age);
+            return inbox.poll(1000, m_handler).has_value();
+        };
+        QVERIFY(isTaken(true, 7200s)); // its clock is behind
+        QVERIFY(isTaken(true, -7200s));
+        QVERIFY(!isTaken(false, 7200s)); // nobody looked, and it is old
+        QVERIFY(isTaken(false, 0s));
     }
 
     /// A file without end mark has to keep its bytes from look to look, whatever its time and size.
@@ -386,10 +420,10 @@ private slots:
     {
         channel::Inbox inbox(m_dir->path(), 1000, 60'000);
         receive(integerCommand(1));
-        const auto time = channel::modifiedTime(path(u"kelo-in.txt"_s));
+        const auto time = channel::modifiedTime(path(kIn));
         QVERIFY(!inbox.poll(0, m_handler));
         receive(integerCommand(2));
-        channel::setModifiedTime(path(u"kelo-in.txt"_s), *time);
+        channel::setModifiedTime(path(kIn), *time);
         QVERIFY(!inbox.poll(1000, m_handler) && !inbox.poll(1999, m_handler));
         QVERIFY(inbox.poll(2000, m_handler));
         receive(integerCommand(2)); // the same once more
@@ -401,10 +435,10 @@ private slots:
         channel::Outbox outbox(m_dir->path(), u"v"_s, 60'000, 10'000);
         for (const quint64 number : {1U, 2U}) {
             outbox.put({u"NamedCommand"_s, u"A"_s, {}, u"v"_s, number}, 0);
-            QVERIFY(QFile::remove(path(u"kelo-out.txt"_s)));
+            QVERIFY(QFile::remove(path(kOut)));
             QVERIFY(outbox.poll(0).empty());
-            put(u"kelo-out-answers.txt"_s, "[v]\n" + QByteArray::number(number) + "=accepted\n");
-            channel::setModifiedTime(path(u"kelo-out-answers.txt"_s), 1'700'000'000'000);
+            put(kOutAnswers, "[v]\n" + QByteArray::number(number) + "=accepted\n");
+            channel::setModifiedTime(path(kOutAnswers), 1'700'000'000'000);
             QCOMPARE(outbox.poll(1000).size(), 1U);
         }
     }
@@ -413,12 +447,12 @@ private slots:
     {
         facade().SetTimes({.poll = 2ms, .leftover = 100ms, .answer = 20ms});
         activate();
-        facade().Send(MoveToObjectCommand()); // taken, and never answered
-        QVERIFY(QFile::remove(path(u"kelo-out.txt"_s)));
+        send(); // taken, and never answered
+        QVERIFY(QFile::remove(path(kOut)));
         QTRY_COMPARE(m_outcomes, (Outcomes{{1, KeloDelivery::Silence}}));
-        facade().Send(MoveToObjectCommand()); // never taken
+        send(); // never taken
         QTRY_COMPARE(m_outcomes.value(1), std::pair(quint64(2), KeloDelivery::Silence));
-        QVERIFY(!has(u"kelo-out.txt"_s));
+        QVERIFY(!has(kOut));
     }
 
     void placesDataFiles()
@@ -457,12 +491,12 @@ private slots:
     void findsThePartner()
     {
         QList<bool> changes;
-        connect(&facade(), &KeloIPCFacadeI::PartnerRunningChanged, this,
-                [&changes](bool isRunning) {
-                    changes << isRunning;
-                    if (!isRunning) // deleted in its own signal
-                        KeloIPCFacadeI::Destroy();
-                });
+        const auto note = [&changes](bool isRunning) {
+            changes << isRunning;
+            if (!isRunning) // deleted in its own signal
+                KeloIPCFacadeI::Destroy();
+        };
+        connect(&facade(), &KeloIPCFacadeI::PartnerRunningChanged, this, note);
         activate();
         QVERIFY(!facade().StartPartner(u"/none/dapex.exe"_s) && !facade().StartPartner({}));
         // The directory's own program of that name: a shell that lives until its file is gone.
@@ -473,7 +507,7 @@ private slots:
         QTRY_VERIFY(facade().IsPartnerRunning());
         QVERIFY(QFile::remove(program));
         QTRY_VERIFY(!facade().IsPartnerRunning());
-        QCOMPARE(changes, QList<bool>({true, false}));
+        QCOMPARE(changes, QList({true, false}));
     }
 
 #ifdef KELO_PARTNER_SIM
@@ -484,85 +518,31 @@ private slots:
         activate();
         for (const QString &manner : received.keys()) {
             m_handler.received.clear();
-            QProcess partner;
-            partner.start(QStringLiteral(KELO_PARTNER_SIM),
-                          {m_dir->path(), u"--clumsy"_s, manner, u"--poll"_s, u"5"_s,
-                           u"goto 1 0 0 12345.678"_s, u"goto 2 0 0 12345.678"_s});
-            QTRY_COMPARE(partner.state(), QProcess::NotRunning);
-            QTRY_VERIFY(!has(u"kelo-in.txt"_s));
+            const QString two = u"--clumsy|%1|goto 1 0 0 12345.678|goto 2 0 0 12345.678"_s;
+            runSimulator(m_dir->path(), two.arg(manner).split(u'|'));
+            QTRY_VERIFY(!has(kIn));
             QCOMPARE(m_handler.received.size(), received[manner]);
         }
     }
 
-    void simulatorTellsByItsStatus_data()
+    void simulatorTellsByItsStatus()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<int>("status");
-        const auto add = [](const QString &arguments, int status) {
-            QTest::newRow(qPrintable(arguments)) << arguments.split(u'|') << status;
+        facade().SetTimes({.poll = 20ms});
+        activate();
+        const auto check = [this](const QString &arguments, int status) {
+            QVERIFY2(runSimulator(m_dir->path(), arguments.split(u'|')) == status,
+                     qPrintable(arguments));
         };
-        add(u"test|integer 3"_s, 0);
-        add(u"test|raw Dance"_s, 1);
-        add(u"--silence|1|--clumsy|plain|test"_s, 1); // before the viewer looks twice
+        check(u"test|integer 3"_s, 0);
+        check(u"test|raw Dance"_s, 1);
+        check(u"--silence|1|--clumsy|plain|test"_s, 1); // before the viewer looks twice
         for (const QString &wrong :
              {u"--poll|0"_s, u"--silence|1s"_s, u"--sender|a b"_s, u"--journal|/none/x"_s,
               u"goto 1 nan"_s, u"integer 1.5"_s, u"find a:b"_s, u"--clumsy|very"_s, u"--poll"_s,
               u"--unknown"_s})
-            add(wrong, 2);
-    }
-
-    void simulatorTellsByItsStatus()
-    {
-        QFETCH(const QStringList, arguments);
-        facade().SetTimes({.poll = 20ms});
-        activate();
-        QProcess partner;
-        partner.start(QStringLiteral(KELO_PARTNER_SIM),
-                      QStringList{m_dir->path(), u"--poll"_s, u"5"_s} + arguments);
-        QTRY_COMPARE(partner.state(), QProcess::NotRunning);
-        QTEST(partner.exitCode(), "status");
+            check(wrong, 2);
     }
 #endif
-
-private:
-    void activate()
-    {
-        QVERIFY(facade().Activate(m_dir->path(), m_handler));
-    }
-    static KeloIPCFacadeI &facade()
-    {
-        return KeloIPCFacadeI::Instance();
-    }
-    QString path(const QString &name) const
-    {
-        return m_dir->filePath(name);
-    }
-    bool has(const QString &name) const
-    {
-        return QFile::exists(path(name));
-    }
-    void put(const QString &name, const QByteArray &bytes, std::chrono::seconds age = 0s) const
-    {
-        QVERIFY(channel::writeFile(path(name), bytes));
-        const std::filesystem::path file = path(name).toStdString();
-        std::filesystem::last_write_time(file, std::filesystem::last_write_time(file) - age);
-    }
-    void receive(const QByteArray &bytes) const
-    {
-        put(u"kelo-in.txt"_s, bytes);
-    }
-    QByteArray content(const QString &name) const
-    {
-        return channel::readFile(path(name), 1 << 20).value_or("none");
-    }
-    QByteArray answers() const
-    {
-        return content(u"kelo-in-answers.txt"_s);
-    }
-
-    std::unique_ptr<QTemporaryDir> m_dir;
-    Recorder m_handler;
-    Outcomes m_outcomes;
 };
 
 QTEST_GUILESS_MAIN(TestIPCFacade)
