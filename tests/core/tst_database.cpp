@@ -300,7 +300,7 @@ private slots:
         QVERIFY(m_database->Prepare(module) && m_database->Prepare(module) && sum() == 2);
 
         // Undone with what is around it
-        module.steps.push_back(statement(u"INSERT INTO M VALUES (3)"_s));
+        module.steps.emplace_back(statement(u"INSERT INTO M VALUES (3)"_s));
         Database other(m_place);
         QVERIFY(other.Open());
         QVERIFY(!other.RunTransaction([&] { return other.Prepare(module) && false; }));
@@ -326,6 +326,7 @@ private slots:
             prepared += database.Open() && database.Prepare(module);
         };
         std::vector<std::jthread> programs;
+        programs.reserve(kPrograms);
         for (int i = 0; i < kPrograms; ++i)
             programs.emplace_back(prepare);
         programs.clear(); // waits for all
@@ -497,7 +498,7 @@ private slots:
         Database database(place);
         const MessageLog log;
         QVERIFY(!database.Open());
-        QVERIFY(log.lines().size() >= 1);
+        QVERIFY(!log.lines().isEmpty());
         const QStringList texts = log.lines() << database.LastError().remove(database.Text());
         for (const QString &text : texts)
             QVERIFY2(!text.contains(u"s3cret"_s), qPrintable(text));

@@ -259,7 +259,7 @@ private slots:
         server.Start();
         const qint64 before = memoryBytes();
         QTRY_COMPARE_WITH_TIMEOUT(server.GetState(), ServerState::Ready, 60'000);
-        QVERIFY(kKeepsFreedMemory || memoryBytes() - before < 20 * 1024 * 1024);
+        QVERIFY(kKeepsFreedMemory || memoryBytes() - before < 20LL * 1024 * 1024);
         QCOMPARE(QDir(folder()).entryList({u"server*.log"_s}, QDir::Files).size(), 5);
     }
 

@@ -102,7 +102,7 @@ private slots:
             {u"G/list"_s, QStringList({u" a"_s, u"@b"_s, u"c;d"_s})},
             {u"G/lists"_s, QVariantList({QRect(1, -2, 3, 4), QVariant(), u"\1f\0"_s})},
             {u"G/none"_s, QVariantList()},
-            {u"G/one"_s, QVariantList({1.5})},
+            {u"G/one"_s, QVariantList{QVariant(1.5)}},
             {u"G/time"_s, QDateTime(QDate(2026, 1, 2), QTime(3, 4), Qt::UTC)},
             {u"G/number"_s, 0.1},
             {u"G/char"_s, QChar(u'x')},

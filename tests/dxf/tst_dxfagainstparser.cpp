@@ -284,7 +284,7 @@ void TestDxfAgainstParser::convertsEverySpellingAsTheParser()
         return std::bit_cast<quint64>(a) == std::bit_cast<quint64>(b);
     };
     for (std::size_t i = 0; i < vertices.size(); ++i) {
-        const auto at = static_cast<qsizetype>(2 * i);
+        const qsizetype at = 2 * static_cast<qsizetype>(i);
         QVERIFY2(isSame(vertices[i].x, theirs.vertices[i].x), spellings[at]);
         QVERIFY2(isSame(vertices[i].y, theirs.vertices[i].y), spellings[at + 1]);
     }
