@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Reading plans: what is understood, what is refused and how, ASCII and binary alike.
 #include "tests/support/PlanPairs.h"
-#include <QBuffer>
 #include <QtTest>
 #include <kelo_base/dxf/DxfReader.h>
 
@@ -173,7 +172,6 @@ private slots:
         row("a code page nobody knows is Latin-1", old + "ansi_9999", "\xDC", u"Ü"_s);
         row("Western Windows has a euro", old + "ANSI_1252", "\xDC\x80", u"Ü€"_s);
         row("names have any case", old + "ansi_1251", "\xC4\xE0", u"Да"_s);
-        row("Greek", old + "ANSI_1253", "\xE1", u"α"_s);
         row("DOS", old + "dos850", "\x9A\xE1", u"Üß"_s);
         row("DOS by its other name", old + "CP1250", "\xA3", u"Ł"_s);
         row("ISO", old + "ISO8859-2", "\xA3", u"Ł"_s);
@@ -185,8 +183,7 @@ private slots:
         row("new plans are UTF-8 whatever code page they name",
             "9 $ACADVER|1 AC1021|9 $DWGCODEPAGE|3 ANSI_1251", "\xC3\x9C", u"Ü"_s);
         row("the user knows better", old + "ANSI_1252", "\xC4", u"Д"_s, u"windows-1251"_s);
-        row("the user knows better than a new plan", "9 $ACADVER|1 AC1032", "\xC4", u"Д"_s,
-            u"ANSI_1251"_s);
+        row("the user knows better, anew", "9 $ACADVER|1 AC1032", "\xC4", u"Д"_s, u"ANSI_1251"_s);
         row("the user knows of UTF-8", old + "ANSI_1252", "\xC3\x9C", u"Ü"_s, u"utf8"_s);
         row("escapes", old + "ANSI_1252",
             "\\U+0141\xF3"
@@ -215,19 +212,17 @@ private slots:
                 QCOMPARE(result.drawing.BlockName(insert), "*U18");
             }
         };
-        const QByteArray variant =
+        const QByteArray copy =
             "|0 BLOCK_RECORD|5 A91|2 *U18|1001 AcDbBlockRepBTag|1070 1|1005 a7E";
         const QByteArray block = "|0 BLOCK_RECORD|5 A7E|2 Blatt";
         row("nothing known", "", "*U18");
-        row("the block before its variant", block + variant, "Blatt");
-        row("the block behind its variant", variant + block, "Blatt");
+        row("the block before its variant", block + copy, "Blatt");
+        row("the block behind its variant", copy + block, "Blatt");
         row("a block with a true name",
-            variant + block + "|1001 AcDbDynamicBlockTrueName|1000 Rahmen|1001 X|1000 no",
-            "Rahmen");
-        row("a block that is gone", variant, "*U18");
+            copy + block + "|1001 AcDbDynamicBlockTrueName|1000 Rahmen|1001 X|1000 no", "Rahmen");
+        row("a block that is gone", copy, "*U18");
         row("data of someone else", "|0 BLOCK_RECORD|5 A91|2 *U18|1001 X|1005 A7E" + block, "*U18");
-        row("handles that are none", "|0 BLOCK_RECORD|5 x|2 *U18|1001 AcDbBlockRepBTag|1005 x",
-            "*U18");
+        row("no handles", "|0 BLOCK_RECORD|5 x|2 *U18|1001 AcDbBlockRepBTag|1005 x", "*U18");
     }
 
     void takesNumbersFromAnotherTag()
@@ -286,7 +281,7 @@ private slots:
         row("a lost line", " 66\n1\n", " 66\n", "63: 'ATTRIB' is no group code");
         for (const QByteArray number :
              {"", "x", "nan", "inf", "1e400", "1.5x", "--1", "0x10", "1 2"})
-            row("coordinate", "\n-3.25\n", '\n' + number + '\n',
+            row("number", "\n-3.25\n", '\n' + number + '\n',
                 "40: '" + number + "' is no coordinate");
         row("no Y", " 20\n-3.25\n", "", "39: A vertex without Y");
         row("no X", " 10\n2\n", "", "37: A vertex without X");
@@ -298,8 +293,7 @@ private slots:
         for (const QByteArray count : {"three", "", "99999999999999999999"})
             row("count", " 90\n3\n", " 90\n" + count + '\n',
                 "30: '" + count + "' is no whole number");
-        row("a NUL in a text", "\n17\n", {"\n1\0007\n", 5},
-            "66: The text holds a NUL or a line feed");
+        row("a NUL", "\n17\n", {"\n1\0007\n", 5}, "66: The text holds a NUL or a line feed");
         row("a text too long", "\n17\n", '\n' + QByteArray(65'537, '7') + '\n',
             "66: The text has more than 65536 bytes");
         row("a code line too long", " 66\n", QByteArray(600'000, '6') + '\n',
@@ -308,7 +302,7 @@ private slots:
             "49: 'INSERT' stands outside of any section");
         row("a lost section change", "  0\nENDSEC\n  0\nSECTION\n  2\nBLOCKS\n",
             "  0\nSECTION\n  2\nENTITIES\n", "13: A block stands outside of the blocks section");
-        row("no end mark", "  0\nEOF\n", "",
+        row("no end", "  0\nEOF\n", "",
             "0: The end mark (EOF) is missing; the file looks cut short");
     }
 
@@ -355,8 +349,7 @@ private slots:
     void passesOverLongLines()
     {
         for (const qsizetype size : {1'023, 1'024, 262'143, 262'144, 524'288, 30'000'000}) {
-            const PlanPairs pairs =
-                planOf(kFrame, "0 MTEXT|1 " + QByteArray(size, 'x') + '|' + kSheet);
+            const auto pairs = planOf(kFrame, "0 MTEXT|1 " + QByteArray(size, 'x') + '|' + kSheet);
             QCOMPARE(answerTo(asciiPlan(pairs, "\r\n")), kPlanText);
             QCOMPARE(answerTo(binaryPlan(pairs, true)), kPlanText);
         }
@@ -382,8 +375,7 @@ private slots:
             return total == plan.size();
         }));
         QVERIFY(steps.size() > 3 && std::ranges::is_sorted(steps) && steps.last() == plan.size());
-        const DxfReadResult stopped =
-            read(plan, [](qint64 done, qint64) { return done < 500'000; });
+        const auto stopped = read(plan, [](qint64 done, qint64) { return done < 500'000; });
         QVERIFY(stopped.cancelled && stopped.error && stopped.drawing.Inserts().empty());
         for (const qint64 newSize : {qint64{300'000}, plan.size() + qint64{10}}) {
             QTemporaryFile file;

@@ -2,8 +2,6 @@
 // A plan goes its way in one session, which says by values what became of it; a comparison with an
 // older export tells what changed, and only that.
 #include "tests/dxf/plan.h"
-#include <QBuffer>
-#include <QRandomGenerator>
 #include <QtTest>
 #include <cmath>
 #include <kelo_base/dxf/Gk2Writer.h>
@@ -62,12 +60,12 @@ QString told(const std::vector<SheetChange> &changes, const std::vector<Gk2Recor
     using Kind = SheetChange::Kind;
     QStringList words;
     for (const SheetChange &change : changes) {
-        const QString before =
-            change.kind == Kind::New ? u""_s : QString::fromUtf8(older[change.older].number);
-        const QString now =
-            change.kind == Kind::Gone ? u""_s : QString::fromUtf8(newer[change.newer].number);
-        words << (change.kind == Kind::New     ? u"new "_s + now
-                  : change.kind == Kind::Gone  ? u"gone "_s + before
+        const bool isNew = change.kind == Kind::New;
+        const bool isGone = change.kind == Kind::Gone;
+        const QString before = isNew ? u""_s : QString::fromUtf8(older[change.older].number);
+        const QString now = isGone ? u""_s : QString::fromUtf8(newer[change.newer].number);
+        words << (isNew                        ? u"new "_s + now
+                  : isGone                     ? u"gone "_s + before
                   : change.kind == Kind::Moved ? u"moved %1 by %2"_s.arg(now).arg(change.distance)
                                                : u"renamed %1 to %2"_s.arg(before, now));
     }
@@ -108,8 +106,7 @@ private slots:
         QCOMPARE(plan.Sheets().size(), 2U);
         QVERIFY(plan.HasRecords());
 
-        const SheetFilter only8{.include = SheetFilter::Attribute{u"BL_NR"_s, u"8"_s},
-                                .excludeTag = {}};
+        const SheetFilter only8{SheetFilter::Attribute{u"BL_NR"_s, u"8"_s}, {}};
         QVERIFY(plan.Choose(only8));
         const QByteArray sheet8 =
             "GK2\r\n\r\n8\r\n   0,00        2,00    \r\n   3,00        2,00    \r\n"
@@ -121,8 +118,7 @@ private slots:
 
         QVERIFY(plan.Relabel({.filter = only8, .order = CornerOrder::AsDrawn}));
         QVERIFY(plan.Export(desk.path(u"drawn.txt"_s)));
-        QVERIFY(
-            desk.text(u"drawn.txt"_s).startsWith("GK2\r\n\r\n8\r\n   0,00        0,00    \r\n"));
+        QVERIFY(desk.text(u"drawn.txt"_s).startsWith("GK2\r\n\r\n8\r\n   0,00        0,00    "));
         plan.Drawing().SetExportMark(plan.Sheets().front(), false);
         QVERIFY(!plan.HasRecords());
 
@@ -160,8 +156,7 @@ private slots:
         row("another file", "GK21\r\n", false, careful, Outcome::IsForeign);
         row("another file, where that is wanted", "letter", false, any, Outcome::Written);
         row("sheets by none", "GK2\r\n\r\n1\r\n", true, careful, Outcome::WouldBeEmpty);
-        row("sheets by none, where that is wanted", "GK2\r\n\r\n1\r\n", true, any,
-            Outcome::Written);
+        row("sheets by none, as wanted", "GK2\r\n\r\n1\r\n", true, any, Outcome::Written);
         row("none by none", "GK2\r\n", true, careful, Outcome::Written);
         row("no file, by none", nullptr, true, careful, Outcome::Written);
     }
@@ -186,15 +181,13 @@ private slots:
         row("other corners", "1 0,0", "1 0,0 1,1", "moved 1 by inf");
         row("one place, another number", "1 0,0 3,0", "7 0,0 3,0", "renamed 1 to 7");
         // Which of the two it was, nobody can tell.
-        row("two sheets at one place keep their names", "1 0,0; 2 0,0", "7 0,0; 2 0,0",
-            "renamed 1 to 7");
+        row("two at one place keep their names", "1 0,0; 2 0,0", "7 0,0; 2 0,0", "renamed 1 to 7");
         row("two that went from one place", "1 0,0; 2 0,0", "7 0,0", "new 7; gone 1; gone 2");
         row("two that came to one place", "1 0,0", "7 0,0; 8 0,0", "new 7; new 8; gone 1");
         row("sheets without corners have no place", "1", "2", "new 2; gone 1");
         row("of one number the one that stayed", "1 0,0; 1 5,5", "1 5,5", "gone 1");
         row("of one number in order", "1 0,0; 1 5,5", "1 0,1; 1 5,6", "moved 1 by 1; moved 1 by 1");
-        row("two that changed places", "1 0,0; 2 3,4", "1 3,4; 2 0,0",
-            "moved 1 by 5; moved 2 by 5");
+        row("changed places", "1 0,0; 2 3,4", "1 3,4; 2 0,0", "moved 1 by 5; moved 2 by 5");
         row("from none", "", "1 0,0", "new 1");
         row("to none", "1 0,0", "", "gone 1");
     }
@@ -215,9 +208,9 @@ private slots:
         }
         DxfDrawing drawing = builder.Take();
         for (const DxfBlock &block : drawing.Blocks())
-            for (quint32 vertex = 0; vertex < 2; ++vertex)
-                drawing.SetCorner(drawing.Polylines(block)[0], vertex,
-                                  vertex == 0 ? vpTopLeft : vpBottomRight);
+            for (const quint32 i : {0U, 1U})
+                drawing.SetCorner(drawing.Polylines(block)[0], i,
+                                  i == 0 ? vpTopLeft : vpBottomRight);
         std::vector<quint32> written;
         const std::vector<Gk2Record> now = Gk2RecordsOf(drawing, allInserts(drawing), &written);
         QBuffer buffer;
