@@ -144,7 +144,7 @@ private:
 MenuConfigManager::MenuConfigManager() = default;
 
 MenuConfigManager::MenuConfigManager(const MenuConfigManager &other)
-    : QObject(), m_state(other.m_state)
+    : QObject(nullptr), m_state(other.m_state)
 {
 }
 

@@ -8,7 +8,7 @@ class LineWatch
 {
 public:
     /// Longer lines are looked at in pieces of this size.
-    static constexpr qsizetype kMostBytes = 64 * 1024;
+    static constexpr qsizetype kMostBytes = 64LL * 1024;
 
     explicit LineWatch(const QByteArray &wanted) : m_wanted(wanted) {}
 

@@ -12,7 +12,7 @@
 class RotatingLog
 {
 public:
-    static constexpr qint64 kFileBytes = 1024 * 1024;
+    static constexpr qint64 kFileBytes = 1024LL * 1024;
     static constexpr int kFiles = 5; ///< the one that is written included
 
     /// @param folder  created with the first text

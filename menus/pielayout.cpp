@@ -189,6 +189,7 @@ double radiusAt(const Layout &layout, double place)
 std::vector<Label> marksOf(const Layout &layout, std::span<const Wish> wishes, double mark)
 {
     std::vector<Label> marks;
+    marks.reserve(static_cast<std::size_t>(layout.count()));
     for (int i = 0; i < layout.count(); ++i)
         marks.push_back(placeMarks(layout, i, wishes[static_cast<std::size_t>(i)], mark));
     return marks;

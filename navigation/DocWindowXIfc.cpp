@@ -8,6 +8,8 @@ namespace {
 
 DocWindowXIfc *registeredWindow = nullptr; // watched, not owned: cleared by its destructor
 
+DocWindowXIfc *dyingWindow = nullptr; // answers nobody any more, whoever registers it once again
+
 Q_GLOBAL_STATIC(DocWindowNotifier, processNotifier)
 
 } // namespace
@@ -19,7 +21,7 @@ DocWindowXIfc *DocWindowXIfc::HInstance()
 
 void DocWindowXIfc::SetHInstance(DocWindowXIfc *window)
 {
-    if (window == registeredWindow)
+    if (window == registeredWindow || (window && window == dyingWindow))
         return;
     registeredWindow = window;
     if (DocWindowNotifier *notifier = Notifier())
@@ -40,8 +42,11 @@ void DocWindowXIfc::AnnouncePrimaryView() const
 
 DocWindowXIfc::~DocWindowXIfc()
 {
-    if (registeredWindow == this)
-        SetHInstance(nullptr);
+    if (registeredWindow != this)
+        return;
+    dyingWindow = this;
+    SetHInstance(nullptr);
+    dyingWindow = nullptr;
 }
 
 bool DocWindowXIfc::GeoToDevice(QWidget *, UCoord &) const

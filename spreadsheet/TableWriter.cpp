@@ -150,7 +150,7 @@ bool TableWriter::Work::addRow(std::span<const Cell> cells)
         openSheet(continuedName(m_sheetName, ++m_part));
         note(FindingKind::SheetContinued, m_sheet.name);
     }
-    const int count = static_cast<int>(std::min<std::size_t>(cells.size(), m_columns));
+    const int count = std::min(static_cast<int>(cells.size()), m_columns);
     for (int column = 0; column < count; ++column)
         putCell(column, cells[static_cast<std::size_t>(column)]);
     m_sink->endRow();

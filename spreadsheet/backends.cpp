@@ -17,7 +17,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace spreadsheet {
 namespace {
 
-constexpr qint64 kBlock = 1024 * 1024; ///< bytes copied at once
+constexpr qint64 kBlock = 1024LL * 1024; ///< bytes copied at once
 
 struct Texts
 {

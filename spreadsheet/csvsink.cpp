@@ -11,7 +11,7 @@
 namespace spreadsheet {
 namespace {
 
-constexpr qsizetype kBlock = 256 * 1024; ///< bytes written at once
+constexpr qsizetype kBlock = 256LL * 1024; ///< bytes written at once
 
 class CsvSink : public Sink
 {

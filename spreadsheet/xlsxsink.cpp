@@ -271,7 +271,7 @@ QString XlsxSink::assemble()
         bytes += std::ftell(rows);
     }
     // All rows are copied into the parts of the file before these are packed.
-    constexpr qint64 kRest = 16 * 1024 * 1024;
+    constexpr qint64 kRest = 16LL * 1024 * 1024;
     if (QStorageInfo(m_folder.path()).bytesAvailable() < bytes + bytes / 4 + kRest)
         return notWritten(m_target, Texts::tr("there is no room in the temporary folder"));
     const lxw_error error = workbook_close(m_workbook);

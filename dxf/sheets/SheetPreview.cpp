@@ -122,7 +122,8 @@ template <typename T>
 std::size_t countDifferent(std::vector<T> items)
 {
     std::ranges::sort(items);
-    return items.size() - std::ranges::unique(items).size();
+    items.erase(std::unique(items.begin(), items.end()), items.end());
+    return items.size();
 }
 
 /// Whether most sheets share a block, or blocks lie on top of each other, as they do when each

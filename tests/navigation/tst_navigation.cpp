@@ -152,6 +152,12 @@ private slots:
         QVERIFY(!isAnswered && windows == 3);
         const TestWindow third;
         QVERIFY(NorthAngle(nullptr, angle)); // the silence is over
+
+        auto *const stubborn = new TestWindow; // registered anew by a listener to its own end
+        connect(notifier, &DocWindowNotifier::documentWindowReplaced, &context,
+                [stubborn] { DocWindowXIfc::SetHInstance(stubborn); });
+        delete stubborn;
+        QVERIFY(!DocWindowXIfc::HInstance());
     }
 
     void offersNothingByDefault()
