@@ -47,6 +47,15 @@ ActionShortCutList shortcut(int id, Qt::Key key)
     return list;
 }
 
+/// Where the program of this name, which now runs, ships its defaults.
+QString defaultsOf(const QString &program)
+{
+    QCoreApplication::setApplicationName(program);
+    const QDir folder(QCoreApplication::applicationDirPath());
+    folder.mkpath(u"config"_s);
+    return folder.filePath(u"config/%1-menu.ini"_s.arg(program));
+}
+
 void writeFile(const QString &path, const QByteArray &text)
 {
     QFile file(path);
@@ -141,17 +150,17 @@ private slots:
             manager.RegisterAction(MakeActionData(id, 0, context, sparse(), &action, false, 0));
         }
         for (int round = 0; round < 200; ++round) {
-            const int groups = sparse(), subs = sparse(), mask = sparse();
+            const int main = sparse(), sub = sparse(), mask = sparse();
             std::vector<ActionData *> offered;
             for (const auto &[id, data] : manager.GetActions()) {
                 const int own = data->contextId;
                 data->valid = random.bounded(9) > 0;
-                if (data->valid && (!meet(own, own, 16) || meet(own, groups, 16)) &&
-                    (!meet(own, own, 0) || meet(own, subs, 0)) && (mask & data->contextMask))
+                if (data->valid && (!meet(own, own, 16) || meet(own, main, 16)) &&
+                    (!meet(own, own, 0) || meet(own, sub, 0)) && (mask & data->contextMask))
                     offered.push_back(data);
             }
             const std::unique_ptr<FunctionFilter> filter(
-                MakeContextFunctionFilter(groups, subs, mask));
+                MakeContextFunctionFilter(main, sub, mask));
             QCOMPARE(manager.FindActionDataByFilter(*filter), offered);
         }
     }
@@ -399,10 +408,7 @@ private slots:
 
     void reservesSequencesAndLoadsDefaults()
     {
-        QCoreApplication::setApplicationName(u"tst-viewer"_s);
-        const QDir programDir(QCoreApplication::applicationDirPath());
-        const QString defaults = programDir.filePath(u"config/tst-viewer-menu.ini"_s);
-        QVERIFY(programDir.mkpath(u"config"_s));
+        const QString defaults = defaultsOf(u"tst-viewer"_s);
         writeFile(defaults, "[MenuConfig]\nDefault\\ContextMenuLayout\\Menus\\size=1\n");
         MenuConfigManager manager;
         manager.Initialize();
@@ -455,17 +461,15 @@ private slots:
     /// Each start with actions of its own, as a new process; "Ctrl+K" is the default of action 1.
     void startsWithoutLosingShortcuts()
     {
-        QCoreApplication::setApplicationName(u"tst-start"_s);
-        const QDir programDir(QCoreApplication::applicationDirPath());
-        const QString defaults = programDir.filePath(u"config/tst-start-menu.ini"_s);
-        QVERIFY(programDir.mkpath(u"config"_s));
+        const QString defaults = defaultsOf(u"tst-start"_s);
         QSettings store(m_dir.filePath(u"start"_s), QSettings::IniFormat);
         /// Gives "id=keys" of the actions after the start, and then does what the user does.
-        const auto start = [&](const std::map<int, const char *> &shipped, auto user) {
+        const auto start = [&](const QString &shipped, auto user) {
             std::map<int, QAction> actions;
             ActionManager registry;
-            for (const auto &[id, keys] : shipped) {
-                actions[id].setShortcut(QKeySequence::fromString(QLatin1StringView(keys)));
+            for (const QString &entry : shipped.split(u" | "_s)) {
+                const int id = entry.section(u'=', 0, 0).toInt();
+                actions[id].setShortcut(QKeySequence(entry.section(u'=', 1)));
                 registry.RegisterAction(record(id, &actions[id]));
             }
             MenuConfigManager manager;
@@ -482,9 +486,9 @@ private slots:
             return text + shown(manager.GetDefaultKeyboardShortcutList());
         };
         const auto leaveAll = [](ActionShortCutList &) {};
-        QCOMPARE(start({{1, "Ctrl+K"}, {2, "F2"}, {3, ""}}, leaveAll),
+        QCOMPARE(start(u"1=Ctrl+K | 2=F2 | 3="_s, leaveAll),
                  u"1=Ctrl+K 2=F2 3= 1=Ctrl+K 2=F2 of 3"_s);
-        QCOMPARE(start({{1, "Ctrl+K"}, {2, "F2"}, {3, ""}},
+        QCOMPARE(start(u"1=Ctrl+K | 2=F2 | 3="_s,
                        [](ActionShortCutList &list) {
                            list.ClearKeySequence(2);
                            list.AssignKeySequence(3, QKeySequence(u"Ctrl+L, X"_s));
@@ -493,43 +497,36 @@ private slots:
                  u"1=Ctrl+K 2=F2 3= 1=Ctrl+K 2=F2 of 3"_s);
         // New ones: 4 may share a shipped default, 5 and 6 may not touch the user's own keys, 7 and
         // 8 can have what nobody has any more.
-        QCOMPARE(start({{1, "Ctrl+K"},
-                        {2, "F2"},
-                        {3, ""},
-                        {4, "Ctrl+K"},
-                        {5, "Ctrl+L"},
-                        {6, "Ctrl+L, X, Y"},
-                        {7, "F2"},
-                        {8, "F9"}},
-                       [](ActionShortCutList &list) { list.RemoveKeySequence(3); }),
-                 u"1=Ctrl+K 2= 3=Ctrl+L, X 4=Ctrl+K 5= 6= 7=F2 8=F9 "
-                 "1=Ctrl+K 2=F2 4=Ctrl+K 5=Ctrl+L 6=Ctrl+L, X, Y 7=F2 8=F9 of 8"_s);
+        QCOMPARE(
+            start(u"1=Ctrl+K | 2=F2 | 3= | 4=Ctrl+K | 5=Ctrl+L | 6=Ctrl+L, X, Y | 7=F2 | 8=F9"_s,
+                  [](ActionShortCutList &list) { list.RemoveKeySequence(3); }),
+            u"1=Ctrl+K 2= 3=Ctrl+L, X 4=Ctrl+K 5= 6= 7=F2 8=F9 "
+            "1=Ctrl+K 2=F2 4=Ctrl+K 5=Ctrl+L 6=Ctrl+L, X, Y 7=F2 8=F9 of 8"_s);
         writeFile(defaults, "[MenuConfig]\nDefault\\ContextMenuLayout\\Menus\\size=1\n"
                             "Default\\KeyboardShortcuts\\ShortcutList\\size=1\n"
                             "Default\\KeyboardShortcuts\\ShortcutList\\1\\ActionId=6\n"
                             "Default\\KeyboardShortcuts\\ShortcutList\\1\\KeySequence=F6\n");
-        QCOMPARE(start({{5, "Ctrl+L"}, {6, ""}}, leaveAll), // the keys are free again
+        QCOMPARE(start(u"5=Ctrl+L | 6="_s, leaveAll), // the keys are free again
                  u"5=Ctrl+L 6=F6 5=Ctrl+L 6=F6 of 2"_s);
         QVERIFY(QFile::remove(defaults));
     }
 
     void tellsWhatIsDifferent()
     {
-        using Part = MenuConfigManager::Part;
-        MenuConfigManager manager, other;
-        QList<MenuConfigManager::Parts> notices;
-        connect(&manager, &MenuConfigManager::changed, this,
-                [&](MenuConfigManager::Parts parts) { notices << parts; });
+        using M = MenuConfigManager;
+        using enum M::Part;
+        M manager, other;
+        QList<M::Parts> notices;
+        connect(&manager, &M::changed, this, [&](M::Parts parts) { notices << parts; });
         /// Each list is one of its own.
-        const auto check = [&](auto assign, auto get, auto list, Part part) {
+        const auto check = [&](auto assign, auto get, auto list, M::Part part) {
             (other.*assign)(list);
             (manager.*assign)(list);
             (manager.*assign)((manager.*get)()); // its own list: no difference
             QCOMPARE((manager.*get)(), list);
-            QCOMPARE(notices, QList<MenuConfigManager::Parts>{part});
+            QCOMPARE(notices, QList<M::Parts>{part});
             notices.clear();
         };
-        using M = MenuConfigManager;
         KeySequenceList reserved, taken;
         reserved.AddSequence(QKeySequence(Qt::Key_R));
         taken.AddSequence(QKeySequence(Qt::Key_T));
@@ -537,20 +534,18 @@ private slots:
         one.SetNumberOfSlots(1);
         two.SetNumberOfSlots(2);
         check(&M::AssignKeyboardShortcutList, &M::GetKeyboardShortcutList, shortcut(1, Qt::Key_A),
-              Part::Shortcuts);
+              Shortcuts);
         check(&M::AssignDefaultKeyboardShortcutList, &M::GetDefaultKeyboardShortcutList,
-              shortcut(2, Qt::Key_B), Part::Defaults);
+              shortcut(2, Qt::Key_B), Defaults);
         check(&M::AssignReservedSequenceList, &M::GetReservedSequenceList, reserved,
-              Part::TakenSequences);
-        check(&M::AssignBookmarkSequenceList, &M::GetBookmarkSequenceList, taken,
-              Part::TakenSequences);
-        check(&M::AssignContextMenuLayout, &M::GetContextMenuLayout, one, Part::ContextMenu);
-        check(&M::AssignDefaultContextMenuLayout, &M::GetDefaultContextMenuLayout, two,
-              Part::Defaults);
+              TakenSequences);
+        check(&M::AssignBookmarkSequenceList, &M::GetBookmarkSequenceList, taken, TakenSequences);
+        check(&M::AssignContextMenuLayout, &M::GetContextMenuLayout, one, ContextMenu);
+        check(&M::AssignDefaultContextMenuLayout, &M::GetDefaultContextMenuLayout, two, Defaults);
         other.SetConfigName(u"Other"_s);
         manager = other;
         QCOMPARE(manager.GetConfigName(), u"MenuConfig/Other"_s);
-        QVERIFY(notices == QList<M::Parts>{Part::ConfigName} &&
+        QVERIFY(notices == QList<M::Parts>{ConfigName} &&
                 manager.GetBookmarkSequenceList() == taken);
         manager.Shutdown();
         QCOMPARE(notices.last().toInt(), 31); // all but what is stored
@@ -558,13 +553,9 @@ private slots:
 
     void managesNamedConfigurations()
     {
-        for (const auto &[name, isPlain] : {std::pair(u"Standard 2 – Büro"_s, true),
-                                            {u""_s, false},
-                                            {u"a/b"_s, false},
-                                            {u"a\\b"_s, false},
-                                            {u" a"_s, false},
-                                            {u"a\n"_s, false}})
-            QCOMPARE(MenuConfigManager::IsConfigName(name), isPlain);
+        QVERIFY(MenuConfigManager::IsConfigName(u"Standard 2 – Büro"_s));
+        for (const QString &name : {u""_s, u"a/b"_s, u"a\\b"_s, u" a"_s, u"a\n"_s})
+            QVERIFY(!MenuConfigManager::IsConfigName(name));
         QSettings store(m_dir.filePath(u"named"_s), QSettings::IniFormat);
         store.setValue(u"MenuConfig/Foreign/key"_s, 1);
         MenuConfigManager manager;
@@ -580,12 +571,11 @@ private slots:
         QVERIFY(manager.CopyConfig(u"Default"_s, u"Plan 10"_s));
         QVERIFY(manager.CopyConfig(u"Plan 10"_s, u"Plan 9"_s));
         QCOMPARE(notices, 3);
-        for (const auto &[from, to] : {std::pair(u"Default"_s, u"plan 9"_s), // taken
-                                       {u"Default"_s, u"Default"_s},
-                                       {u"Default"_s, u"a/b"_s},
-                                       {u"Foreign"_s, u"New"_s},
-                                       {u"None"_s, u"New"_s}})
-            QVERIFY(!manager.CopyConfig(from, to) && !manager.RenameConfig(from, to));
+        for (const QString &to : {u"plan 9"_s, u"Default"_s, u"a/b"_s}) // taken, or no name
+            QVERIFY(!manager.CopyConfig(u"Default"_s, to) &&
+                    !manager.RenameConfig(u"Default"_s, to));
+        for (const QString &from : {u"Foreign"_s, u"None"_s})
+            QVERIFY(!manager.CopyConfig(from, u"New"_s) && !manager.RenameConfig(from, u"New"_s));
         QVERIFY(manager.RenameConfig(u"Plan 9"_s, u"PLAN 9"_s)); // the case alone
         QCOMPARE(manager.GetPlainConfigName(), u"Default"_s);
         QVERIFY(manager.RenameConfig(u"Default"_s, u"Work"_s));

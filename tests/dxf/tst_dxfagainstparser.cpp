@@ -5,8 +5,6 @@
 #include "dxf/read/realnumber_p.h"
 #include "fuzz/checkplan.h"
 #include "tests/support/PlanPairs.h"
-#include <QBuffer>
-#include <QRandomGenerator>
 #include <QtTest>
 #include <bit>
 #include <dl_dxf.h>
@@ -131,6 +129,13 @@ private:
     QRandomGenerator m_random;
 };
 
+DxfReadResult read(QByteArray plan)
+{
+    QBuffer buffer(&plan);
+    buffer.open(QIODevice::ReadOnly);
+    return ReadDxf(buffer, u"plan"_s);
+}
+
 DxfDrawing readByParser(const QByteArray &plan)
 {
     DxfConvertCreationAdapter adapter;
@@ -158,17 +163,6 @@ QByteArray spelled(QRandomGenerator &random)
         text += oneOf({"e", "E"}) + oneOf({"", "-", "+"}) + digits(random.bounded(8) == 0 ? 5 : 2);
     return oneOf({"", " ", "\t "}) + text + oneOf({"", "  "});
 }
-
-/// Keeps what the parser's creation interface is handed.
-class VertexCollector : public DL_CreationAdapter
-{
-public:
-    void addVertex(const DL_VertexData &vertex) override
-    {
-        vertices.push_back({vertex.x, vertex.y});
-    }
-    std::vector<DxfVertex> vertices;
-};
 
 /// What shows every bit, and how inserts are placed.
 QByteArray bitsOf(const DxfDrawing &drawing)
@@ -203,104 +197,85 @@ class TestDxfAgainstParser : public QObject
     Q_OBJECT
 
 private slots:
-    void agreesOnWholeAndMutatedPlans();
-    void convertsEverySpellingAsTheParser();
-    void keepsThePromisesOfTheFuzzer();
-};
+    void agreesOnWholeAndMutatedPlans()
+    {
+        int accepted = 0;
+        std::size_t inserts = 0;
+        for (quint32 seed = 0; seed < 5'000; ++seed) {
+            PlanMaker maker(seed);
+            PlanPairs pairs = maker.plan();
+            const quint32 mutations = seed % 5;
+            for (quint32 i = 0; i < mutations; ++i)
+                maker.mutate(pairs);
+            const QByteArray plan = asciiPlan(pairs, seed % 2 == 0 ? "\n" : "\r\n");
+            const DxfReadResult ours = read(plan);
+            if (!ours && mutations > 0)
+                continue; // the parser takes anything for a number
+            QVERIFY2(ours, ours ? "" : qPrintable(ours.error->message));
+            const DxfDrawing theirs = readByParser(plan);
+            QVERIFY2(textOf(ours.drawing) == textOf(theirs), plan);
+            if (mutations == 0) // the parser takes anything for a placement
+                QVERIFY2(bitsOf(ours.drawing) == bitsOf(theirs),
+                         bitsOf(ours.drawing) + '\n' + bitsOf(theirs) + '\n' + plan);
+            QCOMPARE(ours.drawing.Version(), theirs.Version());
+            QCOMPARE(ours.drawing.CodePage(), theirs.CodePage());
+            inserts += theirs.Inserts().size();
+            ++accepted;
+        }
+        QVERIFY(accepted > 3'000 && inserts > 3'000); // the plans did hold something
+    }
 
-void TestDxfAgainstParser::agreesOnWholeAndMutatedPlans()
-{
-    int accepted = 0;
-    std::size_t inserts = 0;
-    for (quint32 seed = 0; seed < 5'000; ++seed) {
-        PlanMaker maker(seed);
-        PlanPairs pairs = maker.plan();
-        const quint32 mutations = seed % 5;
-        for (quint32 i = 0; i < mutations; ++i)
-            maker.mutate(pairs);
-        QByteArray plan = asciiPlan(pairs, seed % 2 == 0 ? "\n" : "\r\n");
-        QBuffer buffer(&plan);
-        buffer.open(QIODevice::ReadOnly);
-        const DxfReadResult ours = ReadDxf(buffer, u"plan"_s);
-        if (!ours && mutations > 0)
-            continue; // the parser takes anything for a number
-        QVERIFY2(ours, ours ? "" : qPrintable(ours.error->message));
+    void convertsEverySpellingAsTheParser()
+    {
+        QRandomGenerator random(314);
+        QByteArrayList spellings =
+            QByteArray("0 -0 +0 -.0e5 1e308 -1e-320 1e-999 -1e-999 4.9e-324 "
+                       "2.5e-324 -2.4e-324 9007199254740993 0.1e-00005 1,5e3 "
+                       "1.7976931348623157e308 2.2250738585072011e-308")
+                .split(' ');
+        spellings << "0." + QByteArray(400, '0') + "1" << QByteArray(300, '9')
+                  << '1' + QByteArray(400, '0') + "e-400";
+        while (spellings.size() < 60'000)
+            spellings << spelled(random);
+        spellings.removeIf([](const QByteArray &s) { return !realNumber(s.toStdString()); });
+        QVERIFY(spellings.size() > 40'000);
+        spellings.resize(spellings.size() / 2 * 2);
+        QByteArray plan = "0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\nA\n0\nPOLYLINE\n";
+        for (qsizetype i = 0; i < spellings.size(); i += 2)
+            plan += "0\nVERTEX\n10\n" + spellings[i] + "\n20\n" + spellings[i + 1] + '\n';
+        plan += "0\nSEQEND\n0\nENDBLK\n0\nENDSEC\n0\nEOF\n";
+        const DxfReadResult ours = read(plan);
+        QVERIFY(bool(ours));
         const DxfDrawing theirs = readByParser(plan);
-        QVERIFY2(textOf(ours.drawing) == textOf(theirs), plan);
-        if (mutations == 0) // the parser takes anything for a placement
-            QVERIFY2(bitsOf(ours.drawing) == bitsOf(theirs),
-                     bitsOf(ours.drawing) + '\n' + bitsOf(theirs) + '\n' + plan);
-        QCOMPARE(ours.drawing.Version(), theirs.Version());
-        QCOMPARE(ours.drawing.CodePage(), theirs.CodePage());
-        inserts += theirs.Inserts().size();
-        ++accepted;
+        const auto verticesOf = [](const DxfDrawing &drawing) {
+            return drawing.Vertices(drawing.Polylines(drawing.Blocks()[0])[0]);
+        };
+        const auto given = verticesOf(ours.drawing);
+        const auto wanted = verticesOf(theirs);
+        QCOMPARE(given.size(), wanted.size());
+        QCOMPARE(static_cast<qsizetype>(given.size()), spellings.size() / 2);
+        const auto isSame = [](double a, double b) {
+            return std::bit_cast<quint64>(a) == std::bit_cast<quint64>(b);
+        };
+        for (std::size_t i = 0; i < given.size(); ++i) {
+            const qsizetype at = 2 * static_cast<qsizetype>(i);
+            QVERIFY2(isSame(given[i].x, wanted[i].x), spellings[at]);
+            QVERIFY2(isSame(given[i].y, wanted[i].y), spellings[at + 1]);
+        }
     }
-    QVERIFY(accepted > 3'000 && inserts > 3'000); // the plans did hold something
-}
 
-void TestDxfAgainstParser::convertsEverySpellingAsTheParser()
-{
-    QRandomGenerator random(314);
-    QByteArrayList spellings{"0",
-                             "-0",
-                             "+0",
-                             "-.0e5",
-                             "1e308",
-                             "-1e-320",
-                             "1e-999",
-                             "-1e-999",
-                             "4.9e-324",
-                             "2.5e-324",
-                             "-2.4e-324",
-                             "0." + QByteArray(400, '0') + "1",
-                             QByteArray(300, '9'),
-                             "9007199254740993",
-                             "0.1e-00005",
-                             "1,5e3",
-                             "1.7976931348623157e308",
-                             "2.2250738585072011e-308",
-                             '1' + QByteArray(400, '0') + "e-400"};
-    while (spellings.size() < 60'000)
-        spellings << spelled(random);
-    spellings.removeIf([](const QByteArray &s) { return !realNumber(s.toStdString()); });
-    QVERIFY(spellings.size() > 40'000);
-    spellings.resize(spellings.size() / 2 * 2);
-    QByteArray plan = "0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\nA\n0\nPOLYLINE\n";
-    for (qsizetype i = 0; i < spellings.size(); i += 2)
-        plan += "0\nVERTEX\n10\n" + spellings[i] + "\n20\n" + spellings[i + 1] + '\n';
-    plan += "0\nSEQEND\n0\nENDBLK\n0\nENDSEC\n0\nEOF\n";
-    VertexCollector theirs;
-    std::istringstream stream(plan.toStdString());
-    DL_Dxf().in(stream, &theirs);
-    QBuffer buffer(&plan);
-    buffer.open(QIODevice::ReadOnly);
-    const DxfReadResult ours = ReadDxf(buffer, u"plan"_s);
-    QVERIFY(bool(ours));
-    const auto vertices =
-        ours.drawing.Vertices(ours.drawing.Polylines(ours.drawing.Blocks()[0])[0]);
-    QCOMPARE(vertices.size(), theirs.vertices.size());
-    QCOMPARE(static_cast<qsizetype>(vertices.size()), spellings.size() / 2);
-    const auto isSame = [](double a, double b) {
-        return std::bit_cast<quint64>(a) == std::bit_cast<quint64>(b);
-    };
-    for (std::size_t i = 0; i < vertices.size(); ++i) {
-        const qsizetype at = 2 * static_cast<qsizetype>(i);
-        QVERIFY2(isSame(vertices[i].x, theirs.vertices[i].x), spellings[at]);
-        QVERIFY2(isSame(vertices[i].y, theirs.vertices[i].y), spellings[at + 1]);
+    void keepsThePromisesOfTheFuzzer()
+    {
+        const auto seeds = QDir(QStringLiteral(KELO_PLAN_CORPUS)).entryInfoList(QDir::Files);
+        QVERIFY(!seeds.isEmpty());
+        for (const QFileInfo &seed : seeds) {
+            QFile file(seed.filePath());
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            qInfo("%s", qPrintable(seed.fileName())); // the last one named is the one that failed
+            checkPlan(file.readAll().toStdString());
+        }
     }
-}
-
-void TestDxfAgainstParser::keepsThePromisesOfTheFuzzer()
-{
-    const QFileInfoList seeds = QDir(QStringLiteral(KELO_PLAN_CORPUS)).entryInfoList(QDir::Files);
-    QVERIFY(!seeds.isEmpty());
-    for (const QFileInfo &seed : seeds) {
-        QFile file(seed.filePath());
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        qInfo("%s", qPrintable(seed.fileName())); // the last one named is the one that failed
-        checkPlan(file.readAll().toStdString());
-    }
-}
+};
 
 QTEST_GUILESS_MAIN(TestDxfAgainstParser)
 #include "tst_dxfagainstparser.moc"

@@ -3,10 +3,7 @@
 // users learn of positions that do not count.
 #include "tests/dxf/plan.h"
 #include "tests/support/PlanPairs.h"
-#include <QBuffer>
-#include <QRandomGenerator>
 #include <QtTest>
-#include <array>
 #include <cmath>
 #include <kelo_base/dxf/DxfReader.h>
 #include <kelo_base/dxf/Gk2Writer.h>
@@ -18,31 +15,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-using Vector = std::array<double, 3>;
-
-Vector cross(const Vector &a, const Vector &b)
-{
-    return {a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]};
-}
-
-Vector unit(const Vector &v)
-{
-    const double length = std::hypot(v[0], v[1], v[2]);
-    return {v[0] / length, v[1] / length, v[2] / length};
-}
-
-/// The arbitrary axis algorithm for any normal: a point of an object's plane in the world.
-Vector toWorld(const Vector &normal, const Vector &point)
-{
-    const bool isNearlyVertical = std::abs(normal[0]) < 1.0 / 64 && std::abs(normal[1]) < 1.0 / 64;
-    const Vector x = unit(cross(isNearlyVertical ? Vector{0, 1, 0} : Vector{0, 0, 1}, normal));
-    const Vector y = cross(normal, x);
-    Vector world{};
-    for (std::size_t i = 0; i < 3; ++i)
-        world[i] = x[i] * point[0] + y[i] * point[1] + normal[i] * point[2];
-    return world;
-}
-
 /// In polar form: turned as an angle is added, not by a matrix.
 DxfVertex turned(DxfVertex point, double degrees)
 {
@@ -51,12 +23,12 @@ DxfVertex turned(DxfVertex point, double degrees)
     return {radius * std::cos(angle), radius * std::sin(angle)};
 }
 
+const QByteArray kDrawn = "0 LWPOLYLINE|90 4|70 1|10 10|20 20|10 13|20 20|10 13|20 22|10 10|20 22";
+
 /// A plan whose one block is a frame of 3 x 2 at (10, 20), or @p block, inserted as told.
-QByteArray planOf(const QByteArray &insert, const QByteArray &block = {})
+QByteArray planOf(const QByteArray &insert, const QByteArray &block = kDrawn)
 {
-    const QByteArray frame =
-        "0 LWPOLYLINE|90 4|70 1|10 10|20 20|10 13|20 20|10 13|20 22|10 10|20 22";
-    return asciiPlan(pairsOf("0 SECTION|2 BLOCKS|0 BLOCK|2 A|" + (block.isEmpty() ? frame : block) +
+    return asciiPlan(pairsOf("0 SECTION|2 BLOCKS|0 BLOCK|2 A|" + block +
                              "|0 ENDBLK|0 ENDSEC|0 SECTION|2 ENTITIES|0 INSERT|2 A|" + insert +
                              "|0 ATTRIB|2 BL_NR|1 #|0 SEQEND|0 ENDSEC|0 EOF"));
 }
@@ -66,6 +38,13 @@ DxfReadResult read(QByteArray plan)
     QBuffer buffer(&plan);
     buffer.open(QIODevice::ReadOnly);
     return ReadDxf(buffer, u"plan.dxf"_s);
+}
+
+PlanOpening openPlaced(QByteArray plan)
+{
+    QBuffer buffer(&plan);
+    buffer.open(QIODevice::ReadOnly);
+    return PlanSession::Open(buffer, u"plan.dxf"_s, {.filter = {}, .appliesPlacement = true});
 }
 
 /// The corners as they go into the file: "x y, ..." for each sheet from top left clockwise.
@@ -88,242 +67,188 @@ class TestPlacing : public QObject
     Q_OBJECT
 
 private slots:
-    void agreesWithAnotherWayToTheMatrices();
-    void placesBeforeLabelling_data();
-    void placesBeforeLabelling();
-    void keepsWhatCannotBePlaced_data();
-    void keepsWhatCannotBePlaced();
-    void tellsOfPositionsThatDoNotCount_data();
-    void tellsOfPositionsThatDoNotCount();
-    void sharesNothingThatSheetsWouldLose();
-    void refusesPlansThatBecomeTooLarge();
-    void changesItsMindInASession();
+    void agreesWithAnotherWayToTheMatrices()
+    {
+        QRandomGenerator random(14);
+        const auto number = [&random](double most) {
+            return (random.generateDouble() - 0.5) * most;
+        };
+        for (int round = 0; round < 20'000; ++round) {
+            DxfPlacement placement{.position = {number(1e4), number(1e4)},
+                                   .scaleX = number(8),
+                                   .scaleY = number(8),
+                                   .angle = 90.0 * random.bounded(-9, 9),
+                                   .columnSpacing = number(100),
+                                   .rowSpacing = number(100),
+                                   .columns = 9,
+                                   .rows = 9};
+            if (round % 3 != 0)
+                placement.angle = number(1500);
+            const bool isBelow = random.bounded(2) == 0;
+            placement.plane =
+                isBelow ? DxfPlacement::Plane::Downwards : DxfPlacement::Plane::Upwards;
+            const DxfVertex base{number(50), number(50)};
+            const DxfVertex point{number(50), number(50)};
+            const int column = random.bounded(9);
+            const int row = random.bounded(9);
+            const DxfVertex scaled{placement.scaleX * (point.x - base.x),
+                                   placement.scaleY * (point.y - base.y)};
+            const DxfVertex inPlane = turned({scaled.x + column * placement.columnSpacing,
+                                              scaled.y + row * placement.rowSpacing},
+                                             placement.angle);
+            // The plane seen from below has its x axis turned round, and the position lies in it.
+            const double x = inPlane.x + placement.position.x;
+            const double y = inPlane.y + placement.position.y;
+            const DxfVertex given = MapOf(placement, base, column, row)(point);
+            QVERIFY2(std::abs(given.x - (isBelow ? -x : x)) < 1e-8, QByteArray::number(round));
+            QVERIFY2(std::abs(given.y - y) < 1e-8, QByteArray::number(round));
+        }
+    }
+
+    void placesBeforeLabelling()
+    {
+        const auto row = [](const char *name, const QByteArray &insert, const QStringList &corners,
+                            const QByteArray &block = kDrawn) {
+            PlacingResult placed = PlaceInserts(read(planOf(insert, block)).drawing);
+            QVERIFY2(placed && placed.drawing.IsPlaced(), name);
+            LabelSheets(placed.drawing, CornerOrder::Upright);
+            const QStringList given = cornersOf(placed.drawing, allInserts(placed.drawing));
+            QVERIFY2(given == corners, name + (": " + given.join(u'|').toUtf8()));
+        };
+        row("an insert at the origin moves nothing", "10 0|20 0", {u"10 22 13 22 13 20 10 20"_s});
+        row("an insert without a position moves nothing", "8 0", {u"10 22 13 22 13 20 10 20"_s});
+        row("the insertion point moves", "10 100|20 -100", {u"110 -78 113 -78 113 -80 110 -80"_s});
+        row("scales apply to each axis", "41 2|42 10", {u"20 220 26 220 26 200 20 200"_s});
+        row("a quarter turn is exact, and labels follow the turned sheet", "50 90",
+            {u"-22 13 -20 13 -20 10 -22 10"_s});
+        row("a half turn", "50 -180", {u"-13 -20 -10 -20 -10 -22 -13 -22"_s});
+        row("a small turn keeps the labels on the sheet", "50 36.86989764584402|10 100",
+            {u"94,80 23,60 97,20 25,40 98,40 23,80 96 22"_s});
+        row("mirrored by a negative scale", "41 -1", {u"-13 22 -10 22 -10 20 -13 20"_s});
+        row("mirrored upside down", "42 -1", {u"10 -20 13 -20 13 -22 10 -22"_s});
+        row("seen from below, position and all", "10 100|20 1|210 0|220 0|230 -1",
+            {u"-113 23 -110 23 -110 21 -113 21"_s});
+        row("from below and turned", "50 90|10 100|230 -1", {u"-80 13 -78 13 -78 10 -80 10"_s});
+        row("the base point lies on the insertion point", "10 5|20 6|41 2|42 2",
+            {u"5 10 11 10 11 6 5 6"_s}, "10 10|20 20|" + kDrawn);
+        row("rows and columns are sheets of their own", "70 2|71 2|44 5|45 -4|41 2",
+            {u"20 22 26 22 26 20 20 20"_s, u"25 22 31 22 31 20 25 20"_s,
+             u"20 18 26 18 26 16 20 16"_s, u"25 18 31 18 31 16 25 16"_s});
+        row("columns turn with the insert", "70 2|44 5|50 90",
+            {u"-22 13 -20 13 -20 10 -22 10"_s, u"-22 18 -20 18 -20 15 -22 15"_s});
+        row("a count of none is one", "70 0|71 -3|44 5", {u"10 22 13 22 13 20 10 20"_s});
+        row("a turned frame scaled askew is no rectangle any more", "41 2", {u""_s},
+            "0 LWPOLYLINE|90 4|70 1|10 0|20 0|10 4|20 3|10 1|20 7|10 -3|20 4");
+        row("a rhomb scaled upright is one", "42 0.5", {u"0 0 10 10 20 0 10 -10"_s},
+            "0 LWPOLYLINE|90 4|70 1|10 0|20 0|10 10|20 -20|10 20|20 0|10 10|20 20");
+        row("a frame that is drawn from below lies mirrored", "10 100",
+            {u"87 22 90 22 90 20 87 20"_s}, kDrawn + "|230 -1");
+        row("so does a polyline of the old kind", "10 100", {u"87 22 90 22 90 20 87 20"_s},
+            "0 POLYLINE|70 1|230 -1|0 VERTEX|10 10|20 20|0 VERTEX|10 13|20 20|0 VERTEX|10 13|20 22|"
+            "0 VERTEX|10 10|20 22|0 SEQEND");
+        row("what is no frame is left out", "10 100", {u"110 22 113 22 113 20 110 20"_s},
+            "0 LWPOLYLINE|10 0|20 0|10 9|20 9|" + kDrawn);
+    }
+
+    void keepsWhatCannotBePlaced()
+    {
+        const auto row = [](const QByteArray &insert, const QString &why) {
+            PlacingResult placed = PlaceInserts(read(planOf(insert)).drawing);
+            QVERIFY2(placed, insert);
+            const auto analysis = AnalyzeSheets(placed.drawing, {}, CornerOrder::Upright, {});
+            QCOMPARE(cornersOf(placed.drawing, analysis->sheets), {u"10 22 13 22 13 20 10 20"_s});
+            QVERIFY2(analysis->diagnostics.size() == 1 && analysis->warnings == 1, insert);
+            const PlanFinding &told = analysis->diagnostics[0];
+            QVERIFY2(told.text.contains(why) && told.subject == u"#"_s, qPrintable(told.text));
+        };
+        row("230 0.5|210 0.5|10 3", u"is tilted"_s);
+        row("230 0|210 1|10 3", u"is tilted"_s);
+        row("10 x|20 3", u"no usable number"_s);
+        row("50 nan", u"no usable number"_s);
+        row("41 1e308|42 9", u"no usable number"_s); // a place beyond all numbers
+    }
+
+    void tellsOfPositionsThatDoNotCount()
+    {
+        /// Empty where there is nothing to tell.
+        const auto row = [](const QByteArray &inserts, const QString &note) {
+            DxfReadResult plan = read(planOf(inserts));
+            auto analysis = AnalyzeSheets(plan.drawing, {}, CornerOrder::Upright, {});
+            QVERIFY2(analysis->diagnostics.size() == (note.isEmpty() ? 0 : 1), inserts);
+            QCOMPARE(analysis->warnings, 0);
+            for (const PlanFinding &told : analysis->diagnostics) {
+                QVERIFY2(told.text.startsWith(note) && told.text.contains("(--placed)"_L1),
+                         qPrintable(told.text));
+                QCOMPARE(told.severity, PlanFinding::Severity::Note);
+            }
+            PlacingResult placed = PlaceInserts(plan.drawing);
+            analysis = AnalyzeSheets(placed.drawing, {}, CornerOrder::Upright, {});
+            for (const PlanFinding &told : analysis->diagnostics)
+                QVERIFY2(!told.text.contains("--placed"_L1), qPrintable(told.text));
+        };
+        row("50 360|41 1", {}); // moves nothing
+        for (const char *moved : {"10 1", "50 90", "41 -1", "71 2", "230 -1"})
+            row(moved, u"A sheet is moved, turned or scaled by its insert"_s);
+        row("10 1|0 ATTRIB|2 BL_NR|1 6|0 INSERT|2 A|10 900",
+            u"2 sheets have the same corners as others"_s);
+    }
+
+    // Sheets without block or polyline, several of one bad block, and the place of each attribute.
+    void sharesNothingThatSheetsWouldLose()
+    {
+        DxfDrawingBuilder plan;
+        addBlock(plan, "empty", {});
+        addBlock(plan, "sheet", {kFrame});
+        addBlock(plan, "bad", {kFrame, kFrame});
+        for (const char *block : {"empty", "sheet", "nowhere", "bad", "sheet", "bad", "empty"})
+            addInsert(plan, block, {{"BL_NR", "7"}, {"TYP", block}});
+        const DxfDrawing drawing = plan.Take();
+        PlacingResult placed = PlaceInserts(drawing);
+        QVERIFY(bool(placed));
+        QCOMPARE(placed.drawing.Inserts().size(), drawing.Inserts().size());
+        for (std::size_t i = 0; i < drawing.Inserts().size(); ++i) {
+            const DxfInsert &insert = placed.drawing.Inserts()[i];
+            QCOMPARE(placed.drawing.FindAttribute(insert, "TYP"), drawing.BlockName(insert));
+            QCOMPARE(placed.drawing.BlockOf(insert) != nullptr,
+                     drawing.BlockOf(drawing.Inserts()[i]) != nullptr);
+        }
+        const auto analysis = AnalyzeSheets(placed.drawing, {}, CornerOrder::Upright, {});
+        const auto isOfFrames = [](const PlanFinding &d) {
+            return d.text.startsWith("Rectangle"_L1);
+        };
+        QCOMPARE(std::ranges::count_if(analysis->diagnostics, isOfFrames), 1);
+        QCOMPARE(analysis->sheets.size(), 4U);
+    }
+
+    void refusesPlansThatBecomeTooLarge()
+    {
+        const QByteArray large = planOf("70 32767|71 32767|44 5|45 5");
+        const PlacingResult placed = PlaceInserts(read(large).drawing);
+        QVERIFY(placed.tooLarge && placed.drawing.Inserts().empty());
+        const DxfReadResult small = read(planOf("10 100"));
+        QVERIFY(PlaceInserts(small.drawing, [](qint64, qint64) { return false; }).cancelled);
+        const PlanOpening opening = openPlaced(large);
+        QVERIFY(!opening && opening.error->message.contains(u"too many sheets"_s));
+    }
+
+    void changesItsMindInASession()
+    {
+        const PlanOpening opening = openPlaced(planOf("10 100"));
+        QVERIFY(bool(opening));
+        PlanSession &session = *opening.session;
+        const QStringList placed{u"110 22 113 22 113 20 110 20"_s};
+        const QStringList asDrawn{u"10 22 13 22 13 20 10 20"_s};
+        QCOMPARE(cornersOf(session.Drawing(), session.Sheets()), placed);
+        for (const bool isPlaced : {false, false, true, false}) {
+            session.Drawing().SetExportMark(0, isPlaced);
+            QVERIFY(session.Relabel({.filter = {}, .appliesPlacement = isPlaced}));
+            QCOMPARE(session.Drawing().IsPlaced(), isPlaced);
+            QCOMPARE(session.Drawing().Inserts()[0].exportMark, isPlaced);
+            session.Drawing().SetExportMark(0, true);
+            QCOMPARE(cornersOf(session.Drawing(), session.Sheets()), isPlaced ? placed : asDrawn);
+        }
+    }
 };
-
-void TestPlacing::agreesWithAnotherWayToTheMatrices()
-{
-    QRandomGenerator random(14);
-    const auto number = [&random](double most) { return (random.generateDouble() - 0.5) * most; };
-    for (int round = 0; round < 20'000; ++round) {
-        DxfPlacement placement{.position = {number(1e4), number(1e4)},
-                               .scaleX = number(8),
-                               .scaleY = number(8),
-                               .angle =
-                                   round % 3 == 0 ? 90.0 * random.bounded(-9, 9) : number(1500),
-                               .columnSpacing = number(100),
-                               .rowSpacing = number(100),
-                               .columns = 9,
-                               .rows = 9};
-        const bool isBelow = random.bounded(2) == 0;
-        placement.plane = isBelow ? DxfPlacement::Plane::Downwards : DxfPlacement::Plane::Upwards;
-        const DxfVertex base{number(50), number(50)};
-        const DxfVertex point{number(50), number(50)};
-        const int column = random.bounded(9);
-        const int row = random.bounded(9);
-        const DxfVertex scaled{placement.scaleX * (point.x - base.x),
-                               placement.scaleY * (point.y - base.y)};
-        const DxfVertex inPlane = turned(
-            {scaled.x + column * placement.columnSpacing, scaled.y + row * placement.rowSpacing},
-            placement.angle);
-        const Vector expected =
-            toWorld({0, 0, isBelow ? -1.0 : 1.0},
-                    {inPlane.x + placement.position.x, inPlane.y + placement.position.y, 0});
-        const DxfVertex given = MapOf(placement, base, column, row)(point);
-        QVERIFY2(std::abs(given.x - expected[0]) < 1e-8, QByteArray::number(round));
-        QVERIFY2(std::abs(given.y - expected[1]) < 1e-8, QByteArray::number(round));
-    }
-}
-
-void TestPlacing::placesBeforeLabelling_data()
-{
-    QTest::addColumn<QByteArray>("insert");
-    QTest::addColumn<QByteArray>("block");
-    QTest::addColumn<QStringList>("corners");
-    const auto row = [](const char *name, const QByteArray &insert, const QStringList &corners,
-                        const QByteArray &block = {}) {
-        QTest::newRow(name) << insert << block << corners;
-    };
-    row("an insert at the origin moves nothing", "10 0|20 0", {u"10 22 13 22 13 20 10 20"_s});
-    row("an insert without a position stands at the origin", "8 0", {u"10 22 13 22 13 20 10 20"_s});
-    row("the insertion point moves", "10 100|20 -100", {u"110 -78 113 -78 113 -80 110 -80"_s});
-    row("scales apply to each axis", "41 2|42 10", {u"20 220 26 220 26 200 20 200"_s});
-    row("a quarter turn is exact, and labels follow the turned sheet", "50 90",
-        {u"-22 13 -20 13 -20 10 -22 10"_s});
-    row("a half turn", "50 -180", {u"-13 -20 -10 -20 -10 -22 -13 -22"_s});
-    row("a small turn keeps the labels on the sheet", "50 36.86989764584402|10 100",
-        {u"94,80 23,60 97,20 25,40 98,40 23,80 96 22"_s});
-    row("mirrored by a negative scale", "41 -1", {u"-13 22 -10 22 -10 20 -13 20"_s});
-    row("mirrored upside down", "42 -1", {u"10 -20 13 -20 13 -22 10 -22"_s});
-    row("seen from below, position and all", "10 100|20 1|210 0|220 0|230 -1",
-        {u"-113 23 -110 23 -110 21 -113 21"_s});
-    row("seen from below and turned", "50 90|10 100|230 -1", {u"-80 13 -78 13 -78 10 -80 10"_s});
-    row("the base point lies on the insertion point", "10 5|20 6|41 2|42 2",
-        {u"5 10 11 10 11 6 5 6"_s},
-        "10 10|20 20|0 LWPOLYLINE|90 4|70 1|10 10|20 20|10 13|20 20|10 13|20 22|10 10|20 22");
-    row("rows and columns are sheets of their own", "70 2|71 2|44 5|45 -4|41 2",
-        {u"20 22 26 22 26 20 20 20"_s, u"25 22 31 22 31 20 25 20"_s, u"20 18 26 18 26 16 20 16"_s,
-         u"25 18 31 18 31 16 25 16"_s});
-    row("columns turn with the insert", "70 2|44 5|50 90",
-        {u"-22 13 -20 13 -20 10 -22 10"_s, u"-22 18 -20 18 -20 15 -22 15"_s});
-    row("a count of none is one", "70 0|71 -3|44 5", {u"10 22 13 22 13 20 10 20"_s});
-    row("a turned frame scaled askew is no rectangle any more", "41 2", {u""_s},
-        "0 LWPOLYLINE|90 4|70 1|10 0|20 0|10 4|20 3|10 1|20 7|10 -3|20 4");
-    row("a rhomb scaled upright is one", "42 0.5", {u"0 0 10 10 20 0 10 -10"_s},
-        "0 LWPOLYLINE|90 4|70 1|10 0|20 0|10 10|20 -20|10 20|20 0|10 10|20 20");
-    row("a frame that is drawn from below lies mirrored", "10 100", {u"87 22 90 22 90 20 87 20"_s},
-        "0 LWPOLYLINE|90 4|70 1|10 10|20 20|10 13|20 20|10 13|20 22|10 10|20 22|230 -1");
-    row("so does a polyline of the old kind", "10 100", {u"87 22 90 22 90 20 87 20"_s},
-        "0 POLYLINE|70 1|230 -1|0 VERTEX|10 10|20 20|0 VERTEX|10 13|20 20|0 VERTEX|10 13|20 22|"
-        "0 VERTEX|10 10|20 22|0 SEQEND");
-    row("what is no frame is left out", "10 100", {u"110 22 113 22 113 20 110 20"_s},
-        "0 LWPOLYLINE|10 0|20 0|10 9|20 9|0 LWPOLYLINE|90 4|70 1|10 10|20 20|10 13|20 20|10 13|"
-        "20 22|10 10|20 22");
-}
-
-void TestPlacing::placesBeforeLabelling()
-{
-    QFETCH(const QByteArray, insert);
-    QFETCH(const QByteArray, block);
-    QFETCH(const QStringList, corners);
-    const DxfReadResult plan = read(planOf(insert, block));
-    QVERIFY(plan);
-    PlacingResult placed = PlaceInserts(plan.drawing);
-    QVERIFY(placed && placed.drawing.IsPlaced());
-    LabelSheets(placed.drawing, CornerOrder::Upright);
-    QCOMPARE(cornersOf(placed.drawing, allInserts(placed.drawing)), corners);
-}
-
-void TestPlacing::keepsWhatCannotBePlaced_data()
-{
-    QTest::addColumn<QByteArray>("insert");
-    QTest::addColumn<QString>("why");
-    QTest::newRow("a plane that is tilted") << "230 0.5|210 0.5|10 3"_ba << u"is tilted"_s;
-    QTest::newRow("a plane that stands upright") << "230 0|210 1|10 3"_ba << u"is tilted"_s;
-    QTest::newRow("a position that is no number") << "10 x|20 3"_ba << u"no usable number"_s;
-    QTest::newRow("an angle that is no number") << "50 nan"_ba << u"no usable number"_s;
-    QTest::newRow("a place beyond all numbers") << "41 1e308|42 9"_ba << u"no usable number"_s;
-}
-
-void TestPlacing::keepsWhatCannotBePlaced()
-{
-    QFETCH(const QByteArray, insert);
-    QFETCH(const QString, why);
-    DxfReadResult plan = read(planOf(insert));
-    QVERIFY(plan);
-    PlacingResult placed = PlaceInserts(plan.drawing);
-    QVERIFY(bool(placed));
-    const auto analysis = AnalyzeSheets(placed.drawing, {}, CornerOrder::Upright, u"plan.dxf"_s);
-    QCOMPARE(cornersOf(placed.drawing, analysis->sheets), {u"10 22 13 22 13 20 10 20"_s});
-    QCOMPARE(analysis->diagnostics.size(), 1U);
-    QVERIFY2(analysis->diagnostics[0].text.contains(why),
-             qPrintable(analysis->diagnostics[0].text));
-    QCOMPARE(analysis->diagnostics[0].subject, u"#"_s);
-    QCOMPARE(analysis->warnings, 1);
-}
-
-void TestPlacing::tellsOfPositionsThatDoNotCount_data()
-{
-    QTest::addColumn<QByteArray>("inserts");
-    QTest::addColumn<QStringList>("notes");
-    const auto row = [](const char *name, const QByteArray &inserts, const QStringList &notes) {
-        QTest::newRow(name) << inserts << notes;
-    };
-    const QString moved = u"A sheet is moved, turned or scaled by its insert"_s;
-    row("an insert that moves nothing", "50 360|41 1", {});
-    row("a moved insert", "10 1", {moved});
-    row("a turned insert", "50 90", {moved});
-    row("a mirrored insert", "41 -1", {moved});
-    row("a grid", "71 2", {moved});
-    row("an insert seen from below", "230 -1", {moved});
-    row("sheets of one block", "10 1|0 ATTRIB|2 BL_NR|1 6|0 INSERT|2 A|10 900",
-        {u"2 sheets have the same corners as others"_s});
-}
-
-void TestPlacing::tellsOfPositionsThatDoNotCount()
-{
-    QFETCH(const QByteArray, inserts);
-    QFETCH(const QStringList, notes);
-    DxfReadResult plan = read(planOf(inserts));
-    QVERIFY(plan);
-    const auto analysis = AnalyzeSheets(plan.drawing, {}, CornerOrder::Upright, u"plan.dxf"_s);
-    QCOMPARE(analysis->diagnostics.size(), static_cast<std::size_t>(notes.size()));
-    for (qsizetype i = 0; i < notes.size(); ++i) {
-        const PlanFinding &told = analysis->diagnostics[static_cast<std::size_t>(i)];
-        QVERIFY2(told.text.startsWith(notes[i]), qPrintable(told.text));
-        QVERIFY2(told.text.contains("(--placed)"_L1), qPrintable(told.text));
-        QCOMPARE(told.severity, PlanFinding::Severity::Note);
-    }
-    QCOMPARE(analysis->warnings, 0);
-    PlacingResult placed = PlaceInserts(plan.drawing);
-    const auto again = AnalyzeSheets(placed.drawing, {}, CornerOrder::Upright, u"plan.dxf"_s);
-    for (const PlanFinding &told : again->diagnostics)
-        QVERIFY2(!told.text.contains("--placed"_L1), qPrintable(told.text));
-}
-
-// Sheets without block or polyline, several of one bad block, and the place of each attribute.
-void TestPlacing::sharesNothingThatSheetsWouldLose()
-{
-    DxfDrawingBuilder plan;
-    addBlock(plan, "empty", {});
-    addBlock(plan, "sheet", {kFrame});
-    addBlock(plan, "bad", {kFrame, kFrame});
-    for (const char *block : {"empty", "sheet", "nowhere", "bad", "sheet", "bad", "empty"})
-        addInsert(plan, block, {{"BL_NR", "7"}, {"TYP", block}});
-    const DxfDrawing drawing = plan.Take();
-    PlacingResult placed = PlaceInserts(drawing);
-    QVERIFY(bool(placed));
-    QCOMPARE(placed.drawing.Inserts().size(), drawing.Inserts().size());
-    for (std::size_t i = 0; i < drawing.Inserts().size(); ++i) {
-        const DxfInsert &insert = placed.drawing.Inserts()[i];
-        QCOMPARE(placed.drawing.FindAttribute(insert, "TYP"), drawing.BlockName(insert));
-        QCOMPARE(placed.drawing.BlockOf(insert) != nullptr,
-                 drawing.BlockOf(drawing.Inserts()[i]) != nullptr);
-    }
-    const auto analysis = AnalyzeSheets(placed.drawing, {}, CornerOrder::Upright, {});
-    const auto isOfFrames = [](const PlanFinding &d) { return d.text.startsWith("Rectangle"_L1); };
-    QCOMPARE(std::ranges::count_if(analysis->diagnostics, isOfFrames), 1);
-    QCOMPARE(analysis->sheets.size(), 4U);
-}
-
-void TestPlacing::refusesPlansThatBecomeTooLarge()
-{
-    const DxfReadResult plan = read(planOf("70 32767|71 32767|44 5|45 5"));
-    QVERIFY(bool(plan));
-    const PlacingResult placed = PlaceInserts(plan.drawing);
-    QVERIFY(placed.tooLarge && placed.drawing.Inserts().empty());
-    const DxfReadResult small = read(planOf("10 100"));
-    QVERIFY(PlaceInserts(small.drawing, [](qint64, qint64) { return false; }).cancelled);
-    QByteArray bytes = planOf("70 32767|71 32767|44 5|45 5");
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::ReadOnly);
-    const PlanOpening opening = PlanSession::Open(
-        buffer, u"plan.dxf"_s, AnalysisOptions{.filter = {}, .appliesPlacement = true});
-    QVERIFY(!opening && opening.error->message.contains(u"too many sheets"_s));
-}
-
-void TestPlacing::changesItsMindInASession()
-{
-    QByteArray plan = planOf("10 100");
-    QBuffer buffer(&plan);
-    buffer.open(QIODevice::ReadOnly);
-    AnalysisOptions options;
-    options.appliesPlacement = true;
-    const PlanOpening opening = PlanSession::Open(buffer, u"plan.dxf"_s, options);
-    QVERIFY(bool(opening));
-    PlanSession &session = *opening.session;
-    const QStringList placed{u"110 22 113 22 113 20 110 20"_s};
-    const QStringList asDrawn{u"10 22 13 22 13 20 10 20"_s};
-    QCOMPARE(cornersOf(session.Drawing(), session.Sheets()), placed);
-    for (const bool isPlaced : {false, false, true, false}) {
-        session.Drawing().SetExportMark(0, isPlaced);
-        options.appliesPlacement = isPlaced;
-        QVERIFY(session.Relabel(options));
-        QCOMPARE(session.Drawing().IsPlaced(), isPlaced);
-        QCOMPARE(session.Drawing().Inserts()[0].exportMark, isPlaced);
-        session.Drawing().SetExportMark(0, true);
-        QCOMPARE(cornersOf(session.Drawing(), session.Sheets()), isPlaced ? placed : asDrawn);
-    }
-}
 
 QTEST_GUILESS_MAIN(TestPlacing)
 #include "tst_placing.moc"
