@@ -25,7 +25,7 @@ struct Data
     }
     [[nodiscard]] const QString &text(qint64 row, int column) const
     {
-        return texts[(row * 31 + column * 7) % texts.size()];
+        return texts[(row * 31 + column) % texts.size()];
     }
     [[nodiscard]] static double number(qint64 row, int column)
     {
@@ -60,9 +60,9 @@ void writeOurs(benchmark::State &state, Format format, const QString &name)
         std::vector<Cell> cells(10);
         for (qint64 row = 0; row < data.count; ++row) {
             for (int column = 0; column < kTextColumns; ++column)
-                cells[std::size_t(column)] = data.text(row, column);
+                cells[static_cast<std::size_t>(column)] = data.text(row, column);
             for (int column = 0; column < kNumberColumns; ++column)
-                cells[std::size_t(kTextColumns + column)] = Data::number(row, column);
+                cells[kTextColumns + static_cast<std::size_t>(column)] = Data::number(row, column);
             cells[8] = row;
             cells[9] = row % 2 == 0;
             writer.AddRow(cells);
@@ -98,9 +98,8 @@ void workbookPeer(benchmark::State &state)
             const auto at = lxw_row_t(row);
             lxw_col_t to = 0;
             for (int column = 0; column < kTextColumns; ++column)
-                worksheet_write_string(rows, at, to++,
-                                       texts[(row * 31 + column * 7) % texts.size()].constData(),
-                                       nullptr);
+                worksheet_write_string(
+                    rows, at, to++, texts[(row * 31 + column) % texts.size()].constData(), nullptr);
             for (int column = 0; column < kNumberColumns; ++column)
                 worksheet_write_number(rows, at, to++, Data::number(row, column), format);
             worksheet_write_number(rows, at, to++, double(row), nullptr);

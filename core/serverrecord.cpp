@@ -14,6 +14,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+constexpr qint64 kMostBytes = 64LL * 1024; ///< far more than a record has
+
 constexpr QLatin1StringView kPid{"pid"};
 constexpr QLatin1StringView kStartTime{"startTime"}; // a text: JSON's numbers are too short for it
 constexpr QLatin1StringView kProgram{"program"};
@@ -41,7 +43,7 @@ std::optional<ServerRecord> readServerRecord(const QString &file)
     QFile stored(file);
     if (!stored.open(QIODevice::ReadOnly))
         return std::nullopt;
-    const QJsonObject values = QJsonDocument::fromJson(stored.read(64 * 1024)).object();
+    const QJsonObject values = QJsonDocument::fromJson(stored.read(kMostBytes)).object();
     bool isNumber = false;
     const ServerRecord record{values[kPid].toInteger(),
                               values[kStartTime].toString().toULongLong(&isNumber),

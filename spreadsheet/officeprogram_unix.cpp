@@ -20,6 +20,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace spreadsheet {
 namespace {
 
+constexpr qint64 kMostBytes = 64LL * 1024; ///< of the file that tells the version
 constexpr int kOldest = 5;
 constexpr int kTick = 20; ///< milliseconds between two questions whether to go on
 
@@ -50,7 +51,7 @@ QString versionOf(const QString &program)
         return {};
     static const QRegularExpression line(uR"(^UpdateID=[A-Za-z]+_(\d+))"_s,
                                          QRegularExpression::MultilineOption);
-    return line.match(QString::fromUtf8(file.read(64 * 1024))).captured(1);
+    return line.match(QString::fromUtf8(file.read(kMostBytes))).captured(1);
 }
 
 QLatin1StringView filterOf(Format format)

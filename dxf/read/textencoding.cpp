@@ -127,9 +127,11 @@ std::optional<QByteArray> codecOf(std::string_view name)
     for (const Alias &alias : kAliases)
         if (plain == alias.name)
             return ifKnown(alias.codec);
-    for (const Alias &prefix : kPrefixes)
-        if (plain.startsWith(prefix.name) && isNumber(plain.sliced(qstrlen(prefix.name))))
-            return ifKnown(prefix.codec + plain.sliced(qstrlen(prefix.name)));
+    for (const Alias &prefix : kPrefixes) {
+        const auto length = static_cast<qsizetype>(qstrlen(prefix.name));
+        if (plain.startsWith(prefix.name) && isNumber(plain.sliced(length)))
+            return ifKnown(prefix.codec + plain.sliced(length));
+    }
     return ifKnown(QByteArray(name.data(), static_cast<qsizetype>(name.size())));
 }
 

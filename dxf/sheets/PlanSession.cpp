@@ -188,9 +188,10 @@ bool PlanSession::Review(const SheetFilter &filter, const PlanProgress &progress
 {
     return attempt([&] {
         auto analysis = ReviewSheets(m_drawing, filter, m_path, progress);
-        if (analysis)
-            m_analysis = *std::move(analysis);
-        return analysis.has_value();
+        if (!analysis)
+            return false;
+        m_analysis = *std::move(analysis);
+        return true;
     });
 }
 

@@ -24,7 +24,9 @@ bool hasNumber(const DxfDrawing &drawing, const DxfInsert &insert)
 
 std::vector<bool> findNumbered(const DxfDrawing *drawing)
 {
-    std::vector<bool> isNumbered(drawing ? drawing->Inserts().size() : 0);
+    if (!drawing)
+        return {};
+    std::vector<bool> isNumbered(drawing->Inserts().size());
     for (std::size_t i = 0; i < isNumbered.size(); ++i)
         isNumbered[i] = hasNumber(*drawing, drawing->Inserts()[i]);
     return isNumbered;
