@@ -109,7 +109,8 @@ int main(int argc, char **argv)
     Receiver receiver(words.at(2));
     Sender sender(words.at(3), words.at(4).toULongLong());
     KeloIPCFacadeI &facade = KeloIPCFacadeI::Instance();
-    facade.SetTimes({.poll = 1ms, .partner = 20ms, .answer = 100ms});
+    // No restart takes so long: after a silence nobody can know, and sending again may be twice.
+    facade.SetTimes({.poll = 1ms, .partner = 20ms, .answer = 2s});
     if (!facade.Activate(words.at(1), receiver))
         return 1;
     QObject::connect(

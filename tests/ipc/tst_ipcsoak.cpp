@@ -77,7 +77,7 @@ private slots:
         QProcess viewer;
         viewer.setProgram(QStringLiteral(KELO_SOAK_VIEWER));
         viewer.setArguments({exchange, in, dir.filePath(u"told"_s), QString::number(count)});
-        const QString options = u"%1 --script %2 --journal %3 --sender sim --poll 1 --silence 100 "
+        const QString options = u"%1 --script %2 --journal %3 --sender sim --poll 1 --silence 2000 "
                                 "--repeat --listen"_s;
         QProcess partner;
         partner.setProgram(QStringLiteral(KELO_PARTNER_SIM));
