@@ -10,6 +10,7 @@
 #include <cctype>
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <io.h>
 #include <thread>
@@ -120,6 +121,8 @@ void checkFileLock()
     check(!second.tryLock(path), "nobody else can hold it");
     first.unlock();
     check(second.tryLock(path), "until it is let go");
+    second.unlock();
+    std::filesystem::remove(std::filesystem::path(L"windows_check_\u00FC.lock"));
 }
 
 /// Holds a file as careless programs do: nobody else may delete or replace it meanwhile.
