@@ -1545,7 +1545,10 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
     <message numerus="yes">
         <source>%n texts of more than 32,767 characters were cut</source>
-        <translation><numerusform>%n Texte mit mehr als 32.767 Zeichen wurden gekürzt</numerusform><numerusform>%n Texte mit mehr als 32.767 Zeichen wurden gekürzt</numerusform></translation>
+        <translation>
+            <numerusform>%n Texte mit mehr als 32.767 Zeichen wurden gekürzt</numerusform>
+            <numerusform>%n Texte mit mehr als 32.767 Zeichen wurden gekürzt</numerusform>
+        </translation>
     </message>
     <message>
         <source>A text held characters that a file cannot hold</source>
@@ -1553,7 +1556,10 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
     <message numerus="yes">
         <source>%n texts held characters that a file cannot hold</source>
-        <translation><numerusform>%n Texte enthielten Zeichen, die keine Datei aufnehmen kann</numerusform><numerusform>%n Texte enthielten Zeichen, die keine Datei aufnehmen kann</numerusform></translation>
+        <translation>
+            <numerusform>%n Texte enthielten Zeichen, die keine Datei aufnehmen kann</numerusform>
+            <numerusform>%n Texte enthielten Zeichen, die keine Datei aufnehmen kann</numerusform>
+        </translation>
     </message>
     <message>
         <source>A text that looks like a formula got an apostrophe</source>
@@ -1561,7 +1567,10 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
     <message numerus="yes">
         <source>%n texts that look like formulas got an apostrophe</source>
-        <translation><numerusform>%n Texte, die wie Formeln aussehen, bekamen einen Apostroph</numerusform><numerusform>%n Texte, die wie Formeln aussehen, bekamen einen Apostroph</numerusform></translation>
+        <translation>
+            <numerusform>%n Texte, die wie Formeln aussehen, bekamen einen Apostroph</numerusform>
+            <numerusform>%n Texte, die wie Formeln aussehen, bekamen einen Apostroph</numerusform>
+        </translation>
     </message>
     <message>
         <source>A link that the sheet has no room for is plain text</source>
@@ -1569,7 +1578,10 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
     <message numerus="yes">
         <source>%n links that the sheet has no room for are plain text</source>
-        <translation><numerusform>%n Verweise, für die das Blatt keinen Platz hat, stehen als Text da</numerusform><numerusform>%n Verweise, für die das Blatt keinen Platz hat, stehen als Text da</numerusform></translation>
+        <translation>
+            <numerusform>%n Verweise, für die das Blatt keinen Platz hat, stehen als Text da</numerusform>
+            <numerusform>%n Verweise, für die das Blatt keinen Platz hat, stehen als Text da</numerusform>
+        </translation>
     </message>
     <message>
         <source>A number of more than 15 digits was written as text</source>
@@ -1577,7 +1589,10 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
     <message numerus="yes">
         <source>%n numbers of more than 15 digits were written as text</source>
-        <translation><numerusform>%n Zahlen mit mehr als 15 Stellen wurden als Text geschrieben</numerusform><numerusform>%n Zahlen mit mehr als 15 Stellen wurden als Text geschrieben</numerusform></translation>
+        <translation>
+            <numerusform>%n Zahlen mit mehr als 15 Stellen wurden als Text geschrieben</numerusform>
+            <numerusform>%n Zahlen mit mehr als 15 Stellen wurden als Text geschrieben</numerusform>
+        </translation>
     </message>
     <message>
         <source>A value that is no finite number was left empty</source>
@@ -1585,7 +1600,10 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
     <message numerus="yes">
         <source>%n values that are no finite numbers were left empty</source>
-        <translation><numerusform>%n Werte, die keine endlichen Zahlen sind, blieben leer</numerusform><numerusform>%n Werte, die keine endlichen Zahlen sind, blieben leer</numerusform></translation>
+        <translation>
+            <numerusform>%n Werte, die keine endlichen Zahlen sind, blieben leer</numerusform>
+            <numerusform>%n Werte, die keine endlichen Zahlen sind, blieben leer</numerusform>
+        </translation>
     </message>
     <message>
         <source>A date before 1900 or after 9999 was written as text</source>
@@ -1593,7 +1611,10 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
     <message numerus="yes">
         <source>%n dates before 1900 or after 9999 were written as text</source>
-        <translation><numerusform>%n Daten vor 1900 oder nach 9999 wurden als Text geschrieben</numerusform><numerusform>%n Daten vor 1900 oder nach 9999 wurden als Text geschrieben</numerusform></translation>
+        <translation>
+            <numerusform>%n Daten vor 1900 oder nach 9999 wurden als Text geschrieben</numerusform>
+            <numerusform>%n Daten vor 1900 oder nach 9999 wurden als Text geschrieben</numerusform>
+        </translation>
     </message>
     <message>
         <source>A sheet was full and goes on in another one</source>
@@ -1601,7 +1622,10 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
     <message numerus="yes">
         <source>Full sheets go on in %n others</source>
-        <translation><numerusform>Volle Blätter werden in %n weiteren fortgesetzt</numerusform><numerusform>Volle Blätter werden in %n weiteren fortgesetzt</numerusform></translation>
+        <translation>
+            <numerusform>Volle Blätter werden in %n weiteren fortgesetzt</numerusform>
+            <numerusform>Volle Blätter werden in %n weiteren fortgesetzt</numerusform>
+        </translation>
     </message>
     <message>
         <source>The name of a sheet was not allowed and was changed</source>
@@ -1609,7 +1633,10 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
     <message numerus="yes">
         <source>The names of %n sheets were not allowed and were changed</source>
-        <translation><numerusform>Die Namen von %n Blättern waren nicht erlaubt und wurden geändert</numerusform><numerusform>Die Namen von %n Blättern waren nicht erlaubt und wurden geändert</numerusform></translation>
+        <translation>
+            <numerusform>Die Namen von %n Blättern waren nicht erlaubt und wurden geändert</numerusform>
+            <numerusform>Die Namen von %n Blättern waren nicht erlaubt und wurden geändert</numerusform>
+        </translation>
     </message>
     <message>
         <source>A column beyond the last one of a sheet was left out</source>
@@ -1617,7 +1644,10 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
     <message numerus="yes">
         <source>%n columns beyond the last one of a sheet were left out</source>
-        <translation><numerusform>%n Spalten hinter der letzten eines Blattes wurden ausgelassen</numerusform><numerusform>%n Spalten hinter der letzten eines Blattes wurden ausgelassen</numerusform></translation>
+        <translation>
+            <numerusform>%n Spalten hinter der letzten eines Blattes wurden ausgelassen</numerusform>
+            <numerusform>%n Spalten hinter der letzten eines Blattes wurden ausgelassen</numerusform>
+        </translation>
     </message>
     <message>
         <source>%1 (%2).</source>
@@ -1638,6 +1668,10 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>libxlsxwriter %1.</source>
         <translation>libxlsxwriter %1.</translation>
+    </message>
+    <message>
+        <source>Spreadsheet programs cannot be driven on this system.</source>
+        <translation>Tabellenprogramme lassen sich auf diesem System nicht ansteuern.</translation>
     </message>
 </context>
 <context>
