@@ -183,12 +183,6 @@ DocWindow::UDocItemList DocWindow::LinkedDocuments(QWidget *view) const
     return plan && m_sources.linked ? m_sources.linked(addressOf(*plan)) : UDocItemList();
 }
 
-DocWindow::UDocItemList DocWindow::StoredViews(QWidget *view) const
-{
-    const PlanView *plan = planView(view);
-    return plan && m_sources.stored ? m_sources.stored(plan->plan().path()) : UDocItemList();
-}
-
 bool DocWindow::ShowDocument(QWidget *view, const UDocItem &item)
 {
     const SheetAddress address = SheetAddress::fromText(item.fileName);

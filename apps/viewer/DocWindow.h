@@ -20,7 +20,6 @@ public:
     {
         std::function<PlanView *(const QString &plan)> open; ///< null when that failed
         std::function<UDocItemList(const SheetAddress &)> linked;
-        std::function<UDocItemList(const QString &plan)> stored;
     };
 
     /// @param tabs  not owned; outlives this
@@ -38,7 +37,6 @@ public:
     [[nodiscard]] ViewDetails CurrentDetails(QWidget *view) const override;
     [[nodiscard]] UDocItemList Neighbours(QWidget *view, PageSide side) const override;
     [[nodiscard]] UDocItemList LinkedDocuments(QWidget *view) const override;
-    [[nodiscard]] UDocItemList StoredViews(QWidget *view) const override;
     bool ShowDocument(QWidget *view, const UDocItem &item) override;
     bool ShowWholePage(QWidget *view, PageTurn turn) override;
     bool MoveTo(QWidget *view, const UCoord &middle) override;

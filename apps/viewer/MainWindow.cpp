@@ -17,6 +17,7 @@
 #include "StoredViewDock.h"
 #include "ToolCommands.h"
 #include "ViewCommands.h"
+#include "ViewControls.h"
 #include "ViewerActions.h"
 #include "WorkbenchDock.h"
 #include <QAction>
@@ -30,6 +31,7 @@
 #include <QToolBar>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <kelo_base/actions/ActionManager.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -60,16 +62,22 @@ MainWindow::MainWindow(ViewerActions &actions, MenuConfigManager &configuration)
     addDocks();
     addCommands(configuration);
     m_document = std::make_unique<DocWindow>(
-        *m_tabs, DocWindow::Sources{[this](const QString &plan) { return openPlan(plan); },
-                                    [this](const SheetAddress &sheet) { return m_links->linkedTo(sheet); },
-                                    [this](const QString &plan) { return m_storedViews->items(plan); }});
+        *m_tabs,
+        DocWindow::Sources{[this](const QString &plan) { return openPlan(plan); },
+                           [this](const SheetAddress &sheet) { return m_links->linkedTo(sheet); }});
+    m_controls = std::make_unique<ViewControls>(*this);
     connect(m_tabs, &PlanTabs::currentViewChanged, this, &MainWindow::showCurrent);
     connect(m_opener, &PlanOpener::progress, m_status, &StatusLine::showReading);
     connect(m_recent, &RecentPlans::chosen, this, &MainWindow::openPlan);
     showCurrent(nullptr);
 }
 
-MainWindow::~MainWindow() = default;
+/// The controls go before the views that they lie over.
+MainWindow::~MainWindow()
+{
+    m_controls.reset();
+    m_document.reset();
+}
 
 PlanView *MainWindow::currentView() const
 {
@@ -79,6 +87,8 @@ PlanView *MainWindow::currentView() const
 void MainWindow::layOut()
 {
     m_actions.fill(*menuBar(), *m_recent);
+    for (const auto &[id, record] : m_actions.manager().GetActions())
+        addAction(record->action); // for its keys, also while the menu bar is hidden
     auto *bar = addToolBar(tr("Tools"));
     bar->setObjectName(u"tools"_s);
     using Id = ViewerAction;
@@ -158,7 +168,6 @@ void MainWindow::showCurrent(PlanView *view)
     setWindowTitle(view ? tr("%1 - Plan viewer").arg(view->plan().name()) : tr("Plan viewer"));
     setWindowFilePath(view ? view->plan().path() : QString());
     m_status->show(view);
-    m_storedViews->show(view);
     updateContext();
 }
 

@@ -16,6 +16,7 @@ class PlanView;
 class RecentPlans;
 class StatusLine;
 class StoredViewDock;
+class ViewControls;
 class ViewerActions;
 
 /// Puts the parts together; what a function does stands in the classes named "...Commands".
@@ -72,6 +73,7 @@ private:
     StoredViewDock *m_storedViews = nullptr;
     LinkDock *m_links = nullptr;
     std::unique_ptr<DocWindow> m_document;
+    std::unique_ptr<ViewControls> m_controls;
     QStringList m_waiting; ///< plans to be opened when the one at hand is read
     bool m_closesAfterwards = false;
 };

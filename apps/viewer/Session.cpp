@@ -11,7 +11,9 @@
 #include <QAction>
 #include <QFileInfo>
 #include <QSettings>
+#include <kelo_base/core/CoreFacade.h>
 #include <kelo_base/core/UserDataManager.h>
+#include <kelo_base/navigation/NavCtrlMgrIfc.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -84,6 +86,8 @@ void Session::openProject(const QString &plan)
     UserDataManager().PrepareStorageDirectoryForProject(id);
     UserDataManager().OpenProjectConfigFiles(id);
     m_folder = folder;
+    NavCtrlMgrIfc::Instance().SetDatabase(CoreFacadeI::Instance().GetDatabase(),
+                                          QString::fromLatin1(id.c_str()));
 }
 
 void Session::savePlans(QSettings &project) const

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// A list over the store; names are edited in place.
+// A list whose names are edited in place.
 #include "StoredViewDock.h"
 
-#include "DocWindow.h"
 #include "MainWindow.h"
 #include "Plan.h"
 #include "PlanView.h"
-#include "SheetAddress.h"
 #include "ViewerActions.h"
 #include <QAction>
 #include <QHBoxLayout>
@@ -15,34 +13,43 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
-#include <algorithm>
-#include <kelo_base/core/Database.h>
-#include <limits>
+#include <kelo_base/navigation/NavCtrlMgrIfc.h>
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+NavCtrlMgrIfc &controls()
+{
+    return NavCtrlMgrIfc::Instance();
+}
+
+} // namespace
 
 StoredViewDock::StoredViewDock(MainWindow &window)
     : QDockWidget(tr("Stored views")),
       m_window(window),
       m_list(new QListWidget),
-      m_add(new QPushButton(tr("&Store..."))),
       m_remove(new QPushButton(tr("&Delete")))
 {
     setObjectName(u"storedViews"_s);
+    auto *add = new QPushButton(tr("&Store..."));
     auto *content = new QWidget;
     auto *column = new QVBoxLayout(content);
     auto *row = new QHBoxLayout;
-    row->addWidget(m_add);
+    row->addWidget(add);
     row->addWidget(m_remove);
     column->addWidget(m_list, 1);
     column->addLayout(row);
     setWidget(content);
-    m_list->setAccessibleName(tr("Stored views"));
+    m_list->setAccessibleName(windowTitle());
     m_list->setEditTriggers(QAbstractItemView::EditKeyPressed);
     connect(m_list, &QListWidget::itemActivated, this, &StoredViewDock::go);
     connect(m_list, &QListWidget::itemChanged, this, &StoredViewDock::rename);
-    connect(m_add, &QPushButton::clicked, this, &StoredViewDock::askAndStore);
+    connect(add, &QPushButton::clicked, this, &StoredViewDock::askAndStore);
     connect(m_remove, &QPushButton::clicked, this, &StoredViewDock::remove);
+    connect(&controls(), &NavCtrlMgrIfc::storedViewsChanged, this, &StoredViewDock::fill,
+            Qt::QueuedConnection); // an entry may be in the midst of being edited
     new QShortcut(QKeySequence::Delete, m_list, this, &StoredViewDock::remove,
                   Qt::WidgetShortcut);
     const ViewerActions &actions = window.actions();
@@ -51,60 +58,30 @@ StoredViewDock::StoredViewDock(MainWindow &window)
             &QWidget::setVisible);
     connect(this, &QDockWidget::visibilityChanged, this, [this] {
         m_window.actions().action(ViewerAction::StoredViews).setChecked(!isHidden());
+        fill();
     });
     hide();
 }
 
-StoredViewDock::~StoredViewDock() = default;
-
-void StoredViewDock::setDatabase(Database *database)
-{
-    m_database = database;
-    m_store = database ? std::make_unique<ViewStore>(*database) : nullptr;
-    fill();
-}
-
-QString StoredViewDock::plan() const
-{
-    const PlanView *view = m_window.currentView();
-    return view ? view->plan().path() : QString();
-}
-
-void StoredViewDock::show(PlanView *view)
-{
-    m_add->setEnabled(view != nullptr);
-    fill();
-}
-
+/// Nothing is asked for what nobody sees.
 void StoredViewDock::fill()
 {
-    m_views = m_store && !plan().isEmpty() ? m_store->views(plan())
-                                           : std::vector<StoredPlanView>();
+    if (isHidden())
+        return;
     const QSignalBlocker blocker(m_list);
     m_list->clear();
-    for (const StoredPlanView &view : m_views) {
-        auto *entry = new QListWidgetItem(view.name, m_list);
+    for (const docwindow::UDocItem &view : controls().StoredViews()) {
+        auto *entry = new QListWidgetItem(view.title, m_list);
         entry->setFlags(entry->flags() | Qt::ItemIsEditable);
+        entry->setToolTip(view.fileName);
     }
-    m_remove->setEnabled(!m_views.empty());
-}
-
-bool StoredViewDock::tellUnless(bool isDone)
-{
-    if (!isDone)
-        m_window.tell(m_database ? m_database->LastError() : tr("There is no database"));
-    return isDone;
+    m_remove->setEnabled(m_list->count() > 0);
 }
 
 bool StoredViewDock::store(const QString &name)
 {
-    const PlanView *view = m_window.currentView();
-    if (!view || name.isEmpty())
-        return false;
-    const bool isDone =
-        tellUnless(m_store && m_store->store(view->plan().path(), name, view->pose()));
-    fill();
-    return isDone;
+    PlanView *view = m_window.currentView();
+    return view && controls().StoreView(view, name);
 }
 
 void StoredViewDock::askAndStore()
@@ -125,41 +102,26 @@ void StoredViewDock::askAndStore()
 
 void StoredViewDock::go(const QListWidgetItem *entry)
 {
-    if (PlanView *view = m_window.currentView())
-        view->go(m_views[static_cast<std::size_t>(m_list->row(entry))].pose());
+    const docwindow::UDocItem view = controls().StoredViews()[m_list->row(entry)];
+    DocWindowXIfc *document = DocWindowXIfc::HInstance();
+    if (document && !document->ShowDocument(m_window.currentView(), view))
+        m_window.tell(tr("%1 cannot be shown: its plan or sheet is not there").arg(view.title));
 }
 
-void StoredViewDock::rename(QListWidgetItem *entry)
+void StoredViewDock::rename(const QListWidgetItem *entry)
 {
-    const QString &name = m_views[static_cast<std::size_t>(m_list->row(entry))].name;
-    const QString newName = entry->text().trimmed();
-    if (newName != name && !newName.isEmpty())
-        tellUnless(m_store && m_store->rename(plan(), name, newName));
-    QMetaObject::invokeMethod(this, &StoredViewDock::fill, Qt::QueuedConnection); // it is edited
+    docwindow::UDocItemList views = controls().StoredViews();
+    const int row = m_list->row(entry);
+    docwindow::UDocItem view = views[row];
+    if (!entry->text().trimmed().isEmpty())
+        view.title = entry->text().trimmed();
+    views.Replace(row, view);
+    controls().SetStoredViews(views);
 }
 
 void StoredViewDock::remove()
 {
-    const int row = m_list->currentRow();
-    if (row < 0)
-        return;
-    tellUnless(m_store && m_store->remove(plan(), m_views[static_cast<std::size_t>(row)].name));
-    fill();
-}
-
-docwindow::UDocItemList StoredViewDock::items(const QString &wanted) const
-{
-    docwindow::UDocItemList items;
-    if (wanted != plan())
-        return items;
-    for (const StoredPlanView &view : m_views) {
-        docwindow::UDocItem item;
-        item.fileName = SheetAddress{wanted, {}}.toText();
-        item.title = view.name;
-        item.documentNumber = docwindow::UDocItem::kMaxDocumentNumber;
-        item.rotation = qRound(view.angle);
-        item.position.geoPoint = QPointF(view.x, view.y);
-        items << item;
-    }
-    return items;
+    docwindow::UDocItemList views = controls().StoredViews();
+    if (views.Remove(m_list->currentRow()))
+        controls().SetStoredViews(views);
 }

@@ -8,7 +8,6 @@
 #include "RecentPlans.h"
 #include "Screenshot.h"
 #include "Session.h"
-#include "StoredViewDock.h"
 #include "ViewNavigation.h"
 #include "ViewerActions.h"
 #include <QApplication>
@@ -87,9 +86,7 @@ int Viewer::runWithServices()
 bool Viewer::openWindow()
 {
     m_window = std::make_unique<MainWindow>(*m_actions, m_configuration);
-    Database *database = CoreFacadeI::Instance().GetDatabase();
-    m_window->storedViews().setDatabase(database);
-    m_window->links().setDatabase(database);
+    m_window->links().setDatabase(CoreFacadeI::Instance().GetDatabase());
     m_window->recentPlans().setKept(true);
     m_session = std::make_unique<Session>(*m_window);
     m_window->show();

@@ -14,5 +14,8 @@ int main(int argc, char **argv)
     QApplication::setApplicationName(QStringLiteral("viewer"));
     QApplication::setApplicationVersion(QStringLiteral(VIEWER_VERSION));
     InstallTranslation();
-    return Viewer(CommandLine::parse(QApplication::arguments())).run();
+    const CommandLine line = CommandLine::parse(QApplication::arguments());
+    if (!line.screenshot.isEmpty()) // a storage tree that is never written: the same everywhere
+        QApplication::setApplicationName(QStringLiteral("viewer-picture"));
+    return Viewer(line).run();
 }
