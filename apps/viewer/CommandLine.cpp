@@ -31,6 +31,11 @@ public:
         return tr("Show this place from this height, in metres; the angle, in degrees, is that "
                   "between east and the right of the screen.");
     }
+    static QString Theme() { return tr("Colours of the picture: light or dark."); }
+    static QString BadTheme(const QString &text)
+    {
+        return tr("\"%1\" is no theme: wanted is light or dark").arg(text);
+    }
     static QString BadSize(const QString &text)
     {
         return tr("\"%1\" is no size: wanted is WIDTHxHEIGHT, each from 1 to 16384").arg(text);
@@ -64,7 +69,8 @@ CommandLine CommandLine::parse(const QStringList &arguments)
     const QCommandLineOption size(u"size"_s, Texts::Size(), u"WxH"_s);
     const QCommandLineOption view(u"view"_s, Texts::View(), u"X,Y,HEIGHT[,ANGLE]"_s);
     parser.setApplicationDescription(Texts::Description());
-    parser.addOptions({exchange, picture, size, view});
+    const QCommandLineOption theme(u"theme"_s, Texts::Theme(), u"name"_s);
+    parser.addOptions({exchange, picture, size, view, theme});
     parser.addPositionalArgument(u"plans"_s, Texts::Plans(), u"[plans...]"_s);
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
@@ -81,6 +87,9 @@ CommandLine CommandLine::parse(const QStringList &arguments)
         line.plans << QFileInfo(plan).absoluteFilePath();
     line.exchangeFolder = parser.value(exchange);
     line.screenshot = parser.value(picture);
+    line.theme = parser.value(theme);
+    if (parser.isSet(theme) && line.theme != "light"_L1 && line.theme != "dark"_L1)
+        line.fault = Texts::BadTheme(line.theme);
     if (parser.isSet(size)) {
         const auto wanted = sizeFrom(parser.value(size));
         line.size = wanted.value_or(line.size);

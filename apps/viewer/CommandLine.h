@@ -13,6 +13,7 @@ struct CommandLine
     QString screenshot;     ///< a file to be written instead of opening a window; empty: none
     QSize size{1280, 800};  ///< of the screenshot, in logical pixels
     std::optional<WantedView> view;
+    QString theme; ///< of the screenshot: "light" or "dark"; empty: the desktop's
     QString text;  ///< help or version, to be printed instead of anything else
     QString fault; ///< what is wrong with the arguments, in one sentence; empty: nothing
 

@@ -62,7 +62,7 @@ PlanView::PlanView(Plan &plan, QWidget *parent)
     });
 }
 
-void PlanView::show(const ViewPose &pose)
+void PlanView::display(const ViewPose &pose)
 {
     m_isPlaced = true;
     if (pose == m_pose)
@@ -75,7 +75,7 @@ void PlanView::show(const ViewPose &pose)
 
 void PlanView::place(const ViewPose &pose)
 {
-    show(pose);
+    display(pose);
     emit viewSettled();
 }
 
@@ -84,7 +84,7 @@ void PlanView::moveTo(const ViewPose &pose)
     m_history.begin(m_pose);
     if (BackdropReader *reader = m_plan.backdropReader())
         reader->setSlice(2);
-    show(pose);
+    display(pose);
     m_gestureEnd.start();
 }
 
@@ -92,7 +92,7 @@ void PlanView::go(const ViewPose &pose)
 {
     endGesture();
     m_history.begin(m_pose);
-    show(pose);
+    display(pose);
     endGesture();
 }
 
@@ -175,7 +175,8 @@ void PlanView::paintCurrentSheet(QPainter &painter) const
     if (!m_currentSheet)
         return;
     QPolygonF polygon;
-    for (const QPointF &corner : m_plan.sheets().frame(*m_currentSheet).corners())
+    const SheetFrame frame = m_plan.sheets().frame(*m_currentSheet);
+    for (const QPointF &corner : frame.corners())
         polygon << m_pose.toPixel(corner, size());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(palette().color(QPalette::Highlight), 3, Qt::SolidLine, Qt::SquareCap,

@@ -67,7 +67,7 @@ protected:
 private:
     enum class Drag { None, Move, Turn };
 
-    void show(const ViewPose &pose);
+    void display(const ViewPose &pose);
     void endGesture();
     bool nativeGesture(const QNativeGestureEvent &event);
     [[nodiscard]] std::optional<ViewPose> poseByKey(int key, bool isFine) const;

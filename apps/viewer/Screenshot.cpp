@@ -9,7 +9,8 @@
 #include "PlanView.h"
 #include "ViewNavigation.h"
 #include <QBuffer>
-#include <QCoreApplication>
+#include <QApplication>
+#include <QPalette>
 #include <QPixmap>
 #include <cstdio>
 #include <kelo_base/core/ReplacedFile.h>
@@ -29,6 +30,24 @@ public:
     static QString NoScale() { return tr("The scale of the view is not known"); }
 };
 
+/// The same on every desktop.
+void setTheme(const QString &theme)
+{
+    if (theme.isEmpty())
+        return;
+    QApplication::setStyle(QStringLiteral("fusion"));
+    QPalette palette(QColor(239, 239, 239), QColor(239, 239, 239));
+    palette.setColor(QPalette::Highlight, QColor(48, 140, 198));
+    if (theme == QLatin1StringView("dark")) {
+        palette = QPalette(QColor(66, 66, 70), QColor(53, 53, 57));
+        palette.setColor(QPalette::Base, QColor(34, 34, 36));
+        palette.setColor(QPalette::AlternateBase, QColor(42, 42, 45));
+        palette.setColor(QPalette::Highlight, QColor(61, 126, 204));
+        palette.setColor(QPalette::HighlightedText, Qt::white);
+    }
+    QApplication::setPalette(palette);
+}
+
 int fail(const QString &sentence)
 {
     std::fprintf(stderr, "viewer: %s\n", qUtf8Printable(sentence));
@@ -39,6 +58,7 @@ int fail(const QString &sentence)
 
 int takeScreenshot(MainWindow &window, const CommandLine &line)
 {
+    setTheme(line.theme);
     window.resize(line.size);
     window.show();
     for (const QString &plan : line.plans)
@@ -55,6 +75,7 @@ int takeScreenshot(MainWindow &window, const CommandLine &line)
             view->place(view->wholePlan());
         view->completePicture();
     }
+    QCoreApplication::processEvents(); // lays out what has changed its texts
     ReplacedFile file(line.screenshot);
     QBuffer picture;
     const bool isThere = picture.open(QIODevice::WriteOnly) &&

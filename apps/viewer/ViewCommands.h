@@ -2,11 +2,10 @@
 // The functions that move the view.
 #pragma once
 
-#include <QObject>
+#include "ViewerActions.h"
 
 class MainWindow;
 class PlanView;
-enum class ViewerAction : int;
 
 class ViewCommands : public QObject
 {

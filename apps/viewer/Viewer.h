@@ -21,6 +21,7 @@ public:
 
     /// Runs until the window is closed. @return the program's status
     int run();
+    [[nodiscard]] MenuConfigManager &configuration() { return m_configuration; }
 
 private:
     int runWithServices();
