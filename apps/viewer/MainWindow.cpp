@@ -153,14 +153,13 @@ PlanView *MainWindow::openPlan(const QString &path)
     return view;
 }
 
-/// The backdrop begins when the sheets have been painted.
 void MainWindow::watch(PlanView *view)
 {
     connect(view, &PlanView::documentChanged, this, &MainWindow::updateContext);
     connect(view, &PlanView::historyChanged, this, &MainWindow::updateContext);
     connect(view, &PlanView::pointerMoved, m_status, &StatusLine::showPlace);
     connect(view, &PlanView::viewChanged, m_status, &StatusLine::showView);
-    QTimer::singleShot(0, &view->plan(), [plan = &view->plan()] { plan->readBackdrop(); });
+    connect(view, &PlanView::sheetsShown, &view->plan(), &Plan::readBackdrop);
 }
 
 void MainWindow::showCurrent(PlanView *view)

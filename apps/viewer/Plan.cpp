@@ -4,6 +4,7 @@
 
 #include "BackdropReader.h"
 #include <kelo_base/dxf/DxfDrawing.h>
+#include <utility>
 
 Plan::Plan(std::unique_ptr<PlanSession> session, QObject *parent)
     : QObject(parent), m_session(std::move(session)), m_sheets(*m_session)
@@ -27,7 +28,7 @@ QRectF Plan::bounds() const
 
 void Plan::readBackdrop()
 {
-    if (path().isEmpty())
+    if (path().isEmpty() || std::exchange(m_hasBackdropBegun, true))
         return;
     m_reader = std::make_unique<BackdropReader>(path(), m_backdrop);
     connect(m_reader.get(), &BackdropReader::grown, this, &Plan::grown);

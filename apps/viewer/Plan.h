@@ -28,7 +28,7 @@ public:
     /// Of all there is to be seen; a rectangle of 1 km when that is nothing.
     [[nodiscard]] QRectF bounds() const;
 
-    /// Begins to read what is drawn around the sheets. To be called when they are seen.
+    /// Begins to read what is drawn around the sheets. To be called when they are seen; once.
     void readBackdrop();
     /// Null when it is read, or not begun.
     [[nodiscard]] BackdropReader *backdropReader() const { return m_reader.get(); }
@@ -52,5 +52,6 @@ private:
     Backdrop m_backdrop;
     Scene m_scene;
     std::unique_ptr<BackdropReader> m_reader;
+    bool m_hasBackdropBegun = false;
     bool m_isPlaced = false;
 };

@@ -168,6 +168,10 @@ void PlanView::paintEvent(QPaintEvent *)
     m_pictures.paint(painter);
     paintCurrentSheet(painter);
     scheduleWork();
+    if (!m_areSheetsShown && m_pictures.isComplete()) {
+        m_areSheetsShown = true;
+        emit sheetsShown();
+    }
 }
 
 void PlanView::paintCurrentSheet(QPainter &painter) const

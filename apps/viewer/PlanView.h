@@ -46,6 +46,8 @@ public:
     [[nodiscard]] const PictureStore &pictures() const { return m_pictures; }
 
 signals:
+    /// For the first time, all sheets that lie in the view have been painted.
+    void sheetsShown();
     /// A menu is asked for, at a place of the screen. The button that asks is still down.
     void menuWanted(const QPoint &globalPos);
     void pointerMoved(const QPointF &map);
@@ -85,5 +87,6 @@ private:
     Drag m_drag = Drag::None;
     QPointF m_dragFrom;
     std::optional<quint32> m_currentSheet;
+    bool m_areSheetsShown = false;
     bool m_isPlaced = false; ///< shows anything yet; before, the whole plan once there is a size
 };

@@ -67,6 +67,7 @@ int takeScreenshot(MainWindow &window, const CommandLine &line)
     QCoreApplication::processEvents();
     PlanView *view = window.currentView();
     if (view) {
+        view->plan().readBackdrop();
         if (BackdropReader *reader = view->plan().backdropReader())
             reader->read(-1);
         if (line.view && !goTo(*view, *line.view))

@@ -49,6 +49,14 @@
         <source>&quot;%1&quot; is no view: wanted is X,Y,HEIGHT or X,Y,HEIGHT,ANGLE with a height above 0</source>
         <translation>„%1“ ist keine Ansicht: verlangt ist X,Y,HÖHE oder X,Y,HÖHE,WINKEL mit einer Höhe über 0</translation>
     </message>
+    <message>
+        <source>Colours of the picture: light or dark.</source>
+        <translation>Farben des Bildes: light (hell) oder dark (dunkel).</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no theme: wanted is light or dark</source>
+        <translation>„%1“ ist kein Thema: verlangt ist light oder dark</translation>
+    </message>
 </context>
 <context>
     <name>CoreFacadeI</name>
