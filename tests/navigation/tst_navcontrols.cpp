@@ -120,8 +120,8 @@ private:
     }
     [[nodiscard]] HotArea *areaAt(int place) const
     {
-        const QPoint middles[] = {{400, 3},   {780, 3}, {797, 300}, {780, 597},
-                                  {400, 597}, {20, 597}, {3, 300},  {20, 3}};
+        const QPoint middles[] = {{400, 3},   {780, 3},  {797, 300}, {780, 597},
+                                  {400, 597}, {20, 597}, {3, 300},   {20, 3}};
         return qobject_cast<HotArea *>(view().childAt(middles[place]));
     }
 
@@ -298,8 +298,8 @@ private slots:
             view().turn += 50;
             emit view().viewChanged();
             const QPointF left = bar->mapTo(&view(), bar->barRect().toRect().topLeft());
-            const QPointF span = view().geoAt(left + QPointF(bar->barRect().width(), 0)) -
-                                 view().geoAt(left);
+            const QPointF span =
+                view().geoAt(left + QPointF(bar->barRect().width(), 0)) - view().geoAt(left);
             const double metres = std::hypot(span.x(), span.y());
             const QStringList words = bar->lengthText().split(u' ');
             QCOMPARE(std::round(metres * 1e6),
@@ -349,8 +349,9 @@ private slots:
         QCOMPARE(m_window->shown.fileName, u"North 6.tif"_s);
         // To the last digit, though items hold whole degrees and denominators.
         for (const QPointF corner : {QPointF(0, 0), QPointF(800, 600)})
-            QVERIFY((view().onScreen().map(before.inverted().map(corner)) - corner)
-                        .manhattanLength() < 1e-4);
+            QVERIFY(
+                (view().onScreen().map(before.inverted().map(corner)) - corner).manhattanLength() <
+                1e-4);
     }
 
     void appearsNearThePointer()

@@ -7,8 +7,8 @@
 #include "navigation/controls/placement_p.h"
 #include "navigation/controls/scaletext_p.h"
 #include "navigation/controls/storedviews_p.h"
-#include <QTemporaryDir>
 #include <QSettings>
+#include <QTemporaryDir>
 #include <QTransform>
 #include <QtTest>
 
@@ -68,8 +68,7 @@ private slots:
         QTest::addColumn<double>("angle");
         QTest::newRow("a quarter clockwise") << QPointF(0, -9) << QPointF(5, 0) << 90.0;
         QTest::newRow("back") << QPointF(5, 0) << QPointF(0, -9) << -90.0;
-        QTest::newRow("the shorter way over the bottom")
-            << QPointF(1, 1) << QPointF(-1, 1) << 90.0;
+        QTest::newRow("the shorter way over the bottom") << QPointF(1, 1) << QPointF(-1, 1) << 90.0;
         QTest::newRow("half a turn") << QPointF(0, -1) << QPointF(0, 1) << 180.0;
     }
     void measuresDrags()
@@ -95,8 +94,7 @@ private slots:
         QFETCH(const bool, isMirrored);
         const QTransform page =
             QTransform::fromScale(isMirrored ? -3 : 3, 3) * QTransform().rotate(turn);
-        const auto sides =
-            sidesAtPlaces({page.map(QPointF(1, 0)), page.map(QPointF(0, 0.1))});
+        const auto sides = sidesAtPlaces({page.map(QPointF(1, 0)), page.map(QPointF(0, 0.1))});
         const QPointF middles[] = {{0, -1}, {1, -1}, {1, 0},  {1, 1},
                                    {0, 1},  {-1, 1}, {-1, 0}, {-1, -1}};
         for (int place = 0; place < kPlaces; ++place) {
@@ -155,7 +153,8 @@ private slots:
             const auto bar = scaleBar(metresPerPixel, 130);
             QVERIFY(bar && bar->pixels > 0.3999 * 130 && bar->pixels <= 130.0001);
             QCOMPARE(bar->pixels * metresPerPixel, bar->metres);
-            const double digit = bar->metres / std::pow(10, std::floor(std::log10(bar->metres) + 1e-9));
+            const double digit =
+                bar->metres / std::pow(10, std::floor(std::log10(bar->metres) + 1e-9));
             QVERIFY(qFuzzyCompare(digit, 1) || qFuzzyCompare(digit, 2) || qFuzzyCompare(digit, 5));
         }
         QVERIFY(!scaleBar(-1, 130) && !scaleBar(qQNaN(), 130) && !scaleBar(1, 0));
@@ -169,7 +168,8 @@ private slots:
     {
         constexpr Corner kCorners[] = {Corner::TopLeft, Corner::TopRight, Corner::BottomLeft,
                                        Corner::BottomRight};
-        PlacementRequest request{{68, 68}, {190, 190}, {28, 28}, {260, 28}, false, true, {}, {}, {}};
+        PlacementRequest request{{68, 68}, {190, 190}, {28, 28}, {260, 28}, false,
+                                 true,     {},         {},       {}};
         for (int extent = 20; extent <= 420; extent += 10) {
             for (const Corner corner : kCorners) {
                 request.viewMenuCorner = corner;

@@ -141,8 +141,8 @@ struct MapWindow : DocWindowXIfc
     }
     bool MoveTo(QWidget *widget, const UCoord &middle) override
     {
-        of(widget).middle = middle.IsValid(UCoord::ctGeo) ? middle.geoPoint
-                                                          : pageOnMap().map(middle.docPoint);
+        of(widget).middle =
+            middle.IsValid(UCoord::ctGeo) ? middle.geoPoint : pageOnMap().map(middle.docPoint);
         return moved(of(widget));
     }
     bool ZoomBy(QWidget *widget, double ratio) override
