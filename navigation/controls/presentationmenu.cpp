@@ -105,8 +105,8 @@ void PresentationMenu::refresh()
     const UDocItemList views = m_presentation.views();
     const int index = m_presentation.index();
     const bool isKnown = index >= 0 && index < views.Size();
-    m_list->setText(isKnown ? tr("%1/%2").arg(index + 1).arg(views.Size())
-                            : tr("–/%1").arg(views.Size()));
+    m_list->setText(isKnown ? u"%1/%2"_s.arg(index + 1).arg(views.Size())
+                            : u"–/%1"_s.arg(views.Size()));
     m_list->setToolTip(isKnown ? titleOf(views[index]) : m_list->accessibleName());
     m_list->setAccessibleDescription(m_list->text());
     for (NavButton *button : {m_previous, m_next, m_play})

@@ -19,8 +19,8 @@ constexpr double kMostMetres = 1e9;
 std::optional<double> scalePart(QStringView text)
 {
     static const QRegularExpression grouped(
-        uR"(^[0-9]{1,3}(?<mark>[.,'\x{2019}\s])[0-9]{3}(\k<mark>[0-9]{3})*$)"_s);
-    static const QRegularExpression marks(uR"([.,'\x{2019}\s])"_s);
+        uR"(^[0-9]{1,3}(?<mark>[.,'\x{2019}\x{00A0}\x{202F} ])[0-9]{3}(\k<mark>[0-9]{3})*$)"_s);
+    static const QRegularExpression marks(uR"([.,'\x{2019}\x{00A0}\x{202F} ])"_s);
     QString plain = text.trimmed().toString();
     if (grouped.match(plain).hasMatch())
         plain.remove(marks);

@@ -29,7 +29,6 @@ ViewControls::ViewControls(KView *view, const ControlState &state, StoredViews &
 {
     installAccessibility();
     m_manners.watch(m_arrow);
-    view->setAttribute(Qt::WA_Hover); // tells where the pointer is, and tracks no mouse
     view->installEventFilter(this);
     connect(view, &KView::viewChanged, this, [this] { m_hotAreas.setMoved(); });
     connect(view, &KView::viewSettled, this, &ViewControls::settle);
@@ -73,6 +72,8 @@ void ViewControls::retire(bool isViewAlive)
         return;
     view->removeEventFilter(this);
     view->disconnect(this);
+    if (!m_hasOwnHover)
+        view->setAttribute(Qt::WA_Hover, false);
     m_hotAreas.setShown(false);
     m_hotAreas.setPlaces({});
     for (QWidget *widget :
@@ -155,6 +156,9 @@ void ViewControls::place()
     put(*m_menu, placement.viewMenu);
     put(*m_presentationMenu, placement.presentation);
     m_hotAreas.setPlaces(placement.hotAreas);
+    // Tells where the pointer is, and leaves alone what the viewer gets to know of the mouse.
+    if (!m_hasOwnHover)
+        m_view->setAttribute(Qt::WA_Hover, m_hotAreas.hasAny());
 }
 
 QWidget *ViewControls::widget(Control control) const
@@ -290,9 +294,11 @@ bool ViewControls::eventFilter(QObject *, QEvent *event)
         const bool isDrag = m_manners.isDocumentsTurn();
         const QPoint pos = static_cast<QHoverEvent *>(event)->position().toPoint();
         m_hotAreas.setPointer(isDrag ? std::nullopt : std::optional(pos));
-        return false;
+        return !m_hasOwnHover; // the toolkit would repaint the whole view
     }
     case QEvent::HoverLeave:
+        m_hotAreas.setPointer(std::nullopt);
+        return !m_hasOwnHover;
     case QEvent::Leave:
         m_hotAreas.setPointer(std::nullopt);
         return false;

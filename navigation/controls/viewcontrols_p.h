@@ -84,6 +84,7 @@ private:
 
     QPointer<KView> m_view;
     const ControlState &m_state;
+    bool m_hasOwnHover; ///< the viewer wants hover events itself
     Manners m_manners;
     Readout m_readout;
     Presentation m_presentation;
