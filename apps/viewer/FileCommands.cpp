@@ -42,6 +42,18 @@ public:
     {
         return tr("%1 was not written: %2").arg(QDir::toNativeSeparators(file), Why(fault));
     }
+    static QString SheetsWritten(const QString &file, qint64 count)
+    {
+        return (count == 1 ? tr("1 sheet was written to %1")
+                           : tr("%n sheets were written to %1", nullptr, static_cast<int>(count)))
+            .arg(QFileInfo(file).fileName());
+    }
+    static QString RowsWritten(const QString &file, qint64 count)
+    {
+        return (count == 1 ? tr("1 row was written to %1")
+                           : tr("%n rows were written to %1", nullptr, static_cast<int>(count)))
+            .arg(QFileInfo(file).fileName());
+    }
     static QString Refused(const QString &file, const Gk2Export &done)
     {
         const QString name = QDir::toNativeSeparators(file);
@@ -124,9 +136,7 @@ void FileCommands::exportGk2(const QString &file)
         view->plan().session().Export(file, {.replacesForeign = false, .replacesByNone = false});
     m_window.tell(Texts::Refused(file, done));
     if (done)
-        m_window.statusBar()->showMessage(tr("%n sheets were written to %1", nullptr,
-                                             static_cast<int>(done.written))
-                                              .arg(QFileInfo(file).fileName()));
+        m_window.statusBar()->showMessage(Texts::SheetsWritten(file, done.written));
 }
 
 void FileCommands::askAndExportTable()
@@ -156,9 +166,7 @@ void FileCommands::exportTable(const QString &file)
     const spreadsheet::Result done = ExportSheetTable(view->plan().session(), std::move(target));
     m_window.tell(done.error);
     if (done)
-        m_window.statusBar()->showMessage(
-            tr("%n rows were written to %1", nullptr, static_cast<int>(done.rows))
-                .arg(QFileInfo(file).fileName()));
+        m_window.statusBar()->showMessage(Texts::RowsWritten(file, done.rows));
 }
 
 void FileCommands::askAndSavePicture()

@@ -1082,6 +1082,14 @@
         <source>Pictures (*.png)</source>
         <translation>Bilder (*.png)</translation>
     </message>
+    <message>
+        <source>1 sheet was written to %1</source>
+        <translation>1 Blatt wurde in %1 geschrieben</translation>
+    </message>
+    <message>
+        <source>1 row was written to %1</source>
+        <translation>1 Zeile wurde in %1 geschrieben</translation>
+    </message>
 </context>
 <context>
     <name>FindingModel</name>
@@ -2761,8 +2769,8 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message numerus="yes">
         <source>%n sheets</source>
         <translation>
-            <numerusform>%n Blatt|%n Blätter</numerusform>
-            <numerusform>%n Blatt|%n Blätter</numerusform>
+            <numerusform>%n Blatt</numerusform>
+            <numerusform>%n Blätter</numerusform>
         </translation>
     </message>
 </context>
