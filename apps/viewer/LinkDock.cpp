@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLayout>
 #include <QListWidget>
 #include <QVBoxLayout>
 #include <kelo_base/core/Database.h>
@@ -91,6 +92,7 @@ bool LinkDock::find(const Tz::ObjectId &object)
                                                      : tr("%1, sheet %2").arg(plan, address.sheet));
     }
     m_window.actions().action(ViewerAction::Links).setChecked(true);
+    m_window.layout()->activate(); // the height belongs to the view as large as it is now
     m_sheetList->setCurrentRow(0);
     return open(m_found.front());
 }

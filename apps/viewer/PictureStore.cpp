@@ -6,6 +6,7 @@
 #include "SheetLayer.h"
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -39,10 +40,32 @@ struct Walk
         stepX = fixed(transform.m11());
         stepY = fixed(transform.m12());
     }
-    void step()
+    void step(int times = 1)
     {
-        x += stepX;
-        y += stepY;
+        x += times * stepX;
+        y += times * stepY;
+    }
+    /// Narrows [begin, end), in steps from here, to those surely within the picture.
+    void narrow(int &begin, int &end) const
+    {
+        const auto along = [&](qint64 start, qint64 step, int size) {
+            const double last = static_cast<double>(qint64{size} << kFraction) - 1;
+            if (step == 0) {
+                if (start < 0 || static_cast<double>(start) > last)
+                    end = begin;
+                return;
+            }
+            double from = static_cast<double>(-start) / static_cast<double>(step);
+            double to = (last - static_cast<double>(start)) / static_cast<double>(step);
+            if (step < 0)
+                std::swap(from, to);
+            constexpr double kFar = 1e9;
+            begin = std::max(begin, static_cast<int>(std::clamp(from, -kFar, kFar)) + 1);
+            end = std::min(end, static_cast<int>(std::clamp(to, -kFar, kFar)));
+        };
+        along(x, stepX, image.width());
+        along(y, stepY, image.height());
+        end = std::max(begin, end);
     }
 };
 
@@ -81,14 +104,27 @@ void sample(QImage &target, const QRect &area, Walk first, Walk second, QRgb pap
         auto *pixel = reinterpret_cast<QRgb *>(target.scanLine(row)) + area.left();
         first.beginRow(area.left(), row);
         second.beginRow(area.left(), row);
-        for (const QRgb *end = pixel + area.width(); pixel != end; ++pixel) {
-            const QRgb *source = sharp.at(first.x, first.y);
-            if (!source)
-                source = coarse.at(second.x, second.y);
-            *pixel = source ? *source : paper;
+        int begin = 0;
+        int end = area.width();
+        first.narrow(begin, end);
+        const auto walk = [&](int until, int column) {
+            for (; column < until; ++column) {
+                const QRgb *source = sharp.at(first.x, first.y);
+                if (!source)
+                    source = coarse.at(second.x, second.y);
+                *pixel++ = source ? *source : paper;
+                first.step();
+                second.step();
+            }
+        };
+        begin = std::min(begin, area.width());
+        walk(begin, 0);
+        for (int column = begin; column < end; ++column) { // most pixels: nothing to be asked
+            *pixel++ = sharp.bits[(first.y >> kFraction) * sharp.perLine + (first.x >> kFraction)];
             first.step();
-            second.step();
         }
+        second.step(std::max(end - begin, 0));
+        walk(area.width(), std::max(begin, end));
     }
 }
 

@@ -119,9 +119,14 @@ bool ScenePainting::paint(const QDeadlineTimer &deadline)
     if (m_step == 2 && !goThrough(backdrop ? backdrop->texts().size() : 0, 64, deadline,
                                   [this](std::size_t i) { paintText(i); }))
         return false;
-    if (m_step == 3 && !goThrough(m_sheets.size(), 16, deadline,
-                                  [this](std::size_t i) { paintSheet(m_sheets[i]); }))
-        return false;
+    if (m_step == 3) {
+        setPen(m_colors.sheet, 1);
+        const bool isWhole = goThrough(m_sheets.size(), 32, deadline,
+                                       [this](std::size_t i) { paintSheet(m_sheets[i]); });
+        setPen(m_colors.sheet, 1);
+        drawLines();
+        return isWhole;
+    }
     return true;
 }
 
@@ -259,6 +264,9 @@ void ScenePainting::paintSheet(quint32 sheet)
     const double height = frame.pageSize().height() * m_pixelsPerMetre;
     const double width = frame.pageSize().width() * m_pixelsPerMetre;
     const double smaller = std::min(width, height) / m_unit;
+    constexpr double kSmall = 12; // pixels
+    if (smaller < kSmall)
+        return paintSmallSheet(corners);
     const bool isLabelled = m_scene.sheets->labelledFrame(sheet).has_value();
     setPen(m_colors.sheet, smaller > 80 ? 1.6 : 1);
     for (const QPolygonF &line : m_scene.sheets->outlines(sheet))
@@ -266,6 +274,36 @@ void ScenePainting::paintSheet(quint32 sheet)
     if (isLabelled && smaller > 24)
         paintCorners(corners);
     paintNumber(sheet, corners);
+}
+
+/// Of very many, nothing but the frame; the lines of turned ones are drawn together at last.
+void ScenePainting::paintSmallSheet(const std::array<QPointF, 4> &corners)
+{
+    for (std::size_t i = 0; i < corners.size(); ++i)
+        paintEdge(corners[i], corners[(i + 1) % 4]);
+}
+
+void ScenePainting::paintEdge(QPointF from, QPointF to)
+{
+    constexpr double kFar = 1e6; // beyond, pixels have no whole numbers
+    const bool isLevel = std::abs(from.y() - to.y()) < 0.5;
+    const bool isUpright = std::abs(from.x() - to.x()) < 0.5;
+    if ((!isLevel && !isUpright) || isOutside(from, kFar) || isOutside(to, kFar)) {
+        m_lines.emplace_back(from, to);
+        return;
+    }
+    const QRect line = QRect(QPoint(static_cast<int>(std::floor(std::min(from.x(), to.x()))),
+                                    static_cast<int>(std::floor(std::min(from.y(), to.y())))),
+                             QPoint(static_cast<int>(std::floor(std::max(from.x(), to.x()))),
+                                    static_cast<int>(std::floor(std::max(from.y(), to.y())))));
+    const QRect run = QRect(line.topLeft(), QSize(isUpright && !isLevel ? 1 : line.width(),
+                                                  isLevel ? 1 : line.height())) &
+                      m_image.rect();
+    const QRgb ink = m_colors.sheet.rgb();
+    for (int y = run.top(); y <= run.bottom(); ++y) {
+        auto *pixels = reinterpret_cast<QRgb *>(m_image.scanLine(y));
+        std::fill(pixels + run.left(), pixels + run.right() + 1, ink);
+    }
 }
 
 /// A triangle in the colour of each corner; the top left one is larger.

@@ -63,6 +63,8 @@ private:
     void paintArc(std::size_t index);
     void paintText(std::size_t index);
     void paintSheet(quint32 sheet);
+    void paintSmallSheet(const std::array<QPointF, 4> &corners);
+    void paintEdge(QPointF from, QPointF to);
     void paintCorners(const std::array<QPointF, 4> &corners);
     void paintNumber(quint32 sheet, const std::array<QPointF, 4> &corners);
     void drawText(const QString &text, QPointF at, double capitals, double angle, double alignX,

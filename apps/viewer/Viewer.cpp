@@ -64,7 +64,11 @@ int Viewer::runWithServices()
                {u"settings"_s, u"menus"_s}});
     core.Join({u"channel"_s,
                [this](QString &) {
-                   m_channel = std::make_unique<PartnerChannel>(*m_window, m_line.exchangeFolder);
+                   // The window is seen first: looking for the partner takes a while.
+                   QTimer::singleShot(0, m_window.get(), [this] {
+                       m_channel =
+                           std::make_unique<PartnerChannel>(*m_window, m_line.exchangeFolder);
+                   });
                    return true;
                },
                [this] { m_channel.reset(); },

@@ -346,7 +346,7 @@ void TestViewer::readsBackdrops_data()
     row("a bulge of 1 is a half circle, counter-clockwise",
         entity("LWPOLYLINE", {{90, "2"}, {70, "0"}, {10, "0"}, {20, "0"}, {42, "1"}, {10, "2"},
                               {20, "0"}}),
-        {u"arc 1,0 r1 -180..0"_s});
+        {u"arc 1,0 r1 180..360"_s});
     row("a negative one goes clockwise",
         entity("LWPOLYLINE", {{90, "2"}, {70, "0"}, {10, "0"}, {20, "0"},
                               {42, "-0.41421356237309503"}, {10, "2"}, {20, "0"}}),
