@@ -2207,8 +2207,8 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message numerus="yes">
         <source>%n sheets</source>
         <translation>
-            <numerusform>%n Blatt|%n Blätter</numerusform>
-            <numerusform>%n Blatt|%n Blätter</numerusform>
+            <numerusform>%n Blatt</numerusform>
+            <numerusform>%n Blätter</numerusform>
         </translation>
     </message>
 </context>
