@@ -86,7 +86,7 @@ public:
                 << MapWindow::item(QStringLiteral("Sheet %1").arg(side), side + 1);
         view().resize(image.size());
         view().show();
-        static_cast<void>(NavCtrlMgrIfc::Instance());
+        NavCtrlMgrIfc::Instance().SetShown(true); // remembers what the stage before left
         if (NavCtrlMgrIfc::Instance().Views().size() != 1)
             throw std::runtime_error("no controls");
         emit view().documentChanged();

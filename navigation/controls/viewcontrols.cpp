@@ -20,6 +20,7 @@ ViewControls::ViewControls(KView *view, const ControlState &state, StoredViews &
     : QObject(parent),
       m_view(view),
       m_state(state),
+      m_hasOwnHover(view->testAttribute(Qt::WA_Hover)),
       m_readout(view, nullptr),
       m_presentation(view, stored, nullptr),
       m_hotAreas(view, m_manners, nullptr),

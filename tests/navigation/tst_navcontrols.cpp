@@ -193,33 +193,33 @@ private slots:
     {
         view().turn = 31;
         emit view().viewChanged();
-        turnWheel(arrow(), {34, 34}, 120);
+        turnWheel(arrow(), {40, 40}, 120);
         QCOMPARE(std::round(view().turn * 1e6), 45e6);
-        turnWheel(arrow(), {34, 34}, -60); // half a step of a fine wheel
+        turnWheel(arrow(), {40, 40}, -60); // half a step of a fine wheel
         QCOMPARE(std::round(view().turn * 1e6), 45e6);
-        turnWheel(arrow(), {34, 34}, -60);
+        turnWheel(arrow(), {40, 40}, -60);
         QCOMPARE(std::round(view().turn * 1e6), 30e6);
-        turnWheel(arrow(), {34, 34}, 240, Qt::ShiftModifier);
+        turnWheel(arrow(), {40, 40}, 240, Qt::ShiftModifier);
         QCOMPARE(std::round(view().turn * 1e6), 32e6);
         QTest::keyClick(arrow(), Qt::Key_Left);
         QTest::keyClick(arrow(), Qt::Key_Left, Qt::ShiftModifier);
         QCOMPARE(std::round(view().turn * 1e6), 29e6);
         QCOMPARE(arrow()->angleText(), u"29°"_s);
-        QTest::mouseClick(arrow(), Qt::LeftButton, {}, {34, 34});
+        QTest::mouseClick(arrow(), Qt::LeftButton, {}, {40, 40});
         QVERIFY(std::abs(trueNorth()) < 1e-6);
     }
 
     /// The map under the arrow's tip goes with the pointer, the same way around.
     void turnsWithADrag()
     {
-        QTest::mousePress(arrow(), Qt::LeftButton, {}, {34, 6});
-        sendMouse(arrow(), QEvent::MouseMove, {62, 34}, Qt::NoButton, Qt::LeftButton);
+        QTest::mousePress(arrow(), Qt::LeftButton, {}, {40, 6});
+        sendMouse(arrow(), QEvent::MouseMove, {74, 40}, Qt::NoButton, Qt::LeftButton);
         QVERIFY(std::abs(trueNorth() - 90) < 2);
-        sendMouse(arrow(), QEvent::MouseMove, {34, 62}, Qt::NoButton, Qt::LeftButton);
+        sendMouse(arrow(), QEvent::MouseMove, {40, 74}, Qt::NoButton, Qt::LeftButton);
         QVERIFY(std::abs(trueNorth()) > 178);
         QTest::keyClick(arrow(), Qt::Key_Escape);
         QVERIFY(std::abs(trueNorth()) < 1e-6);
-        QTest::mouseRelease(arrow(), Qt::LeftButton, {}, {34, 62});
+        QTest::mouseRelease(arrow(), Qt::LeftButton, {}, {40, 74});
         QVERIFY(std::abs(trueNorth()) < 1e-6); // no click either
     }
 
@@ -227,8 +227,8 @@ private slots:
     {
         view().turn = 77;
         emit view().viewChanged();
-        QTest::mouseClick(arrow(), Qt::LeftButton, {}, {34, 34});
-        QTest::mouseDClick(arrow(), Qt::LeftButton, {}, {34, 34});
+        QTest::mouseClick(arrow(), Qt::LeftButton, {}, {40, 40});
+        QTest::mouseDClick(arrow(), Qt::LeftButton, {}, {40, 40});
         QVERIFY(std::abs(trueNorth() - 77) < 1e-6); // the first click is taken back
         QVERIFY(typeInto(&view(), u"North arrow's angle"_s, u"-33.5"_s));
         QVERIFY(std::abs(trueNorth() + 33.5) < 1e-6);
@@ -243,7 +243,7 @@ private slots:
         QVERIFY(!arrow() && !named<ValueField>(&view(), u"Scale"_s));
         manager().SetNorthArrowGreyed(true);
         QVERIFY(arrow());
-        QTest::mouseClick(arrow(), Qt::LeftButton, {}, {34, 34});
+        QTest::mouseClick(arrow(), Qt::LeftButton, {}, {40, 40});
         QCOMPARE(view().turn, 0.0);
         m_window->isOnMap = true;
         emit view().viewChanged();
@@ -698,8 +698,9 @@ private slots:
             QAccessibleInterface *face = QAccessible::queryAccessibleInterface(widget);
             QVERIFY(!face->text(QAccessible::Name).isEmpty());
             const auto role = face->role();
-            QVERIFY(role == QAccessible::Button || role == QAccessible::EditableText ||
-                    role == QAccessible::Dial || role == QAccessible::ButtonMenu);
+            QVERIFY(role == QAccessible::Button || role == QAccessible::CheckBox ||
+                    role == QAccessible::ButtonMenu || role == QAccessible::EditableText ||
+                    role == QAccessible::Dial);
             // The keyboard's place is seen.
             view().setFocus();
             const QImage without = widget->grab().toImage();
