@@ -350,14 +350,18 @@ private slots:
         emit view().viewChanged();
         emit view().viewSettled();
         QCOMPARE(areaAt(4)->text(), u"2 sheets"_s);
-        const QTransform before = view().onScreen();
-        QTest::keyClick(&view(), Qt::Key_Right, Qt::AltModifier);
-        QCOMPARE(m_window->shown.fileName, u"North 6.tif"_s);
-        // To the last digit, though items hold whole degrees and denominators.
-        for (const QPointF corner : {QPointF(0, 0), QPointF(800, 600)})
-            QVERIFY(
-                (view().onScreen().map(before.inverted().map(corner)) - corner).manhattanLength() <
-                1e-4);
+        // To the last digit, though items hold whole degrees and denominators; around the map's
+        // origin as well, a null point that would be no place.
+        for (const QPointF middle : {view().middle, QPointF(0, 0)}) {
+            view().middle = middle;
+            emit view().viewChanged();
+            const QTransform before = view().onScreen();
+            QTest::keyClick(&view(), Qt::Key_Right, Qt::AltModifier);
+            QCOMPARE(m_window->shown.fileName, u"North 6.tif"_s);
+            for (const QPointF corner : {QPointF(0, 0), QPointF(800, 600)})
+                QVERIFY((view().onScreen().map(before.inverted().map(corner)) - corner)
+                            .manhattanLength() < 1e-4);
+        }
     }
 
     void appearsNearThePointer()
