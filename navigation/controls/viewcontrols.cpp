@@ -279,7 +279,7 @@ bool ViewControls::useKey(QKeyEvent &event)
 /// Keys and wheel events that controls do not use arrive here, too.
 bool ViewControls::eventFilter(QObject *, QEvent *event)
 {
-    if (!m_view)
+    if (isAnyViewDying() || !m_view) // what is left of a dying one is no KView any more
         return false;
     switch (event->type()) {
     case QEvent::Resize:
