@@ -79,7 +79,7 @@ void HaloText::set(const QString &text, const QFont &font, int room)
     m_font = font;
     m_room = room;
     m_text.setTextFormat(Qt::PlainText);
-    m_text.setText(room > 0 ? QFontMetrics(font).elidedText(text, Qt::ElideRight, room) : text);
+    m_text.setText(room > 0 ? QFontMetrics(font).elidedText(text, Qt::ElideMiddle, room) : text);
     m_text.prepare({}, font);
 }
 
