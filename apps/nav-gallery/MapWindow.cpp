@@ -2,6 +2,7 @@
 // A little map on sheets, and the window that moves it.
 #include "MapWindow.h"
 
+#include <QCoreApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QCursor>
 #include <QDir>
 #include <QHoverEvent>
 #include <QStyleFactory>
@@ -39,6 +40,8 @@ bool savePicture(MapView &view, const QString &path)
             NavCtrlMgrIfc::Instance().Widget(&view, NavCtrlMgrIfc::Control::NorthArrow))
         arrow->setFocus(Qt::TabFocusReason);
     const QPointF pointer(view.width() / 2.0, 10);
+    QCursor::setPos(view.mapToGlobal(pointer).toPoint());
+    QCoreApplication::processEvents();
     QHoverEvent event(QEvent::HoverMove, pointer, view.mapToGlobal(pointer), QPointF());
     QApplication::sendEvent(&view, &event);
     QEventLoop wait; // until it has faded in

@@ -15,15 +15,15 @@ namespace navcontrols {
 
 namespace {
 
-constexpr QColor kGrey(128, 128, 128); // the map that is nearest to both
+constexpr QColor kGrey(128, 128, 128);             // the map that is nearest to both
+constexpr double kApart = kReadableContrast + 0.4; // some is lost at soft edges
 
 /// Towards @p end, as far as it takes to be told apart from @p first and @p second.
 QColor drawnApart(const QColor &color, const QColor &end, const QColor &first, const QColor &second)
 {
     QColor result = color;
     for (int percent = 4; percent <= 100; percent += 4) {
-        if (contrast(result, first) >= kReadableContrast &&
-            contrast(result, second) >= kReadableContrast)
+        if (contrast(result, first) >= kApart && contrast(result, second) >= kApart)
             break;
         result = mixed(color, end, percent / 100.0);
     }
@@ -79,7 +79,7 @@ void HaloText::set(const QString &text, const QFont &font, int room)
     m_font = font;
     m_room = room;
     m_text.setTextFormat(Qt::PlainText);
-    m_text.setText(room > 0 ? QFontMetrics(font).elidedText(text, Qt::ElideRight, room) : text);
+    m_text.setText(room > 0 ? QFontMetrics(font).elidedText(text, Qt::ElideMiddle, room) : text);
     m_text.prepare({}, font);
 }
 

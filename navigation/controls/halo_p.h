@@ -12,7 +12,8 @@ class QWidget;
 
 namespace navcontrols {
 
-inline constexpr double kHaloWidth = 1.75; ///< pixels around the ink
+inline constexpr double kHaloWidth =
+    2.25; ///< pixels around the ink: one of them whole, wherever it lies
 
 /// The palette's text and window, drawn apart where that takes: each map, be it white, black or
 /// grey, has a readable contrast to one of the two, and they have it to each other.

@@ -48,7 +48,8 @@ QString NorthArrow::angleText() const
 void NorthArrow::turnTo(double degrees)
 {
     const auto now = m_readout.north();
-    if (now && m_view && turnView(m_view, normalizedAngle(degrees - *now)))
+    const QPointer<NorthArrow> alive(this);
+    if (now && m_view && turnView(m_view, normalizedAngle(degrees - *now)) && alive)
         m_readout.forget(); // whether or not the viewer has told
 }
 
@@ -87,7 +88,7 @@ void NorthArrow::paintEvent(QPaintEvent *)
                    halo);
     if (hasFocus()) {
         QPainterPath ring;
-        ring.addEllipse(QPointF(), kExtent / 2.0 - 4, kExtent / 2.0 - 4);
+        ring.addEllipse(QPointF(), kExtent / 2.0 - 3, kExtent / 2.0 - 3);
         painter.strokePath(ring, QPen(halo.rim, 5));
         painter.strokePath(ring, QPen(halo.ink, 3));
         painter.strokePath(ring, QPen(halo.focus, 1.5));

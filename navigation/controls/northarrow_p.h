@@ -17,7 +17,7 @@ class NorthArrow : public QWidget
     Q_OBJECT
 
 public:
-    static constexpr int kExtent = 68; ///< pixels
+    static constexpr int kExtent = 80; ///< pixels
 
     /// @param view  the parent
     NorthArrow(Readout &readout, KView *view);

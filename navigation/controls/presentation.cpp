@@ -4,7 +4,7 @@
 
 #include "navigation/controls/viewmoves_p.h"
 #include "navigation/viewaccess_p.h"
-#include <QEvent>
+#include <QKeyEvent>
 #include <algorithm>
 
 namespace navcontrols {
@@ -115,9 +115,14 @@ void Presentation::endFullScreen()
     announce(wasPresenting);
 }
 
-/// People may end it by the window system's own means.
+/// People may end it by the window system's own means, or by Esc wherever the keyboard is.
 bool Presentation::eventFilter(QObject *window, QEvent *event)
 {
+    if (event->type() == QEvent::KeyPress && window == m_window && m_isFull &&
+        static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+        leave();
+        return true;
+    }
     if (event->type() == QEvent::WindowStateChange && window == m_window && m_isFull &&
         !m_window->windowState().testFlag(Qt::WindowFullScreen))
         endFullScreen();

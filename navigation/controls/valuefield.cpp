@@ -80,7 +80,8 @@ void ValueField::focusOutEvent(QFocusEvent *event)
 void ValueField::enter()
 {
     const QPointer<ValueField> alive(this);
-    const bool isTaken = m_write(text());
+    const Writer write = m_write; // outlives this, if that is what it leads to
+    const bool isTaken = write(text());
     if (!alive)
         return;
     if (isTaken) {

@@ -20,6 +20,7 @@ ViewControls::ViewControls(KView *view, const ControlState &state, StoredViews &
     : QObject(parent),
       m_view(view),
       m_state(state),
+      m_hasOwnHover(view->testAttribute(Qt::WA_Hover)),
       m_readout(view, nullptr),
       m_presentation(view, stored, nullptr),
       m_hotAreas(view, m_manners, nullptr),
@@ -278,7 +279,7 @@ bool ViewControls::useKey(QKeyEvent &event)
 /// Keys and wheel events that controls do not use arrive here, too.
 bool ViewControls::eventFilter(QObject *, QEvent *event)
 {
-    if (!m_view)
+    if (isAnyViewDying() || !m_view) // what is left of a dying one is no KView any more
         return false;
     switch (event->type()) {
     case QEvent::Resize:

@@ -42,6 +42,12 @@ std::optional<Place> placeInMiddle(KView *view)
     return ViewAccess(view).deviceRect(device) ? placeAt(view, device.center()) : std::nullopt;
 }
 
+/// The origin itself would count as unknown: the point is a nanometre beside it.
+UCoord coordOf(QPointF point, UCoord::CoordType type)
+{
+    return UCoord(point.isNull() ? QPointF(1e-9, 0) : point, type);
+}
+
 bool isFactor(double ratio)
 {
     return ratio > 0 && std::isfinite(ratio);
@@ -61,7 +67,7 @@ void bringBack(const QPointer<KView> &view, const Place &wanted, QPoint pointer)
             return;
         target += wanted.point - now->point;
         DocWindowXIfc *const window = ViewAccess(view).window();
-        if (!window || !window->MoveTo(view, UCoord(target, wanted.type)) || !view)
+        if (!window || !window->MoveTo(view, coordOf(target, wanted.type)) || !view)
             return;
     }
 }
@@ -123,7 +129,7 @@ bool showNeighbour(KView *view, UDocItem item)
     double angle = 0;
     const bool isOnMap = NorthAngle(view, angle) && scale > 0;
     if (isOnMap && middle && middle->type == UCoord::ctGeo) {
-        item.position = UCoord(middle->point, UCoord::ctGeo);
+        item.position = coordOf(middle->point, UCoord::ctGeo);
         item.rotation = viewgeometry::truncated<qint32>(std::round(angle));
         item.scale = std::max(viewgeometry::truncated<qint32>(std::round(scale)), 1);
     }
@@ -170,7 +176,7 @@ UDocItem itemOf(KView *view)
         item.scale = std::max(viewgeometry::truncated<qint32>(std::round(scale)), 1);
     if (!told.testFlag(ViewDetail::Position)) {
         const auto middle = placeInMiddle(view);
-        item.position = middle ? UCoord(middle->point, middle->type) : UCoord();
+        item.position = middle ? coordOf(middle->point, middle->type) : UCoord();
     }
     return item;
 }
