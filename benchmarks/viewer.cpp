@@ -3,13 +3,13 @@
 //
 // Run again by itself as "bench_viewer --start window" and "--start viewer", it ends with the first
 // paint.
+#include "Viewer.h"
 #include "Backdrop.h"
 #include "BackdropReader.h"
 #include "CommandLine.h"
 #include "Plan.h"
 #include "PlanView.h"
 #include "ScenePainting.h"
-#include "Viewer.h"
 #include "benchmarks/ratio.h"
 #include <QApplication>
 #include <QElapsedTimer>
@@ -48,8 +48,8 @@ QString writePlan(const QTemporaryDir &folder, int sheets, int lines)
         const double y = kNorth + static_cast<double>(i / columns) * 420;
         QByteArray block = "0\nBLOCK\n2\nB" + QByteArray::number(i) +
                            "\n70\n0\n10\n0\n20\n0\n0\nLWPOLYLINE\n90\n4\n70\n1\n";
-        for (const QPointF corner : {QPointF(x, y), QPointF(x + 600, y), QPointF(x + 600, y + 420),
-                                     QPointF(x, y + 420)})
+        for (const QPointF corner :
+             {QPointF(x, y), QPointF(x + 600, y), QPointF(x + 600, y + 420), QPointF(x, y + 420)})
             block += "10\n" + number(corner.x()) + "\n20\n" + number(corner.y()) + '\n';
         file.write(block + "0\nENDBLK\n");
     }
@@ -209,8 +209,7 @@ void memory(benchmark::State &state)
     state.counters["resident_MB"] = residentMegabytes();
     state.counters["allowed_MB"] = 60 + (10'000 * 300.0 + 300'000 * 40.0) / 1'048'576;
     state.counters["backdrop_MB"] = static_cast<double>(shown.plan.backdrop().bytes()) / 1'048'576;
-    state.counters["pictures_MB"] =
-        static_cast<double>(shown.view.pictures().bytes()) / 1'048'576;
+    state.counters["pictures_MB"] = static_cast<double>(shown.view.pictures().bytes()) / 1'048'576;
 }
 BENCHMARK(memory)->Iterations(1);
 

@@ -78,8 +78,8 @@ void Backdrop::finish()
 
 void Backdrop::pack(std::span<const NewLine> lines)
 {
-    const double whole = std::max(m_newBounds.right - m_newBounds.left,
-                                  m_newBounds.top - m_newBounds.bottom);
+    const double whole =
+        std::max(m_newBounds.right - m_newBounds.left, m_newBounds.top - m_newBounds.bottom);
     std::vector<std::pair<std::uint64_t, std::uint32_t>> order;
     order.reserve(lines.size());
     for (std::uint32_t i = 0; i < lines.size(); ++i) {
@@ -89,8 +89,7 @@ void Backdrop::pack(std::span<const NewLine> lines)
     }
     std::ranges::sort(order);
     for (std::size_t begin = 0; begin < order.size(); begin += kPack) {
-        const auto batch =
-            std::span(order).subspan(begin, std::min(kPack, order.size() - begin));
+        const auto batch = std::span(order).subspan(begin, std::min(kPack, order.size() - begin));
         BackdropPack pack;
         for (const auto &[place, i] : batch) {
             pack.bounds.add(lines[i].from);
@@ -113,6 +112,5 @@ std::size_t Backdrop::bytes() const
 {
     return m_new.capacity() * sizeof(NewLine) + m_lines.capacity() * sizeof(BackdropLine) +
            m_packs.capacity() * sizeof(BackdropPack) + m_arcs.capacity() * sizeof(BackdropArc) +
-           m_texts.capacity() * sizeof(BackdropText) +
-           static_cast<std::size_t>(m_bytes.capacity());
+           m_texts.capacity() * sizeof(BackdropText) + static_cast<std::size_t>(m_bytes.capacity());
 }

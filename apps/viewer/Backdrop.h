@@ -37,9 +37,9 @@ struct BackdropArc
 /// One line of text.
 struct BackdropText
 {
-    QPointF position; ///< of the point that the alignment speaks of
-    double height = 0; ///< of capitals, in metres
-    double angle = 0;  ///< radians, counter-clockwise
+    QPointF position;        ///< of the point that the alignment speaks of
+    double height = 0;       ///< of capitals, in metres
+    double angle = 0;        ///< radians, counter-clockwise
     std::uint32_t first = 0; ///< of its bytes
     std::uint32_t size = 0;
     float alignX = 0; ///< 0 left, 0.5 middle, 1 right

@@ -95,15 +95,12 @@ public:
             constexpr float kX[] = {0, 0.5F, 1, 0, 0.5F, 0};
             line.alignX = kX[std::clamp(text.hJustification, 0, 5)];
             line.alignY = text.hJustification == 4 || text.vJustification == 2 ? 0.5F
-                          : text.vJustification == 3                          ? 1.0F
-                                                                              : 0.0F;
+                          : text.vJustification == 3                           ? 1.0F
+                                                                               : 0.0F;
         }
         m_backdrop.addText(line, QByteArray::fromStdString(text.text));
     }
-    void addMTextChunk(const std::string &text) override
-    {
-        m_chunks += text;
-    }
+    void addMTextChunk(const std::string &text) override { m_chunks += text; }
     void addMText(const DL_MTextData &text) override
     {
         const QByteArrayList lines =

@@ -21,10 +21,7 @@ public:
     }
     static QString Plans() { return tr("DXF plans to open; a sample when there is none."); }
     static QString Exchange() { return tr("Exchange commands with the partner in this folder."); }
-    static QString Screenshot()
-    {
-        return tr("Write a picture of the window as PNG, and leave.");
-    }
+    static QString Screenshot() { return tr("Write a picture of the window as PNG, and leave."); }
     static QString Size() { return tr("Size of the picture in pixels, as in 1280x800."); }
     static QString View()
     {
@@ -54,8 +51,8 @@ std::optional<QSize> sizeFrom(const QString &text)
     static const QRegularExpression form(u"\\A(\\d{1,5})x(\\d{1,5})\\z"_s);
     const QRegularExpressionMatch match = form.match(text);
     const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
-    const bool isSize = match.hasMatch() && !size.isEmpty() && size.width() <= kMost &&
-                        size.height() <= kMost;
+    const bool isSize =
+        match.hasMatch() && !size.isEmpty() && size.width() <= kMost && size.height() <= kMost;
     return isSize ? std::optional(size) : std::nullopt;
 }
 

@@ -42,8 +42,7 @@ SheetFrame pageOf(const PlanView &view)
 
 } // namespace
 
-DocWindow::DocWindow(PlanTabs &tabs, Sources sources)
-    : m_tabs(tabs), m_sources(std::move(sources))
+DocWindow::DocWindow(PlanTabs &tabs, Sources sources) : m_tabs(tabs), m_sources(std::move(sources))
 {
     SetHInstance(this);
     QObject::connect(&tabs, &PlanTabs::currentViewChanged, &m_context,
@@ -103,8 +102,8 @@ bool DocWindow::DeviceToDocument(QWidget *view, UCoord &coord) const
 {
     const PlanView *plan = planView(view);
     if (plan)
-        coord.docPoint = pageOf(*plan).toPage(
-            plan->pose().toMap(middleOf(coord.devicePoint), plan->size()));
+        coord.docPoint =
+            pageOf(*plan).toPage(plan->pose().toMap(middleOf(coord.devicePoint), plan->size()));
     return plan != nullptr;
 }
 
@@ -124,8 +123,8 @@ DocWindow::UDocItem DocWindow::itemOf(const PlanView &view, quint32 sheet)
     item.fileName = SheetAddress{view.plan().path(), title}.toText();
     item.title = title;
     item.description = view.plan().name();
-    item.documentNumber = static_cast<qint32>(
-        std::min<quint32>(sheet + 1, static_cast<quint32>(kPlanNumber - 1)));
+    item.documentNumber =
+        static_cast<qint32>(std::min<quint32>(sheet + 1, static_cast<quint32>(kPlanNumber - 1)));
     item.pageNumber = 0;
     return item;
 }
@@ -159,9 +158,9 @@ DocWindow::UDocItem DocWindow::CurrentDocument(QWidget *view) const
 
 DocWindow::ViewDetails DocWindow::CurrentDetails(QWidget *view) const
 {
-    return planView(view) ? ViewDetail::Page | ViewDetail::Rotation | ViewDetail::Scale |
-                                ViewDetail::Position
-                          : ViewDetails();
+    return planView(view)
+               ? ViewDetail::Page | ViewDetail::Rotation | ViewDetail::Scale | ViewDetail::Position
+               : ViewDetails();
 }
 
 DocWindow::UDocItemList DocWindow::Neighbours(QWidget *view, PageSide side) const
@@ -233,8 +232,8 @@ bool DocWindow::MoveTo(QWidget *view, const UCoord &middle)
     if (!plan)
         return false;
     const bool isDocument = !middle.IsValid(UCoord::ctGeo) && middle.IsValid(UCoord::ctDocument);
-    plan->moveTo(plan->pose().movedTo(isDocument ? pageOf(*plan).toMap(middle.docPoint)
-                                                 : middle.geoPoint));
+    plan->moveTo(
+        plan->pose().movedTo(isDocument ? pageOf(*plan).toMap(middle.docPoint) : middle.geoPoint));
     return true;
 }
 

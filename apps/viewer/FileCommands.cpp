@@ -141,9 +141,9 @@ void FileCommands::exportGk2(const QString &file)
 
 void FileCommands::askAndExportTable()
 {
-    const QString file = QFileDialog::getSaveFileName(
-        &m_window, tr("Export as table"), suggested(u".xlsx"_s),
-        tr("Tables (*.xlsx *.ods *.csv *.pdf);;All files (*)"));
+    const QString file =
+        QFileDialog::getSaveFileName(&m_window, tr("Export as table"), suggested(u".xlsx"_s),
+                                     tr("Tables (*.xlsx *.ods *.csv *.pdf);;All files (*)"));
     if (!file.isEmpty())
         exportTable(file);
 }
@@ -171,8 +171,8 @@ void FileCommands::exportTable(const QString &file)
 
 void FileCommands::askAndSavePicture()
 {
-    const QString file = QFileDialog::getSaveFileName(
-        &m_window, tr("Save picture"), suggested(u".png"_s), tr("Pictures (*.png)"));
+    const QString file = QFileDialog::getSaveFileName(&m_window, tr("Save picture"),
+                                                      suggested(u".png"_s), tr("Pictures (*.png)"));
     if (!file.isEmpty())
         savePicture(file);
 }
@@ -185,9 +185,8 @@ void FileCommands::savePicture(const QString &file)
     view->completePicture();
     ReplacedFile target(file);
     QBuffer picture;
-    const bool isThere = picture.open(QIODevice::WriteOnly) && view->grab().save(&picture, "PNG") &&
-                         target.Open() &&
-                         target.Device().write(picture.data()) == picture.data().size() &&
-                         target.Commit();
+    const bool isThere =
+        picture.open(QIODevice::WriteOnly) && view->grab().save(&picture, "PNG") && target.Open() &&
+        target.Device().write(picture.data()) == picture.data().size() && target.Commit();
     m_window.tell(isThere ? QString() : Texts::NotWritten(file, target.Fault()));
 }

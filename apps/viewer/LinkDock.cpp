@@ -4,8 +4,8 @@
 
 #include "DocWindow.h"
 #include "MainWindow.h"
-#include "PlanView.h"
 #include "Plan.h"
+#include "PlanView.h"
 #include "SheetAddress.h"
 #include "ViewNavigation.h"
 #include "ViewerActions.h"
@@ -74,10 +74,10 @@ void LinkDock::setDatabase(Database *database)
 
 bool LinkDock::find(const Tz::ObjectId &object)
 {
-    const auto found = m_links && m_links->Open() ? m_links->DocumentsForObject(object)
-                                                  : std::nullopt;
+    const auto found =
+        m_links && m_links->Open() ? m_links->DocumentsForObject(object) : std::nullopt;
     if (!found || found->empty()) {
-        m_window.tell(found ? tr("No sheet shows the object %1").arg(textOf(object))
+        m_window.tell(found        ? tr("No sheet shows the object %1").arg(textOf(object))
                       : m_database ? m_database->LastError()
                                    : tr("There is no database"));
         return false;
@@ -160,8 +160,8 @@ docwindow::UDocItemList LinkDock::linkedTo(const SheetAddress &sheet) const
 {
     docwindow::UDocItemList items;
     const QString document = sheet.toText();
-    const auto own = m_links && m_links->Open() ? m_links->ObjectsInDocument(document)
-                                                : std::nullopt;
+    const auto own =
+        m_links && m_links->Open() ? m_links->ObjectsInDocument(document) : std::nullopt;
     if (!own)
         return items;
     for (const KeloLinkedObject &object : *own) {

@@ -93,8 +93,8 @@ void MainWindow::layOut()
     bar->setObjectName(u"tools"_s);
     using Id = ViewerAction;
     for (const Id id : {Id::Open, Id::ZoomIn, Id::ZoomOut, Id::WholePlan, Id::WholeSheet,
-                        Id::NorthUp, Id::PreviousView, Id::NextView, Id::ShowBackdrop, Id::GoToSheet,
-                        Id::StoreView, Id::ShowInPartner, Id::Workbench})
+                        Id::NorthUp, Id::PreviousView, Id::NextView, Id::ShowBackdrop,
+                        Id::GoToSheet, Id::StoreView, Id::ShowInPartner, Id::Workbench})
         bar->addAction(&m_actions.action(id));
     auto *middle = new QWidget;
     auto *column = new QVBoxLayout(middle);
@@ -120,7 +120,7 @@ void MainWindow::addCommands(MenuConfigManager &configuration)
 {
     new FileCommands(*this);
     new ViewCommands(*this);
-    new ToolCommands(*this, configuration);
+    new ToolCommands(*this);
     new ContextMenus(*this, configuration);
 }
 

@@ -137,14 +137,13 @@ QString PartnerChannel::shownAreaFile(const PlanView &view) const
     for (const QPointF corner :
          {pixels.topLeft(), pixels.topRight(), pixels.bottomRight(), pixels.bottomLeft()}) {
         const QPointF place = view.pose().toMap(corner, view.size());
-        text += QByteArray::number(place.x(), 'f', 3) + ' ' + QByteArray::number(place.y(), 'f', 3) +
-                '\n';
+        text += QByteArray::number(place.x(), 'f', 3) + ' ' +
+                QByteArray::number(place.y(), 'f', 3) + '\n';
     }
     const QString name =
         UserDataManager().GetStorageDirectoryForModule(kModule, true) + "/shown-area.pol"_L1;
     ReplacedFile file(name);
-    const bool isThere =
-        file.Open() && file.Device().write(text) == text.size() && file.Commit();
+    const bool isThere = file.Open() && file.Device().write(text) == text.size() && file.Commit();
     return isThere ? name : QString();
 }
 

@@ -10,11 +10,11 @@
 
 namespace {
 
-constexpr int kTile = 256;       ///< pixels
-constexpr int kSpareTiles = 16;  ///< kept beside those that are shown
-constexpr int kRest = 90;        ///< milliseconds after which a movement rests
-constexpr int kOverview = 768;   ///< pixels of the longer side
-constexpr int kFraction = 16;    ///< bits behind the point
+constexpr int kTile = 256;      ///< pixels
+constexpr int kSpareTiles = 16; ///< kept beside those that are shown
+constexpr int kRest = 90;       ///< milliseconds after which a movement rests
+constexpr int kOverview = 768;  ///< pixels of the longer side
+constexpr int kFraction = 16;   ///< bits behind the point
 
 /// A walk through a picture along the rows of another.
 struct Walk
@@ -284,9 +284,9 @@ bool PictureStore::work(int milliseconds)
 
 void PictureStore::beginJob(QPoint key)
 {
-    m_job.reset(new Job{key, m_revision,
-                        ScenePainting(m_scene, m_colors, tileTransform(key), QSize(kTile, kTile),
-                                      m_ratio)});
+    m_job.reset(new Job{
+        key, m_revision,
+        ScenePainting(m_scene, m_colors, tileTransform(key), QSize(kTile, kTile), m_ratio)});
 }
 
 void PictureStore::finishJob()
@@ -303,8 +303,7 @@ void PictureStore::beginOverview()
     const QRectF rect = bounds.rect();
     const double longer = std::max({rect.width(), rect.height(), 1e-3});
     const double scale = kOverview / longer;
-    m_nextOverview =
-        QTransform(scale, 0, 0, -scale, -rect.left() * scale, rect.bottom() * scale);
+    m_nextOverview = QTransform(scale, 0, 0, -scale, -rect.left() * scale, rect.bottom() * scale);
     const QSize size(std::max(1, qRound(rect.width() * scale)),
                      std::max(1, qRound(rect.height() * scale)));
     m_overviewJob =

@@ -58,6 +58,7 @@ std::optional<PlanState> readPlanState(QSettings &project, const QString &plan)
     const double angle = number(kAngle);
     if (!areNumbers || scale <= 0)
         return std::nullopt;
-    return PlanState{ViewPose(middle, scale, angle), project.value(group + kBackdrop, true).toBool(),
+    return PlanState{ViewPose(middle, scale, angle),
+                     project.value(group + kBackdrop, true).toBool(),
                      project.value(group + kPlaced, false).toBool()};
 }

@@ -183,8 +183,8 @@ void PlanView::paintCurrentSheet(QPainter &painter) const
     for (const QPointF &corner : frame.corners())
         polygon << m_pose.toPixel(corner, size());
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 3, Qt::SolidLine, Qt::SquareCap,
-                        Qt::MiterJoin));
+    painter.setPen(
+        QPen(palette().color(QPalette::Highlight), 3, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.drawPolygon(polygon);
 }
 

@@ -51,8 +51,8 @@ void RecentPlans::fill()
     for (const QString &path : plans()) {
         const QFileInfo file(path);
         const QString text = file.fileName() + " - "_L1 + QDir::toNativeSeparators(file.path());
-        QAction *entry = addAction(u"&%1 "_s.arg(++number % 10) +
-                                   QString(text).replace(u'&', "&&"_L1));
+        QAction *entry =
+            addAction(u"&%1 "_s.arg(++number % 10) + QString(text).replace(u'&', "&&"_L1));
         entry->setEnabled(file.exists());
         connect(entry, &QAction::triggered, this, [this, path] { emit chosen(path); });
     }

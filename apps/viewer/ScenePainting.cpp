@@ -41,9 +41,15 @@ SceneColors SceneColors::of(const QPalette &palette)
     const QColor paper = palette.color(QPalette::Base);
     const QColor ink = palette.color(QPalette::Text);
     if (isDark(paper))
-        return {paper, mixed(ink, paper, 0.45), QColor(QRgb{0xFF68AAF0}), QColor(QRgb{0xFF9ECAFA}),
+        return {paper,
+                mixed(ink, paper, 0.45),
+                QColor(QRgb{0xFF68AAF0}),
+                QColor(QRgb{0xFF9ECAFA}),
                 {QRgb{0xFF5F9DEB}, QRgb{0xFF35C4B2}, QRgb{0xFFFFC15C}, QRgb{0xFFC590DD}}};
-    return {paper, mixed(ink, paper, 0.45), QColor(QRgb{0xFF1F5FAE}), QColor(QRgb{0xFF1F4F96}),
+    return {paper,
+            mixed(ink, paper, 0.45),
+            QColor(QRgb{0xFF1F5FAE}),
+            QColor(QRgb{0xFF1F4F96}),
             {QRgb{0xFF1D4F91}, QRgb{0xFF1E9E8F}, QRgb{0xFFEFA73A}, QRgb{0xFF9B6BB5}}};
 }
 
@@ -221,8 +227,7 @@ void ScenePainting::paintText(std::size_t index)
     if (capitals < kReadable * m_unit / 2 || isOutside(at, 2 * capitals * text.size))
         return;
     const QPointF along =
-        mapped(m_toPixels, QPointF(std::cos(text.angle), std::sin(text.angle))) /
-        m_pixelsPerMetre;
+        mapped(m_toPixels, QPointF(std::cos(text.angle), std::sin(text.angle))) / m_pixelsPerMetre;
     setPen(m_colors.backdrop, 1);
     if (capitals < kReadable * m_unit) { // a line for the words
         const QPointF words = along * (0.6 * capitals * text.size);
@@ -319,8 +324,8 @@ void ScenePainting::paintCorners(const std::array<QPointF, 4> &corners)
             return corners[i] + (length > 0 ? way / length * std::min(length * share, most) : way);
         };
         m_painter.setBrush(m_colors.corners[i]);
-        m_painter.drawPolygon(QPolygonF{{corners[i], toward(corners[(i + 1) % 4]),
-                                         toward(corners[(i + 3) % 4])}});
+        m_painter.drawPolygon(
+            QPolygonF{{corners[i], toward(corners[(i + 1) % 4]), toward(corners[(i + 3) % 4])}});
     }
     m_painter.setBrush(Qt::NoBrush);
 }

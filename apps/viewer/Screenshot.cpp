@@ -8,8 +8,8 @@
 #include "Plan.h"
 #include "PlanView.h"
 #include "ViewNavigation.h"
-#include <QBuffer>
 #include <QApplication>
+#include <QBuffer>
 #include <QPalette>
 #include <QPixmap>
 #include <cstdio>
@@ -79,9 +79,8 @@ int takeScreenshot(MainWindow &window, const CommandLine &line)
     QCoreApplication::processEvents(); // lays out what has changed its texts
     ReplacedFile file(line.screenshot);
     QBuffer picture;
-    const bool isThere = picture.open(QIODevice::WriteOnly) &&
-                         window.grab().save(&picture, "PNG") && file.Open() &&
-                         file.Device().write(picture.data()) == picture.data().size() &&
-                         file.Commit();
+    const bool isThere =
+        picture.open(QIODevice::WriteOnly) && window.grab().save(&picture, "PNG") && file.Open() &&
+        file.Device().write(picture.data()) == picture.data().size() && file.Commit();
     return isThere ? 0 : fail(Texts::NotWritten(line.screenshot, file.Fault().reason));
 }

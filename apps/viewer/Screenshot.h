@@ -5,7 +5,7 @@
 struct CommandLine;
 class MainWindow;
 
-/// Waits until all of the plan in front is read and painted. Tells in one sentence on standard error
-/// what went wrong.
+/// Waits until all of the plan in front is read and painted. Tells in one sentence on standard
+/// error what went wrong.
 /// @return the program's status
 int takeScreenshot(MainWindow &window, const CommandLine &line);

@@ -44,8 +44,9 @@ Session::Session(MainWindow &window) : m_window(window), m_tabs(window.tabs())
     window.restoreGeometry(layout.value(kGeometry).toByteArray());
     window.restoreState(layout.value(kDocks).toByteArray(), kWindowVersion);
     QSettings &settings = data.GetSettingsConfigFile(DataScopeUser, true);
-    window.actions().action(ViewerAction::SectorMenu).setChecked(
-        settings.value(kSectorMenu, false).toBool());
+    window.actions()
+        .action(ViewerAction::SectorMenu)
+        .setChecked(settings.value(kSectorMenu, false).toBool());
 
     connect(&data, &UserDataManagerI::onSavingUserConfigFiles, this, &Session::saveWindow);
     connect(&data, &UserDataManagerI::onSavingProjectConfigFiles, this, &Session::savePlans);

@@ -170,8 +170,10 @@ SheetFrame SheetLayer::frame(quint32 sheet) const
     if (const auto labelled = labelledFrame(sheet))
         return *labelled;
     const MapBounds bounds = boundsOf(sheet);
-    return SheetFrame({QPointF(bounds.left, bounds.top), {bounds.right, bounds.top},
-                       {bounds.right, bounds.bottom}, {bounds.left, bounds.bottom}});
+    return SheetFrame({QPointF(bounds.left, bounds.top),
+                       {bounds.right, bounds.top},
+                       {bounds.right, bounds.bottom},
+                       {bounds.left, bounds.bottom}});
 }
 
 QString SheetLayer::number(quint32 sheet) const

@@ -50,8 +50,7 @@ StoredViewDock::StoredViewDock(MainWindow &window)
     connect(m_remove, &QPushButton::clicked, this, &StoredViewDock::remove);
     connect(&controls(), &NavCtrlMgrIfc::storedViewsChanged, this, &StoredViewDock::fill,
             Qt::QueuedConnection); // an entry may be in the midst of being edited
-    new QShortcut(QKeySequence::Delete, m_list, this, &StoredViewDock::remove,
-                  Qt::WidgetShortcut);
+    new QShortcut(QKeySequence::Delete, m_list, this, &StoredViewDock::remove, Qt::WidgetShortcut);
     const ViewerActions &actions = window.actions();
     actions.on(ViewerAction::StoreView, this, [this] { askAndStore(); });
     connect(&actions.action(ViewerAction::StoredViews), &QAction::toggled, this,

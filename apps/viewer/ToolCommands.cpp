@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Full screen, the menu configuration, and what can be said of this run.
+// Full screen, and what can be said of this run.
 #include "ToolCommands.h"
 
 #include "MainWindow.h"
@@ -8,10 +8,8 @@
 #include <QMessageBox>
 #include <kelo_base/core/Environment.h>
 
-ToolCommands::ToolCommands(MainWindow &window, MenuConfigManager &configuration)
-    : QObject(&window), m_window(window)
+ToolCommands::ToolCommands(MainWindow &window) : QObject(&window), m_window(window)
 {
-    Q_UNUSED(configuration)
     const ViewerActions &actions = window.actions();
     actions.on(ViewerAction::FullScreen, this, [this] { showFullScreen(); });
     actions.on(ViewerAction::About, this, [this] { showAbout(); });

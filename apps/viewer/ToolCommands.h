@@ -5,14 +5,13 @@
 #include <QObject>
 
 class MainWindow;
-class MenuConfigManager;
 
 class ToolCommands : public QObject
 {
     Q_OBJECT
 
 public:
-    ToolCommands(MainWindow &window, MenuConfigManager &configuration);
+    explicit ToolCommands(MainWindow &window);
 
 private:
     void showFullScreen();

@@ -91,8 +91,7 @@ void ViewCommands::goForth(PlanView &view)
 
 void ViewCommands::showBackdrop(PlanView &view)
 {
-    view.plan().setBackdropShown(
-        m_window.actions().action(ViewerAction::ShowBackdrop).isChecked());
+    view.plan().setBackdropShown(m_window.actions().action(ViewerAction::ShowBackdrop).isChecked());
 }
 
 void ViewCommands::placeSheets(PlanView &view)
@@ -129,9 +128,10 @@ void ViewCommands::goToCoordinates(PlanView &view)
                             .arg(EstimatedHeightAboveGroundLevelS(&view), 0, 'f', 1)
                             .arg(view.pose().angle(), 0, 'f', 1);
     bool isChosen = false;
-    const QString text = QInputDialog::getText(
-        &m_window, tr("Go to coordinates"), tr("East, north, height and angle, with commas between:"),
-        QLineEdit::Normal, now, &isChosen);
+    const QString text =
+        QInputDialog::getText(&m_window, tr("Go to coordinates"),
+                              tr("East, north, height and angle, with commas between:"),
+                              QLineEdit::Normal, now, &isChosen);
     if (!isChosen)
         return;
     const auto wanted = WantedView::fromText(text);

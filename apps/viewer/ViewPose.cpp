@@ -71,7 +71,8 @@ QPointF ViewPose::toPixel(QPointF map, QSizeF view) const
 QTransform ViewPose::transform(QSizeF view) const
 {
     const QPointF x = right() / m_metresPerPixel;
-    const QPointF origin = middleOf(view) - QPointF(along(m_middle, x), -along(m_middle, leftOf(x)));
+    const QPointF origin =
+        middleOf(view) - QPointF(along(m_middle, x), -along(m_middle, leftOf(x)));
     return {x.x(), x.y(), x.y(), -x.x(), origin.x(), origin.y()};
 }
 

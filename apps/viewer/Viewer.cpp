@@ -60,7 +60,9 @@ int Viewer::runWithServices()
 {
     CoreFacadeI &core = CoreFacadeI::Instance();
     core.Join(MenuConfigService(m_configuration, m_manager));
-    core.Join({u"window"_s, [this](QString &) { return openWindow(); }, [this] { closeWindow(); },
+    core.Join({u"window"_s,
+               [this](QString &) { return openWindow(); },
+               [this] { closeWindow(); },
                {u"settings"_s, u"menus"_s}});
     core.Join({u"channel"_s,
                [this](QString &) {

@@ -39,7 +39,8 @@ constexpr Function kFunctions[] = {
     {Id::Reload, FileMenu, kPlan, QT_TRANSLATE_NOOP("ViewerActions", "&Read again"), "F5", false,
      "20,12 18,17 12,20 6,17 4,12 6,7 12,4 17,6 19,8; 19,3 19,8 14,8"},
     {Id::ExportGk2, FileMenu, kPlan, QT_TRANSLATE_NOOP("ViewerActions", "Export as &GK2..."),
-     "Ctrl+E", false, "4,4 16,4 16,10; 4,4 4,20 10,20; 7,8 13,8; 7,12 11,12; 12,17 21,17; 18,14 21,17 18,20"},
+     "Ctrl+E", false,
+     "4,4 16,4 16,10; 4,4 4,20 10,20; 7,8 13,8; 7,12 11,12; 12,17 21,17; 18,14 21,17 18,20"},
     {Id::ExportTable, FileMenu, kPlan, QT_TRANSLATE_NOOP("ViewerActions", "Export as &table..."),
      "Ctrl+Shift+E", false, "3,4 21,4 21,20 3,20 3,4; 3,9 21,9; 3,14 21,14; 9,4 9,20"},
     {Id::SavePicture, FileMenu, kPlan, QT_TRANSLATE_NOOP("ViewerActions", "Save &picture..."), "",
@@ -56,17 +57,18 @@ constexpr Function kFunctions[] = {
     {Id::WholePlan, ViewMenu, kPlan, QT_TRANSLATE_NOOP("ViewerActions", "Whole &plan"), "Ctrl+0",
      false, kFrame},
     {Id::WholeSheet, ViewMenu, kSheet, QT_TRANSLATE_NOOP("ViewerActions", "Whole &sheet"), "Ctrl+9",
-     false, "3,8 3,3 8,3; 16,3 21,3 21,8; 21,16 21,21 16,21; 8,21 3,21 3,16; 8,8 16,8 16,16 8,16 8,8"},
-    {Id::TurnLeft, ViewMenu, kPlan, QT_TRANSLATE_NOOP("ViewerActions", "Turn &left"), "Ctrl+L", false,
-     "19,19 20,13 17,8 12,6 6,9; 6,4 6,9 11,9"},
+     false,
+     "3,8 3,3 8,3; 16,3 21,3 21,8; 21,16 21,21 16,21; 8,21 3,21 3,16; 8,8 16,8 16,16 8,16 8,8"},
+    {Id::TurnLeft, ViewMenu, kPlan, QT_TRANSLATE_NOOP("ViewerActions", "Turn &left"), "Ctrl+L",
+     false, "19,19 20,13 17,8 12,6 6,9; 6,4 6,9 11,9"},
     {Id::TurnRight, ViewMenu, kPlan, QT_TRANSLATE_NOOP("ViewerActions", "Turn &right"), "Ctrl+R",
      false, "5,19 4,13 7,8 12,6 18,9; 18,4 18,9 13,9"},
     {Id::NorthUp, ViewMenu, kPlan, QT_TRANSLATE_NOOP("ViewerActions", "&North up"), "Ctrl+U", false,
      "12,3 17,20 12,16 7,20 12,3; 12,3 12,16"},
     {Id::PreviousView, ViewMenu, kPlan, QT_TRANSLATE_NOOP("ViewerActions", "Pre&vious view"),
      "Ctrl+Z", false, "8,4 4,8 8,12; 4,8 15,8 20,12 20,15 16,19 9,19"},
-    {Id::NextView, ViewMenu, kPlan, QT_TRANSLATE_NOOP("ViewerActions", "Ne&xt view"), "Ctrl+Shift+Z",
-     false, "16,4 20,8 16,12; 20,8 9,8 4,12 4,15 8,19 15,19"},
+    {Id::NextView, ViewMenu, kPlan, QT_TRANSLATE_NOOP("ViewerActions", "Ne&xt view"),
+     "Ctrl+Shift+Z", false, "16,4 20,8 16,12; 20,8 9,8 4,12 4,15 8,19 15,19"},
     {Id::ShowBackdrop, ViewMenu, kPlan, QT_TRANSLATE_NOOP("ViewerActions", "&Backdrop"), "Ctrl+B",
      true, "3,8 7,6 11,8 15,6 21,8; 3,13 7,11 11,13 15,11 21,13; 3,18 7,16 11,18 15,16 21,18"},
     {Id::PlaceSheets, ViewMenu, kPlan,
@@ -87,7 +89,8 @@ constexpr Function kFunctions[] = {
      false, "7,3 17,3 17,21 12,16 7,21 7,3"},
 
     {Id::ShowInPartner, PartnerMenu, kPlan, QT_TRANSLATE_NOOP("ViewerActions", "&Show in partner"),
-     "Ctrl+P", false, "3,5 13,5 13,13 3,13 3,5; 11,16 11,19 21,19 21,11 16,11; 8,9 17,15; 17,11 17,15 13,15"},
+     "Ctrl+P", false,
+     "3,5 13,5 13,13 3,13 3,5; 11,16 11,19 21,19 21,11 16,11; 8,9 17,15; 17,11 17,15 13,15"},
     {Id::ShowObjectInPartner, PartnerMenu, kSheet,
      QT_TRANSLATE_NOOP("ViewerActions", "Show linked &object in partner"), "", false,
      "o 9,9 5; 13,13 21,21; 21,15 21,21 15,21"},
@@ -106,14 +109,11 @@ constexpr Function kFunctions[] = {
      "F6", true, "6,3 14,3 14,17 10,13 6,17 6,3; 17,6 17,21 13,18"},
     {Id::Links, SettingsMenu, kAnywhere, QT_TRANSLATE_NOOP("ViewerActions", "Linked s&heets"), "F7",
      true, "3,3 11,3 11,9 3,9 3,3; 13,15 21,15 21,21 13,21 13,15; 7,9 7,18 13,18"},
-    {Id::ConfigureMenus, SettingsMenu, kAnywhere,
-     QT_TRANSLATE_NOOP("ViewerActions", "&Shortcuts and menus..."), "", false,
-     "2,7 22,7 22,18 2,18 2,7; 5,11 7,11; 10,11 12,11; 15,11 17,11; 7,15 17,15"},
     {Id::SectorMenu, SettingsMenu, kAnywhere,
      QT_TRANSLATE_NOOP("ViewerActions", "&Right button opens the sector menu"), "", true,
      "o 12,12 9; o 12,12 3; 12,3 12,9; 12,15 12,21; 3,12 9,12; 15,12 21,12"},
-    {Id::About, SettingsMenu, kAnywhere, QT_TRANSLATE_NOOP("ViewerActions", "&About this viewer"), "",
-     false, "o 12,12 9; 12,10 12,17; 12,6 12,7"},
+    {Id::About, SettingsMenu, kAnywhere, QT_TRANSLATE_NOOP("ViewerActions", "&About this viewer"),
+     "", false, "o 12,12 9; 12,10 12,17; 12,6 12,7"},
 };
 
 constexpr const char *kCategories[] = {
@@ -128,10 +128,9 @@ constexpr const char *kCategories[] = {
 /// Before these, a line in the menu.
 bool beginsGroup(Id id)
 {
-    constexpr Id kBegins[] = {Id::ExportGk2,    Id::CloseTab,       Id::TurnLeft,
-                              Id::PreviousView, Id::ShowBackdrop,   Id::FullScreen,
-                              Id::StoreView,    Id::LinkObject,     Id::StartPartner,
-                              Id::ConfigureMenus, Id::About};
+    constexpr Id kBegins[] = {Id::ExportGk2,    Id::CloseTab,   Id::TurnLeft,  Id::PreviousView,
+                              Id::ShowBackdrop, Id::FullScreen, Id::StoreView, Id::LinkObject,
+                              Id::StartPartner, Id::SectorMenu, Id::About};
     return std::ranges::find(kBegins, id) != std::end(kBegins);
 }
 

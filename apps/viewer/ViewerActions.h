@@ -46,7 +46,6 @@ enum class ViewerAction : int {
     Workbench = 501,
     StoredViews = 502,
     Links = 503,
-    ConfigureMenus = 504,
     SectorMenu = 505,
     About = 506,
 };

@@ -13,8 +13,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-WorkbenchDock::WorkbenchDock(MainWindow &window)
-    : QDockWidget(tr("Workbench")), m_window(window)
+WorkbenchDock::WorkbenchDock(MainWindow &window) : QDockWidget(tr("Workbench")), m_window(window)
 {
     setObjectName(u"workbench"_s);
     QAction &action = window.actions().action(ViewerAction::Workbench);

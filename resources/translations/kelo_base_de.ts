@@ -2232,10 +2232,6 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <translation>&amp;Verknüpfte Blätter</translation>
     </message>
     <message>
-        <source>&amp;Shortcuts and menus...</source>
-        <translation>&amp;Tastenkürzel und Menüs …</translation>
-    </message>
-    <message>
         <source>&amp;Right button opens the sector menu</source>
         <translation>&amp;Rechte Taste öffnet das Sektormenü</translation>
     </message>

@@ -44,8 +44,7 @@ QByteArray entity(const QByteArray &name, const QList<QPair<int, QByteArray>> &g
 
 QByteArray drawing(const QByteArray &entities)
 {
-    return pair(0, "SECTION") + pair(2, "ENTITIES") + entities + pair(0, "ENDSEC") +
-           pair(0, "EOF");
+    return pair(0, "SECTION") + pair(2, "ENTITIES") + entities + pair(0, "ENDSEC") + pair(0, "EOF");
 }
 
 /// Sheets of 100 x 50 side by side, @p columns of them in a row, the first at the bottom left.
@@ -59,10 +58,10 @@ QByteArray planOfSheets(int columns, int rows, const QByteArray &entities = {})
         const int y = i / columns * 50;
         blocks += pair(0, "BLOCK") + pair(2, name) + pair(0, "LWPOLYLINE") + pair(90, "4") +
                   pair(70, "1");
-        for (const QPoint corner : {QPoint(x, y), QPoint(x + 100, y), QPoint(x + 100, y + 50),
-                                    QPoint(x, y + 50)})
-            blocks += pair(10, QByteArray::number(corner.x())) +
-                      pair(20, QByteArray::number(corner.y()));
+        for (const QPoint corner :
+             {QPoint(x, y), QPoint(x + 100, y), QPoint(x + 100, y + 50), QPoint(x, y + 50)})
+            blocks +=
+                pair(10, QByteArray::number(corner.x())) + pair(20, QByteArray::number(corner.y()));
         blocks += pair(0, "ENDBLK");
         inserts += entity("INSERT", {{66, "1"}, {2, name}, {10, "0"}, {20, "0"}}) +
                    entity("ATTRIB", {{1, QByteArray::number(i + 1)}, {2, "BL_NR"}}) +
@@ -219,10 +218,9 @@ void TestViewer::readsViewsFromText_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<std::optional<WantedView>>("expected");
-    QTest::newRow("three numbers") << u"1.5,-2,300"_s
-                                   << std::optional(WantedView{{1.5, -2}, 300, 0});
-    QTest::newRow("an angle") << u"1, 2, 3, -45.5"_s
-                              << std::optional(WantedView{{1, 2}, 3, -45.5});
+    QTest::newRow("three numbers")
+        << u"1.5,-2,300"_s << std::optional(WantedView{{1.5, -2}, 300, 0});
+    QTest::newRow("an angle") << u"1, 2, 3, -45.5"_s << std::optional(WantedView{{1, 2}, 3, -45.5});
     for (const char *text : {"", "1,2", "1,2,0", "1,2,-3", "1,2,3,4,5", "1,x,3", "1,2,inf", "1,,3"})
         QTest::newRow(text) << QString::fromLatin1(text) << std::optional<WantedView>();
 }
@@ -239,8 +237,8 @@ void TestViewer::namesFaultsOfTheCommandLine_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("named"); ///< in the fault; empty: there is none
     QTest::newRow("plans alone") << QStringList{u"a.dxf"_s, u"b.dxf"_s} << QString();
-    QTest::newRow("a picture") << QStringList{u"--screenshot"_s, u"x.png"_s, u"--size"_s,
-                                              u"640x480"_s, u"--view"_s, u"1,2,3"_s}
+    QTest::newRow("a picture") << QStringList{u"--screenshot"_s, u"x.png"_s,  u"--size"_s,
+                                              u"640x480"_s,      u"--view"_s, u"1,2,3"_s}
                                << QString();
     QTest::newRow("an unknown option") << QStringList{u"--wide"_s} << u"wide"_s;
     QTest::newRow("a size without height") << QStringList{u"--size"_s, u"640"_s} << u"640"_s;
@@ -320,18 +318,23 @@ void TestViewer::readsBackdrops_data()
     const auto row = [](const char *name, const QByteArray &entities, const QStringList &expected) {
         QTest::newRow(name) << drawing(entities) << expected;
     };
-    const QByteArray line =
-        entity("LINE", {{10, "1"}, {20, " 2 "}, {11, "+3"}, {21, "4e0"}});
+    const QByteArray line = entity("LINE", {{10, "1"}, {20, " 2 "}, {11, "+3"}, {21, "4e0"}});
     row("a line", line, {u"1,2-3,4"_s});
-    QTest::newRow("lines end in CR LF") << drawing(line).replace("\n", "\r\n")
-                                        << QStringList{u"1,2-3,4"_s};
-    QTest::newRow("a plan that ends in the midst") << drawing(line).left(drawing(line).size() - 16)
-                                                   << QStringList{u"1,2-3,4"_s};
+    QTest::newRow("lines end in CR LF")
+        << drawing(line).replace("\n", "\r\n") << QStringList{u"1,2-3,4"_s};
+    QTest::newRow("a plan that ends in the midst")
+        << drawing(line).left(drawing(line).size() - 16) << QStringList{u"1,2-3,4"_s};
     row("paper space is left out", entity("LINE", {{67, "1"}, {10, "1"}, {20, "2"}}) + line,
         {u"1,2-3,4"_s});
     row("a closed polyline of the new kind",
-        entity("LWPOLYLINE", {{90, "99999999"}, {70, "1"}, {10, "0"}, {20, "0"}, {10, "5"},
-                              {20, "0"}, {10, "5"}, {20, "5"}}),
+        entity("LWPOLYLINE", {{90, "99999999"},
+                              {70, "1"},
+                              {10, "0"},
+                              {20, "0"},
+                              {10, "5"},
+                              {20, "0"},
+                              {10, "5"},
+                              {20, "5"}}),
         {u"0,0-5,0"_s, u"5,0-5,5"_s, u"5,5-0,0"_s});
     row("a polyline of the old kind, without the frame of its curve",
         entity("POLYLINE", {{66, "1"}, {70, "4"}}) +
@@ -344,12 +347,17 @@ void TestViewer::readsBackdrops_data()
             entity("VERTEX", {{10, "1"}, {20, "0"}}) + pair(0, "SEQEND") + line,
         {u"1,2-3,4"_s});
     row("a bulge of 1 is a half circle, counter-clockwise",
-        entity("LWPOLYLINE", {{90, "2"}, {70, "0"}, {10, "0"}, {20, "0"}, {42, "1"}, {10, "2"},
-                              {20, "0"}}),
+        entity("LWPOLYLINE",
+               {{90, "2"}, {70, "0"}, {10, "0"}, {20, "0"}, {42, "1"}, {10, "2"}, {20, "0"}}),
         {u"arc 1,0 r1 180..360"_s});
     row("a negative one goes clockwise",
-        entity("LWPOLYLINE", {{90, "2"}, {70, "0"}, {10, "0"}, {20, "0"},
-                              {42, "-0.41421356237309503"}, {10, "2"}, {20, "0"}}),
+        entity("LWPOLYLINE", {{90, "2"},
+                              {70, "0"},
+                              {10, "0"},
+                              {20, "0"},
+                              {42, "-0.41421356237309503"},
+                              {10, "2"},
+                              {20, "0"}}),
         {u"arc 1,-1 r1.41421 45..135"_s});
     row("arcs and circles",
         entity("ARC", {{10, "1"}, {20, "2"}, {40, "3"}, {50, "350"}, {51, "10"}}) +
@@ -360,12 +368,12 @@ void TestViewer::readsBackdrops_data()
         {u"arc -1,2 r3 90..180"_s});
     row("texts, aligned ones by their second point",
         entity("TEXT", {{10, "1"}, {20, "2"}, {40, "3"}, {1, "left"}}) +
-            entity("TEXT", {{10, "1"}, {20, "2"}, {11, "5"}, {21, "6"}, {40, "3"}, {72, "1"},
-                            {1, "mid"}}),
+            entity("TEXT",
+                   {{10, "1"}, {20, "2"}, {11, "5"}, {21, "6"}, {40, "3"}, {72, "1"}, {1, "mid"}}),
         {u"text 1,2 3 left"_s, u"text 5,6 3 mid"_s});
     row("a text of two lines, in pieces",
-        entity("MTEXT", {{10, "0"}, {20, "10"}, {40, "3"}, {71, "1"}, {3, "{\\fArial;on"},
-                         {1, "e}\\Ptwo"}}),
+        entity("MTEXT",
+               {{10, "0"}, {20, "10"}, {40, "3"}, {71, "1"}, {3, "{\\fArial;on"}, {1, "e}\\Ptwo"}}),
         {u"text 0,10 3 one"_s, u"text 0,5 3 two"_s});
     row("numbers that are none, and lines longer than the parser takes",
         entity("LINE", {{10, "nan"}, {20, "x"}, {11, "1"}, {21, "2"}}) +
@@ -415,9 +423,11 @@ void TestViewer::packsHoldEverything()
     double lengths = 0;
     constexpr int kLines = 150'000;
     for (int i = 0; i < kLines; ++i) {
-        const QPointF from(4e6 + random.generateDouble() * 1e4, 5e6 + random.generateDouble() * 1e4);
+        const QPointF from(4e6 + random.generateDouble() * 1e4,
+                           5e6 + random.generateDouble() * 1e4);
         const double longer = i % 100 == 0 ? 5000 : 10;
-        const QPointF to = from + QPointF(random.generateDouble(), random.generateDouble()) * longer;
+        const QPointF to =
+            from + QPointF(random.generateDouble(), random.generateDouble()) * longer;
         lengths += QLineF(from, to).length();
         backdrop.addLine(from, to);
     }
@@ -587,8 +597,10 @@ void TestViewer::tilesShowWhatAPaintingShows()
     QFETCH(const double, ratio);
     QByteArray lines;
     for (int i = 0; i < 200; ++i)
-        lines += entity("LINE", {{10, QByteArray::number(i)}, {20, "0"},
-                                 {11, QByteArray::number(300 - i)}, {21, "150"}});
+        lines += entity("LINE", {{10, QByteArray::number(i)},
+                                 {20, "0"},
+                                 {11, QByteArray::number(300 - i)},
+                                 {21, "150"}});
     const Opened opened(planOfSheets(3, 3, lines));
     opened.view->plan().readBackdrop();
     opened.view->plan().backdropReader()->read(-1);

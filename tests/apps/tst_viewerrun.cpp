@@ -146,28 +146,29 @@ void TestViewerRun::goesWhereThePartnerWants()
 {
     const QKeySequence keys(u"Ctrl+Alt+K"_s);
     ViewPose last;
-    QCOMPARE(runViewer(m_arguments,
-                       [&](Viewer &viewer, MainWindow &window) {
-                           const QString command =
-                               u"goto %1 %2 30 750"_s.arg(kPlace.x(), 0, 'f', 2)
-                                   .arg(kPlace.y(), 0, 'f', 2);
-                           QCOMPARE(sendAsPartner(m_exchange, {command, u"test"_s}), 0);
-                           PlanView *view = window.currentView();
-                           QVERIFY(QLineF(middleOf(view), kPlace).length() < 1e-6);
-                           double angle = 0;
-                           QVERIFY(NorthAngle(view, angle));
-                           QVERIFY(std::abs(angle - 30) < 0.1);
-                           const double height = EstimatedHeightAboveGroundLevelS(view);
-                           QVERIFY(std::abs(height / 750 - 1) < 1e-4);
+    QCOMPARE(
+        runViewer(
+            m_arguments,
+            [&](Viewer &viewer, MainWindow &window) {
+                const QString command =
+                    u"goto %1 %2 30 750"_s.arg(kPlace.x(), 0, 'f', 2).arg(kPlace.y(), 0, 'f', 2);
+                QCOMPARE(sendAsPartner(m_exchange, {command, u"test"_s}), 0);
+                PlanView *view = window.currentView();
+                QVERIFY(QLineF(middleOf(view), kPlace).length() < 1e-6);
+                double angle = 0;
+                QVERIFY(NorthAngle(view, angle));
+                QVERIFY(std::abs(angle - 30) < 0.1);
+                const double height = EstimatedHeightAboveGroundLevelS(view);
+                QVERIFY(std::abs(height / 750 - 1) < 1e-4);
 
-                           window.actions().action(Id::StoredViews).trigger();
-                           window.actions().action(Id::SectorMenu).trigger();
-                           ActionShortCutList list = viewer.configuration().GetKeyboardShortcutList();
-                           list.AssignKeySequence(int(Id::WholePlan), keys);
-                           viewer.configuration().AssignKeyboardShortcutList(list);
-                           last = view->pose();
-                       }),
-             0);
+                window.actions().action(Id::StoredViews).trigger();
+                window.actions().action(Id::SectorMenu).trigger();
+                ActionShortCutList list = viewer.configuration().GetKeyboardShortcutList();
+                list.AssignKeySequence(int(Id::WholePlan), keys);
+                viewer.configuration().AssignKeyboardShortcutList(list);
+                last = view->pose();
+            }),
+        0);
     QCOMPARE(runViewer(m_arguments,
                        [&](Viewer &, MainWindow &window) {
                            QCOMPARE(window.currentView()->pose(), last);
@@ -211,11 +212,12 @@ void TestViewerRun::showsTheViewInThePartner()
         const QByteArray highlight = takeCommand(m_exchange);
         QVERIFY2(highlight.contains("HighlightPolygons"), highlight);
         const qsizetype name = highlight.indexOf("kelo-data-");
-        QFile polygon(m_exchange + u'/' +
-                      QString::fromLatin1(highlight.mid(name, highlight.indexOf(".pol") + 4 - name)));
+        QFile polygon(
+            m_exchange + u'/' +
+            QString::fromLatin1(highlight.mid(name, highlight.indexOf(".pol") + 4 - name)));
         QVERIFY(polygon.open(QIODevice::ReadOnly));
-        const QPointF corner = window.currentView()->pose().toMap(
-            {0, 0}, window.currentView()->size());
+        const QPointF corner =
+            window.currentView()->pose().toMap({0, 0}, window.currentView()->size());
         QCOMPARE(polygon.readLine().trimmed(), QByteArray::number(corner.x(), 'f', 3) + ' ' +
                                                    QByteArray::number(corner.y(), 'f', 3));
         QVERIFY(window.status().channel().contains(u"waiting"_s));
@@ -272,8 +274,7 @@ void TestViewerRun::doesEverythingOnce()
         for (const Id id : {Id::ZoomIn, Id::TurnLeft, Id::TurnRight, Id::ZoomOut, Id::WholePlan,
                             Id::ShowBackdrop, Id::PlaceSheets, Id::PlaceSheets, Id::NorthUp})
             actions.action(id).trigger();
-        const QPoint sheet3 =
-            view->pose().toPixel({4'469'363, 5'318'705}, view->size()).toPoint();
+        const QPoint sheet3 = view->pose().toPixel({4'469'363, 5'318'705}, view->size()).toPoint();
         QTest::mouseDClick(view, Qt::LeftButton, {}, sheet3);
         QTRY_VERIFY(view->currentSheet());
         QCOMPARE(view->plan().sheets().title(*view->currentSheet()), u"3"_s);
@@ -310,7 +311,8 @@ void TestViewerRun::doesEverythingOnce()
         QTRY_VERIFY(std::abs(view->pose().angle()) < 1e-9);
 
         auto *files = window.findChild<FileCommands *>();
-        for (const QString &name : {u"sheets.txt"_s, u"sheets.csv"_s, u"sheets.xlsx"_s, u"p.png"_s}) {
+        for (const QString &name :
+             {u"sheets.txt"_s, u"sheets.csv"_s, u"sheets.xlsx"_s, u"p.png"_s}) {
             const QString file = m_home->filePath(name);
             if (name.endsWith(u".txt"_s))
                 files->exportGk2(file);
