@@ -63,8 +63,10 @@ struct Walk
             begin = std::max(begin, static_cast<int>(std::clamp(from, -kFar, kFar)) + 1);
             end = std::min(end, static_cast<int>(std::clamp(to, -kFar, kFar)));
         };
+        const int limit = end;
         along(x, stepX, image.width());
         along(y, stepY, image.height());
+        begin = std::min(begin, limit);
         end = std::max(begin, end);
     }
 };
@@ -117,14 +119,13 @@ void sample(QImage &target, const QRect &area, Walk first, Walk second, QRgb pap
                 second.step();
             }
         };
-        begin = std::min(begin, area.width());
         walk(begin, 0);
         for (int column = begin; column < end; ++column) { // most pixels: nothing to be asked
             *pixel++ = sharp.bits[(first.y >> kFraction) * sharp.perLine + (first.x >> kFraction)];
             first.step();
         }
-        second.step(std::max(end - begin, 0));
-        walk(area.width(), std::max(begin, end));
+        second.step(end - begin);
+        walk(area.width(), end);
     }
 }
 

@@ -157,6 +157,8 @@ private slots:
     void goesToHeights();
     void tilesShowWhatAPaintingShows_data();
     void tilesShowWhatAPaintingShows();
+    void turnedPicturesShowTheSame_data();
+    void turnedPicturesShowTheSame();
     void wheelKeepsThePlace();
 };
 
@@ -633,6 +635,61 @@ void TestViewer::tilesShowWhatAPaintingShows()
         }
     QVERIFY(inked > 20'000);
     QVERIFY2(different < inked / 100, qPrintable(QString::number(different)));
+}
+
+void TestViewer::turnedPicturesShowTheSame_data()
+{
+    QTest::addColumn<double>("angle");
+    QTest::addColumn<double>("scale");
+    QTest::newRow("turned a little") << 7.0 << 1.0;
+    QTest::newRow("turned by a quarter") << 90.0 << 1.0;
+    QTest::newRow("turned around") << 180.0 << 1.0;
+    QTest::newRow("zoomed out, beyond the picture's edges") << 0.0 << 1.4;
+    QTest::newRow("turned far and zoomed in") << -135.0 << 0.7;
+}
+
+/// Before anything is painted anew, ink is where it will be, give or take a pixel.
+void TestViewer::turnedPicturesShowTheSame()
+{
+    QFETCH(const double, angle);
+    QFETCH(const double, scale);
+    const Opened opened(planOfSheets(3, 3));
+    const SceneColors colors = SceneColors::of(QPalette(Qt::lightGray, Qt::lightGray));
+    const QSize size(640, 480);
+    PictureStore store(opened.view->plan().scene());
+    store.setColors(colors);
+    store.setView(ViewPose({150, 75}, 0.8, 0), size, 1);
+    QImage shown(size, QImage::Format_RGB32);
+    QPainter early(&shown); // when there is no picture at all yet
+    store.paint(early);
+    early.end();
+    QCOMPARE(shown.pixel(320, 240), colors.paper.rgb());
+    store.work(-1);
+    const ViewPose pose({150, 75}, 0.8 * scale, angle);
+    store.setView(pose, size, 1);
+    QPainter painter(&shown);
+    store.paint(painter);
+    painter.end();
+    ScenePainting whole(opened.view->plan().scene(), colors, pose.transform(size), size, 1);
+    QVERIFY(whole.paint(QDeadlineTimer(QDeadlineTimer::Forever)));
+    const QImage expected = whole.takeImage();
+    const auto hasInk = [&](const QImage &image, int x, int y) {
+        return qGray(image.pixel(x, y)) < qGray(colors.paper.rgb()) - 60;
+    };
+    int inked = 0;
+    int found = 0;
+    for (int y = 3; y < size.height() - 3; ++y)
+        for (int x = 3; x < size.width() - 3; ++x) {
+            if (!hasInk(expected, x, y))
+                continue;
+            ++inked;
+            bool isNear = false;
+            for (int i = 0; i < 49 && !isNear; ++i)
+                isNear = hasInk(shown, x + i % 7 - 3, y + i / 7 - 3);
+            found += isNear;
+        }
+    QVERIFY(inked > 1500);
+    QVERIFY2(found > inked * 8 / 10, qPrintable(u"%1 of %2"_s.arg(found).arg(inked)));
 }
 
 void TestViewer::wheelKeepsThePlace()
