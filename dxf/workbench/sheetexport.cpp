@@ -6,10 +6,10 @@
 #include "dxf/workbench/messageline_p.h"
 #include "dxf/workbench/panelparts_p.h"
 #include "dxf/workbench/planchanges_p.h"
+#include "dxf/workbench/savequestion_p.h"
 #include "dxf/workbench/sheetdesk_p.h"
 #include "dxf/workbench/sheetexport_p.h"
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPointer>
@@ -19,29 +19,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-struct Question
-{
-    QString title;
-    QString filters;
-    QString suffix; ///< of the name that is offered, and of one without
-};
-
-/// Beside the plan, under its name. Empty when the user cancels.
-QString askForTarget(QWidget *parent, const QString &plan, const Question &question)
-{
-    const QFileInfo info(plan);
-    // Not on the stack: it is its parent's, which may be deleted while it is open.
-    const QPointer<QFileDialog> dialog =
-        new QFileDialog(parent, question.title, info.path(), question.filters);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(question.suffix);
-    dialog->selectFile(info.completeBaseName() + u'.' + question.suffix);
-    const bool isChosen = dialog->exec() == QDialog::Accepted && dialog;
-    const QString target = isChosen ? dialog->selectedFiles().value(0) : QString();
-    delete dialog.data();
-    return target;
-}
 
 QString sentenceFor(const FileFault &fault)
 {

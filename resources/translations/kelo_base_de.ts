@@ -852,6 +852,38 @@
         <source>Co&amp;py</source>
         <translation>&amp;Kopieren</translation>
     </message>
+    <message>
+        <source>E&amp;xport as Table...</source>
+        <translation>Als Tabelle exp&amp;ortieren …</translation>
+    </message>
+    <message>
+        <source>Writes the marked sheets with all their attributes and corners to a file for spreadsheet programs.</source>
+        <translation>Schreibt die markierten Blätter mit allen Attributen und Eckpunkten in eine Datei für Tabellenprogramme.</translation>
+    </message>
+    <message>
+        <source>Workbook (*.xlsx)</source>
+        <translation>Arbeitsmappe (*.xlsx)</translation>
+    </message>
+    <message>
+        <source>OpenDocument spreadsheet (*.ods)</source>
+        <translation>OpenDocument-Tabelle (*.ods)</translation>
+    </message>
+    <message>
+        <source>Text with separators (*.csv)</source>
+        <translation>Text mit Trennzeichen (*.csv)</translation>
+    </message>
+    <message>
+        <source>its name has to end in .xlsx, .ods or .csv</source>
+        <translation>ihr Name muss auf .xlsx, .ods oder .csv enden</translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation>%1 wird geschrieben</translation>
+    </message>
+    <message>
+        <source>Writing %1 was cancelled</source>
+        <translation>Das Schreiben von %1 wurde abgebrochen</translation>
+    </message>
 </context>
 <context>
     <name>DxfWorkbench</name>
