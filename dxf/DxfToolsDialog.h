@@ -52,6 +52,8 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
+    void rememberTolerance();
+
     struct Parts;
     std::unique_ptr<Parts> m_parts;
     QPushButton *btnExportAsGK2;

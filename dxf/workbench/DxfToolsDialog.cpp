@@ -5,7 +5,9 @@
 #include "dxf/workbench/aboutdialog_p.h"
 #include "dxf/workbench/dxfdialogtexts_p.h"
 #include "dxf/workbench/dxftoolsform_p.h"
+#include "dxf/workbench/dxftoolskeys_p.h"
 #include "dxf/workbench/dxftoolsstore_p.h"
+#include "dxf/workbench/filterpanel_p.h"
 #include "dxf/workbench/layoutmemory_p.h"
 #include "dxf/workbench/longwork_p.h"
 #include "dxf/workbench/messageline_p.h"
@@ -23,6 +25,7 @@
 #include <QTimer>
 #include <QUrl>
 #include <algorithm>
+#include <kelo_base/dxf/SheetComparison.h>
 
 namespace {
 
@@ -90,10 +93,22 @@ DxfToolsDialog::DxfToolsDialog(QWidget *parent, QSettings *store)
         if (!m_parts->work.isRunning())
             dxftools::savePicture(m_parts->form, m_parts->desk);
     });
+    rememberTolerance();
     connect(&m_parts->opener, &PlanOpener::planShown, this, [this] {
         setWindowTitle(DxfDialogTexts::TitleWithPlan(m_parts->desk.plan()->Name()));
     });
     connect(&m_parts->work, &LongWork::closeWanted, this, &DxfToolsDialog::close);
+}
+
+void DxfToolsDialog::rememberTolerance()
+{
+    FilterPanel &filter = m_parts->form.filter();
+    if (const QSettings *const settings = m_parts->store.settings())
+        filter.setTolerance(settings->value(dxftools::kTolerance, kDefaultTolerance).toDouble());
+    connect(&filter, &FilterPanel::toleranceChanged, this, [this](double tolerance) {
+        if (QSettings *const settings = m_parts->store.settings())
+            settings->setValue(dxftools::kTolerance, tolerance);
+    });
 }
 
 DxfToolsDialog::~DxfToolsDialog()

@@ -71,6 +71,13 @@ public:
     static QString ExcludeTagName() { return tr("Tag that blocks must not have"); }
     static QString OfferHelp() { return tr("The Down key offers what the plan has."); }
 
+    static QString Tolerance() { return tr("Co&unts as moved beyond:"); }
+    static QString ToleranceHelp()
+    {
+        return tr("An export over an older GK2 file tells which sheets have moved by more than "
+                  "that, in units of the plan.");
+    }
+
     static QString SheetList() { return tr("&Selected sheets:"); }
     static QString CounterName() { return tr("Number of selected sheets"); }
     static QString ToBeExported(qint64 sheets)

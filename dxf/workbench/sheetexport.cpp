@@ -3,6 +3,7 @@
 #include "dxf/sheets/dxftooltexts_p.h"
 #include "dxf/workbench/dxfdialogtexts_p.h"
 #include "dxf/workbench/dxftoolsform_p.h"
+#include "dxf/workbench/filterpanel_p.h"
 #include "dxf/workbench/messageline_p.h"
 #include "dxf/workbench/panelparts_p.h"
 #include "dxf/workbench/planchanges_p.h"
@@ -41,14 +42,15 @@ QString sentenceFor(const QString &target, const FileFault &fault)
 }
 
 /// Nothing where no sheets were before.
-std::optional<PlanChanges> changesIn(const QString &target, const PlanSession &plan)
+std::optional<PlanChanges> changesIn(const QString &target, const PlanSession &plan,
+                                     double tolerance)
 {
     if (!QFileInfo(target).isFile())
         return std::nullopt;
     const Gk2Reading older = ReadGk2File(target);
     if (!older || older.records.empty())
         return std::nullopt;
-    return dxftools::changesAgainst(older.records, plan.Drawing(), plan.Sheets());
+    return dxftools::changesAgainst(older.records, plan.Drawing(), plan.Sheets(), tolerance);
 }
 
 void tellResult(MessageLine &line, const QString &target, const Gk2Export &result)
@@ -87,7 +89,8 @@ void dxftools::exportSheets(DxfToolsForm &form, SheetDesk &desk)
     Gk2Export result;
     {
         const qor::QtScopedOverrideCursor wait(Qt::WaitCursor);
-        const std::optional<PlanChanges> changes = changesIn(target, *desk.plan());
+        const std::optional<PlanChanges> changes =
+            changesIn(target, *desk.plan(), form.filter().tolerance());
         result = desk.plan()->Export(target);
         tellResult(*line, target, result);
         if (result && changes) {

@@ -884,6 +884,14 @@
         <source>Writing %1 was cancelled</source>
         <translation>Das Schreiben von %1 wurde abgebrochen</translation>
     </message>
+    <message>
+        <source>Co&amp;unts as moved beyond:</source>
+        <translation>Gilt als &amp;verschoben ab:</translation>
+    </message>
+    <message>
+        <source>An export over an older GK2 file tells which sheets have moved by more than that, in units of the plan.</source>
+        <translation>Ein Export über eine ältere GK2-Datei nennt die Blätter, die um mehr als das verschoben sind, in Einheiten des Plans.</translation>
+    </message>
 </context>
 <context>
     <name>DxfWorkbench</name>

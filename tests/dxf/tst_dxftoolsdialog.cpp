@@ -515,6 +515,24 @@ private slots:
         QVERIFY(save("none/plan.svg").contains(u"was not written"_s));
     }
 
+    /// A review handles events while it works, in which anything may happen.
+    void endsWhileItReviews()
+    {
+        Bench bench(planOf(QByteArrayList(60'000, sheet("1", "city"))));
+        QVERIFY(bench.read());
+        bench.type("edtExcludeTag", u"none"_s);
+        QElapsedTimer sinceLast;
+        QTimer idle; // which comes late only while something works
+        connect(&idle, &QTimer::timeout, &idle, [&] {
+            constexpr qint64 kWorking = 20; // milliseconds
+            if (sinceLast.isValid() && sinceLast.restart() >= kWorking)
+                delete bench.dialog;
+            sinceLast.start();
+        });
+        idle.start(0);
+        QTRY_VERIFY(!bench.dialog);
+    }
+
     void marksManyAtOnce()
     {
         // The first has no number, and so no check box.
@@ -709,6 +727,17 @@ private slots:
         QCOMPARE(bench.findings->selectionModel()->selectedIndexes().size(), 1);
         bench.exportTo(bench.file("older.txt")); // onto what was just written
         QVERIFY(bench.said("exportMessage").contains(u"nothing changed"_s));
+        const QByteArray moved = QByteArray(kCorners).replace("2,00 ", "2,40 ");
+        for (const double tolerance : {0.5, 0.3}) {
+            bench.find<QDoubleSpinBox>("spnTolerance")->setValue(tolerance);
+            bench.put("older.txt", "GK2\r\n\r\n2\r\n" + moved);
+            bench.exportTo(bench.file("older.txt"));
+            const QString counted = tolerance < 0.4 ? u"1 moved"_s : u"0 moved"_s;
+            QVERIFY2(bench.said("exportMessage").contains(counted),
+                     qPrintable(bench.said("exportMessage")));
+            DxfToolsDialog again(nullptr, &bench.store);
+            QCOMPARE(again.findChild<QDoubleSpinBox *>()->value(), tolerance);
+        }
         bench.put("foreign.txt", "no sheets");
         bench.exportTo(bench.file("foreign.txt"));
         QVERIFY(!bench.said("exportMessage").contains(u"changed"_s));
