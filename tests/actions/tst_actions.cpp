@@ -125,9 +125,13 @@ private slots:
         QVERIFY(manager.FindIdByAction(&action) == 2 && manager.FindIdByAction(nullptr) == -1);
         QCOMPARE(manager.FindIdOfActionData(manager.FindActionDataById(-3)), -3);
         QCOMPARE(manager.FindIdOfActionData(&original), -1);
+        QAction late;
+        manager.RegisterAction(6, record(1, &late)); // after questions that were answered
+        QCOMPARE(manager.FindIdByAction(&late), 6);
         const ActionData *copy = manager.FindActionDataById(5);
         QVERIFY(copy->valid && copy->contextMask == 3 && copy->flag && copy->extra == 4);
 
+        QCOMPARE(manager.GetCategoryDescription(1), u"Unknown Category"_s);
         manager.SetCategoryDescription(1, u"Map"_s);
         manager.RegisterIconResource(5, u":/icons/zoom.in.png"_s);
         QVERIFY(manager.GetCategoryDescription(1) == u"Map" &&
@@ -218,6 +222,24 @@ private slots:
                 busy.manager->ValidateRegisteredActions(busy);
             QVERIFY(!alive);
         }
+    }
+
+    void reportsOnRequestAndForSuccessors()
+    {
+        ActionManager manager;
+        QStringList reports;
+        connect(&manager, &ActionManager::beforeActionTrigger, this,
+                [&](QAction &action) { reports << u"before "_s + action.text(); });
+        connect(&manager, &ActionManager::afterActionTriggered, this,
+                [&](QAction &action) { reports << u"after "_s + action.text(); });
+        std::optional<QAction> action; // each in the place of the one before
+        for (const int id : {1, 2}) {
+            manager.RegisterAction(record(id, &action.emplace(QString::number(id))));
+            action->trigger();
+        }
+        manager.SignalBeforeActionTrigger(*action);
+        manager.SignalAfterActionTriggered(*action);
+        QCOMPARE(reports.join(u", "_s), u"after 1, after 2, before 2, after 2"_s);
     }
 
     void survivesWidgetsThatRefuse()
@@ -327,6 +349,8 @@ private slots:
             }
             QCOMPARE(shown(list), assigned + u"of %1"_s.arg(entries.size()));
             QCOMPARE(list.FindActionIdForSequence(key), first);
+            const auto own = entries.find(id);
+            QCOMPARE(list.HasSequenceAssigned(id), own != entries.end() && !own->second.isEmpty());
             const int held = slot >= size ? -1 : filled.count(slot) ? filled[slot] : 0;
             QCOMPARE(layout.GetAssignedActionId(slot), held);
         }
@@ -356,6 +380,8 @@ private slots:
         check("A/size=2000000000\nA/2/I=5\nA/2/S=F5", "5=F5 of 1", "-1 5 of 2");
         check("A/size=20000\nA/1400/I=5", "of 1", "-1 -1 -1 of 1000");
         check("A/size=0\nClearedList/size=1\nClearedList/1/I=5", "of 1", "of 0");
+        check("A/size=1\nA/1/I=5\nA/1/S=F5\nClearedList/size=1\nClearedList/1/I=5", "5=F5 of 1",
+              "5 of 1");
         check("A/size=4\nA/2/I=8x\nA/3/I=4,4\nA/4/I=99999999999", "of 0", "-1 -1 -1 of 4");
         check("A/size=2\nA/1/I=5\nA/1/S=F5\nA/2/I=5\nA/2/S=F6", "5=F6 of 1", "5 5 of 2");
         check("A/size=2\nA/1/I=1\nA/2/I=2\nA/2/S=\"Ctrl+K, Foo\"", "of 2", "1 2 of 2");
@@ -402,6 +428,12 @@ private slots:
         manager.AssignKeyboardShortcutList(list);
         manager.SaveToStorage();
         QVERIFY(store->allKeys().filter(u"ClearedList"_s).isEmpty());
+        MenuConfigManager ended;
+        ended.SetSettings(store.get());
+        ended.Shutdown();
+        ended.SaveToStorage();
+        QCOMPARE(ended.GetConfigName(), u"MenuConfig/Default"_s);
+        QVERIFY(store->allKeys().filter(u"Default"_s).isEmpty());
         store.reset();
         manager.SaveToStorage(); // does nothing any more
     }
@@ -413,8 +445,14 @@ private slots:
         MenuConfigManager manager;
         manager.Initialize();
         manager.Initialize(); // once more adds nothing
+        MenuConfigManager other;
+        ActionManager none;
+        other.SetUpActions(none);
         QVERIFY(QFile::remove(defaults));
         QCOMPARE(shown(manager.GetContextMenuLayout()), u"-1 of 1"_s);
+        QCOMPARE(shown(other.GetContextMenuLayout()), u"-1 of 1"_s);
+        QVERIFY(other.GetReservedSequenceList().HasSequence(QKeySequence(Qt::Key_F5)));
+        QVERIFY(!other.GetReservedSequenceList().HasSequence(QKeySequence(Qt::Key_F6)));
         QString text;
         for (const QKeySequence &sequence : manager.GetReservedSequenceList().GetSequences())
             text += sequence.toString() + u' ';
@@ -503,11 +541,13 @@ private slots:
             u"1=Ctrl+K 2= 3=Ctrl+L, X 4=Ctrl+K 5= 6= 7=F2 8=F9 "
             "1=Ctrl+K 2=F2 4=Ctrl+K 5=Ctrl+L 6=Ctrl+L, X, Y 7=F2 8=F9 of 8"_s);
         writeFile(defaults, "[MenuConfig]\nDefault\\ContextMenuLayout\\Menus\\size=1\n"
+                            "Default\\KeyboardShortcuts\\ClearedList\\size=1\n"
+                            "Default\\KeyboardShortcuts\\ClearedList\\1\\ActionId=10\n"
                             "Default\\KeyboardShortcuts\\ShortcutList\\size=1\n"
                             "Default\\KeyboardShortcuts\\ShortcutList\\1\\ActionId=6\n"
                             "Default\\KeyboardShortcuts\\ShortcutList\\1\\KeySequence=F6\n");
-        QCOMPARE(start(u"5=Ctrl+L | 6="_s, leaveAll), // the keys are free again
-                 u"5=Ctrl+L 6=F6 5=Ctrl+L 6=F6 of 2"_s);
+        QCOMPARE(start(u"5=Ctrl+L | 6= | 10=F7"_s, leaveAll), // the keys are free again
+                 u"5=Ctrl+L 6=F6 10= 5=Ctrl+L 6=F6 of 3"_s);
         QVERIFY(QFile::remove(defaults));
     }
 
@@ -542,6 +582,9 @@ private slots:
         check(&M::AssignBookmarkSequenceList, &M::GetBookmarkSequenceList, taken, TakenSequences);
         check(&M::AssignContextMenuLayout, &M::GetContextMenuLayout, one, ContextMenu);
         check(&M::AssignDefaultContextMenuLayout, &M::GetDefaultContextMenuLayout, two, Defaults);
+        other.AssignDefaultContextMenuLayout(one);
+        manager = other;
+        QCOMPARE(notices.takeLast(), Defaults);
         other.SetConfigName(u"Other"_s);
         manager = other;
         QCOMPARE(manager.GetConfigName(), u"MenuConfig/Other"_s);

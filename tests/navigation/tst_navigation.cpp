@@ -185,6 +185,7 @@ private slots:
         QVERIFY(!area.FillFromDevice(nullptr) && !area.IsValid());
         for (const auto &[rect, isValid] : {std::pair(QRect(-900, 5, 8, 9), true),
                                             {QRect(900, 5, 0, 9), false},
+                                            {QRect(5, 900, 9, 0), false},
                                             {QRect(5, 900, 9, -1), false}})
             QCOMPARE(URectArea(rect).IsValid(), isValid);
         window.view.eastToRight = 30;
@@ -211,6 +212,8 @@ private slots:
         check({{0, 0}, {999, 0}, {999, 99}, {0, 100.2}}, true, false, {999, 100.2}); // 0.07
         check({{0, 0}, {10, 0}, {12, 5}, {2, 5}}, true, false, {12, 5});             // oblique
         check({{0, 0}, {4, 0}, {0, 2}, {4, 2}}, true, false, {4, 2});                // a bow tie
+        check({{0, 0}, {4, 0}, {4, 3}, {1, 3}}, true, false, {4, 3});                // a trapezium
+        check({{0, 0}, {4, 0}, {4, 3}, {0, 3}, {-1, 1}}, true, false, {5, 3});       // with a gable
         check({{0, 0}, {4, 3}, {8, 6}, {4, 3}}, false, false, {8, 6});               // on one line
         check({{0, 0}, {9, 0}, {9, 9e-9}}, true, false, {9, 9e-9});                  // no more
 
@@ -304,12 +307,13 @@ private slots:
 
     void pointsNorth()
     {
-        struct MiddleRow : TestWindow // elsewhere a view may show the map bent
+        struct MiddleRow : TestWindow // elsewhere and at the edges a view may show the map bent
         {
             bool DeviceToGeo(QWidget *widget, UCoord &coord) const override
             {
-                return coord.devicePoint.y() == view.device.center().y() &&
-                       TestWindow::DeviceToGeo(widget, coord);
+                const QPoint pixel = coord.devicePoint;
+                return pixel.y() == view.device.center().y() && pixel.x() > view.device.left() &&
+                       pixel.x() < view.device.right() && TestWindow::DeviceToGeo(widget, coord);
             }
         };
         QRandomGenerator random(53);
