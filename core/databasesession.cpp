@@ -299,11 +299,9 @@ bool DatabaseSession::begin(const char *function)
     const QString text =
         m_place.IsServer() ? u"BEGIN ISOLATION LEVEL REPEATABLE READ"_s : u"BEGIN IMMEDIATE"_s;
     bool isDone = command(text, error);
-    if (!isDone && faultOf(error) == Fault::Lost &&
-        connectToPlace())
+    if (!isDone && faultOf(error) == Fault::Lost && connectToPlace())
         isDone = command(text, error);
-    else if (!isDone &&
-             faultOf(error) == Fault::ReadOnly)
+    else if (!isDone && faultOf(error) == Fault::ReadOnly)
         isDone = command(u"BEGIN"_s, error);
     if (!isDone)
         return m_isLost ? false : fail(function, error);
@@ -433,8 +431,7 @@ bool DatabaseSession::select(const QString &statement, const QVariantList &value
         return false;
     QSqlError error;
     auto query = executed(statement, values, error);
-    if (!query && m_levels.empty() &&
-        faultOf(error) == Fault::Lost) {
+    if (!query && m_levels.empty() && faultOf(error) == Fault::Lost) {
         if (!connectToPlace())
             return false;
         query = executed(statement, values, error);
