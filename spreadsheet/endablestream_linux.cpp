@@ -53,7 +53,7 @@ std::FILE *endableStream(std::FILE *inner, std::function<bool()> goesOn)
     std::FILE *const stream = fopencookie(cookie.get(), "r+", {readBlock, writeBlock, seek, close});
     if (!stream)
         return inner;
-    cookie.release(); // close() has it
+    static_cast<void>(cookie.release()); // close() has it
     std::setvbuf(stream, nullptr, _IOFBF, kBlock);
     return stream;
 }

@@ -50,7 +50,7 @@ std::FILE *endableStream(std::FILE *inner, std::function<bool()> goesOn)
     std::FILE *const stream = funopen(cookie.get(), readBlock, writeBlock, seek, close);
     if (!stream)
         return inner;
-    cookie.release(); // close() has it
+    static_cast<void>(cookie.release()); // close() has it
     std::setvbuf(stream, nullptr, _IOFBF, kBlock);
     return stream;
 }

@@ -714,7 +714,7 @@ private slots:
 
     void tellsWhatAnExportChanged()
     {
-        const OpenBench bench;
+        OpenBench bench;
         bench.put("older.txt", "GK2\r\n\r\n2\r\n" + kCorners +
                                    "\r\n3\r\n   0,00        0,00    \r\n" +
                                    "\r\n9\r\n   5,00        5,00    \r\n");
