@@ -1018,6 +1018,41 @@
     </message>
 </context>
 <context>
+    <name>NavGallery</name>
+    <message>
+        <source>Sheet %1</source>
+        <translation>Blatt %1</translation>
+    </message>
+    <message>
+        <source>light or dark.</source>
+        <translation>light oder dark.</translation>
+    </message>
+    <message>
+        <source>Degrees clockwise.</source>
+        <translation>Grad im Uhrzeigersinn.</translation>
+    </message>
+    <message>
+        <source>Of the view.</source>
+        <translation>Größe der Ansicht.</translation>
+    </message>
+    <message>
+        <source>Lay out from right to left.</source>
+        <translation>Von rechts nach links anordnen.</translation>
+    </message>
+    <message>
+        <source>Save a picture instead of opening a window.</source>
+        <translation>Ein Bild speichern, statt ein Fenster zu öffnen.</translation>
+    </message>
+    <message>
+        <source>nav-gallery: an angle and a size such as 1000x700, at least 80x80, are wanted</source>
+        <translation>nav-gallery: ein Winkel und eine Größe wie 1000x700, mindestens 80x80, werden erwartet</translation>
+    </message>
+    <message>
+        <source>Navigation controls</source>
+        <translation>Bedienelemente der Navigation</translation>
+    </message>
+</context>
+<context>
     <name>OfferModel</name>
     <message>
         <source>%1 (1 insert)</source>
@@ -2174,6 +2209,242 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>--table wants a file that ends in .xlsx, .ods or .csv</source>
         <translation>--table braucht eine Datei, die auf .xlsx, .ods oder .csv endet</translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::BlankScreen</name>
+    <message>
+        <source>Blank screen; any key ends it</source>
+        <translation>Schwarzbild; jede Taste beendet es</translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::HotArea</name>
+    <message>
+        <source>Sheet above: %1</source>
+        <translation>Blatt oberhalb: %1</translation>
+    </message>
+    <message>
+        <source>Sheet at the top right: %1</source>
+        <translation>Blatt oben rechts: %1</translation>
+    </message>
+    <message>
+        <source>Sheet to the right: %1</source>
+        <translation>Blatt rechts: %1</translation>
+    </message>
+    <message>
+        <source>Sheet at the bottom right: %1</source>
+        <translation>Blatt unten rechts: %1</translation>
+    </message>
+    <message>
+        <source>Sheet below: %1</source>
+        <translation>Blatt unterhalb: %1</translation>
+    </message>
+    <message>
+        <source>Sheet at the bottom left: %1</source>
+        <translation>Blatt unten links: %1</translation>
+    </message>
+    <message>
+        <source>Sheet to the left: %1</source>
+        <translation>Blatt links: %1</translation>
+    </message>
+    <message>
+        <source>Sheet at the top left: %1</source>
+        <translation>Blatt oben links: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets</source>
+        <translation>
+            <numerusform>%n Blatt</numerusform>
+            <numerusform>%n Blätter</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::NorthArrow</name>
+    <message>
+        <source>North arrow</source>
+        <translation>Nordpfeil</translation>
+    </message>
+    <message>
+        <source>Space turns north to the top, the arrow keys turn the view, Enter takes a typed angle.</source>
+        <translation>Leertaste dreht Norden nach oben, die Pfeiltasten drehen die Ansicht, die Eingabetaste nimmt einen eingetippten Winkel.</translation>
+    </message>
+    <message>
+        <source>N</source>
+        <extracomment>The letter on a north arrow.</extracomment>
+        <translation>N</translation>
+    </message>
+    <message>
+        <source>North is at %1. Click to turn it to the top, drag to turn the view, double-click to type an angle.</source>
+        <translation>Norden liegt bei %1. Klicken dreht Norden nach oben, Ziehen dreht die Ansicht, nach einem Doppelklick lässt sich ein Winkel eintippen.</translation>
+    </message>
+    <message>
+        <source>This document has no place on the map.</source>
+        <translation>Dieses Dokument hat keinen Ort auf der Karte.</translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::PresentationMenu</name>
+    <message>
+        <source>Presentation</source>
+        <translation>Präsentation</translation>
+    </message>
+    <message>
+        <source>Previous view</source>
+        <translation>Vorige Ansicht</translation>
+    </message>
+    <message>
+        <source>Stored views</source>
+        <translation>Gespeicherte Ansichten</translation>
+    </message>
+    <message>
+        <source>Next view</source>
+        <translation>Nächste Ansicht</translation>
+    </message>
+    <message>
+        <source>Play the stored views</source>
+        <translation>Gespeicherte Ansichten abspielen</translation>
+    </message>
+    <message>
+        <source>Interval</source>
+        <translation>Zeitabstand</translation>
+    </message>
+    <message>
+        <source>Seconds from view to view, 1 to 3600</source>
+        <translation>Sekunden von Ansicht zu Ansicht, 1 bis 3600</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>Vollbild</translation>
+    </message>
+    <message>
+        <source>Blank screen</source>
+        <translation>Schwarzbild</translation>
+    </message>
+    <message>
+        <source>&amp;Store This View</source>
+        <translation>Diese Ansicht &amp;speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Edit Stored Views…</source>
+        <translation>Gespeicherte Ansichten &amp;bearbeiten …</translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::ScaleBarWidget</name>
+    <message>
+        <source>Scale bar</source>
+        <translation>Maßstabsleiste</translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::StoredViewsDialog</name>
+    <message>
+        <source>Stored Views</source>
+        <translation>Gespeicherte Ansichten</translation>
+    </message>
+    <message>
+        <source>&amp;Add This View</source>
+        <translation>Diese Ansicht &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation>Nach u&amp;nten</translation>
+    </message>
+    <message>
+        <source>De&amp;lete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::ViewControls</name>
+    <message>
+        <source>North arrow&apos;s angle</source>
+        <translation>Winkel des Nordpfeils</translation>
+    </message>
+    <message>
+        <source>Degrees clockwise from the top</source>
+        <translation>Grad im Uhrzeigersinn, von oben aus</translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::ViewMenu</name>
+    <message>
+        <source>Fold the view menu</source>
+        <translation>Ansichtsmenü einklappen</translation>
+    </message>
+    <message>
+        <source>Drag it to another corner of the view, or press Ctrl and an arrow key.</source>
+        <translation>Lässt sich in eine andere Ecke der Ansicht ziehen, oder mit Strg und einer Pfeiltaste dorthin bringen.</translation>
+    </message>
+    <message>
+        <source>View menu</source>
+        <translation>Ansichtsmenü</translation>
+    </message>
+    <message>
+        <source>Zoom in</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Whole page</source>
+        <translation>Ganze Seite</translation>
+    </message>
+    <message>
+        <source>Whole page; with Shift, upright</source>
+        <translation>Ganze Seite; mit der Umschalttaste aufrecht</translation>
+    </message>
+    <message>
+        <source>A map scale, such as 1:5000 or 5000</source>
+        <translation>Ein Kartenmaßstab, etwa 1:5000 oder 5000</translation>
+    </message>
+    <message>
+        <source>Zoom correction: %1</source>
+        <translation>Zoomkorrektur: %1</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Maßstab</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Height above ground, in metres or with km</source>
+        <translation>Höhe über Grund, in Metern oder mit km</translation>
+    </message>
+    <message>
+        <source>Field of view</source>
+        <translation>Blickwinkel</translation>
+    </message>
+    <message>
+        <source>Full opening angle of the eye, 1 to 179 degrees</source>
+        <translation>Voller Öffnungswinkel des Auges, 1 bis 179 Grad</translation>
+    </message>
+    <message>
+        <source>Eye distance</source>
+        <translation>Augenabstand</translation>
+    </message>
+    <message>
+        <source>From the eye to the screen, 5 to 800 cm</source>
+        <translation>Vom Auge zum Bildschirm, 5 bis 800 cm</translation>
+    </message>
+    <message>
+        <source>Unfold the view menu</source>
+        <translation>Ansichtsmenü ausklappen</translation>
     </message>
 </context>
 </TS>
