@@ -1,0 +1,42 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-2.0-or-later
+# Installs the packages beside this script on a bare system, runs the programs as their user would,
+# builds against the library, and takes everything away again.
+set -euo pipefail
+cd "$(dirname "$0")"
+export DEBIAN_FRONTEND=noninteractive
+add() { apt-get install -yq --no-install-recommends "$@" >/dev/null 2>log || { cat log; exit 1; }; }
+fail() { echo "trial: $*" >&2; exit 1; }
+
+add ./libkelo-base0.*.deb ./kelo-base-tools_*.deb
+export HOME=/tmp/user
+mkdir "$HOME"
+cd "$HOME"
+dxf2gk2 --quiet /usr/share/kelo_base/samples/village.dxf --output village.txt --preview village.png \
+  --table village.xlsx
+cmp village.txt /root/trial/expected.txt
+dxf2gk2 --version --json | grep -q QSQLITE || fail "the database's plug-in is missing"
+for page in /usr/share/man/man1/*.1.gz; do
+  program=$(basename "$page" .1.gz)
+  case $(dpkg --search "$page") in
+    kelo-base-tools:*) "$program" --help >/dev/null || fail "$program does not run" ;;
+  esac
+done
+status=0
+QT_QPA_PLATFORM=offscreen timeout 5 dxf-workbench /usr/share/kelo_base/samples/village.dxf \
+  2>messages || status=$?
+[ "$status" -eq 124 ] || fail "dxf-workbench ended with $status: $(cat messages)"
+
+cd /root/trial
+add ./libkelo-base-dev_*.deb g++ cmake make pkgconf
+cmake -S consumer -B by-cmake -D wanted_version="$(pkg-config --modversion kelo_base)" >/dev/null
+cmake --build by-cmake >/dev/null
+# shellcheck disable=SC2046
+g++ -std=c++20 -fPIC consumer/main.cpp -o by-pkg-config $(pkg-config --cflags --libs kelo_base)
+for consumer in by-cmake/consumer ./by-pkg-config; do
+  "$consumer" /usr/share/kelo_base/samples/village.dxf 21 || fail "$consumer counts otherwise"
+done
+
+apt-get purge -yq 'libkelo-base*' kelo-base-tools >/dev/null
+! find / -xdev -path /root -prune -o -iname '*kelo*' -print | grep . || fail "this was left behind"
+echo "Installed, run, built against and removed"
