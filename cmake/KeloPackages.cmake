@@ -11,7 +11,7 @@ set(changelog ${PROJECT_BINARY_DIR}/changelog)
 add_custom_command(OUTPUT ${changelog}.gz
   DEPENDS ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/packaging/changelog.py
   COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/packaging/changelog.py
-    ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${KELO_BASE_CONTACT} ${changelog}
+    ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_VERSION} ${KELO_BASE_CONTACT} ${changelog}
   COMMAND ${KELO_GZIP} -9nf ${changelog} VERBATIM)
 add_custom_target(changelog ALL DEPENDS ${changelog}.gz)
 foreach(component IN ITEMS library development tools)

@@ -37,8 +37,8 @@ int main(int argc, char **argv)
     //! [offered]
     const FilterByContextId inMap(kMapContext, 0, -1);
     const FilterByContextId elsewhere(0, 0, -1);
-    const auto onMap = registry.FindActionDataByFilter(inMap).size();        // 2
-    const auto onPage = registry.FindActionDataByFilter(elsewhere).size();   // 1: printing
+    const auto onMap = registry.FindActionDataByFilter(inMap).size();      // 2
+    const auto onPage = registry.FindActionDataByFilter(elsewhere).size(); // 1: printing
     //! [offered]
 
     //! [configuration]

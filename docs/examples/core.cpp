@@ -27,12 +27,12 @@ bool StartAndStop()
     const auto close = [&isOpen] { isOpen = false; };
     CoreFacadeI &core = CoreFacadeI::Instance();
     core.Join({u"window"_s, open, close, {u"settings"_s}});
-    core.Start(); // the settings first, then the window
+    const bool isWhole = core.Start(); // the settings first, then the window
     UserDataManager().GetSettingsConfigFile(DataScopeUser, true).setValue(u"zoom"_s, 4);
     //! [facade]
     const bool wasOpen = isOpen;
     CoreFacadeI::Destroy(); // saves the settings, then closes the window
-    return wasOpen && !isOpen;
+    return isWhole && wasOpen && !isOpen;
 }
 
 } // namespace

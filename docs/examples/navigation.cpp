@@ -46,7 +46,7 @@ int main(int argc, char **argv)
     //! [geometry]
     const docwindow::UGeoArea shown(nullptr, QRect(0, 0, 800, 600)); // null: the primary view
     double angle = 0;
-    NorthAngle(nullptr, angle);                 // 0: north is at the top
+    NorthAngle(nullptr, angle);                   // 0: north is at the top
     const double denominator = MapScale(nullptr); // about 1900 for 1 : 1900, by the screen
     //! [geometry]
     const bool isArea = shown.IsRect() && std::abs(shown.QSzGeo().width() - 400) < 1;

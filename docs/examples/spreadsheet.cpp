@@ -15,8 +15,7 @@ Result WriteSheets(const QString &file)
 {
     //! [table]
     Sheet sheet{.name = u"Sheets"_s, .columns = {}};
-    sheet.columns = {{.title = u"number"_s, .type = ColumnType::Integer},
-                     {.title = u"name"_s}};
+    sheet.columns = {{.title = u"number"_s, .type = ColumnType::Integer}, {.title = u"name"_s}};
     Target target;
     target.file = file;
     target.format = FormatOf(file).value_or(Format::Csv);
