@@ -23,6 +23,7 @@ install(FILES docs/dxf2gk2.md docs/gk2-format.md docs/exchange-files.md
 
 set(CPACK_PACKAGE_NAME kelo-base)
 set(CPACK_PACKAGE_CONTACT "${KELO_BASE_CONTACT}")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # each component has its own
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
@@ -50,9 +51,9 @@ set(CPACK_DEBIAN_LIBRARY_PACKAGE_SUGGESTS "libqt6sql6-psql, libreoffice-calc")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/triggers)
 set(CPACK_COMPONENT_LIBRARY_DESCRIPTION
   "base library for viewers of map sheets and technical plans
- Registry of user actions, pie menus, view geometry, tables, the channel to a
- partner program, and reading DXF plans, finding their sheets and writing them
- as GK2 files.")
+Registry of user actions, pie menus, view geometry, tables, the channel to a
+partner program, and reading DXF plans, finding their sheets and writing them
+as GK2 files.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${development_package})
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
@@ -60,8 +61,8 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
   "${library_package} ${same_version}, qt6-base-dev (>= 6.4)")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
   "base library for viewers of map sheets and technical plans - development files
- Headers, and the files by which CMake and pkg-config find the library, for
- programs that link it.")
+Headers, and the files by which CMake and pkg-config find the library, for
+programs that link it.")
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME ${tools_package})
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION graphics)
@@ -69,7 +70,7 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${library_package} ${same_version}")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SUGGESTS libreoffice-calc)
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION
   "converter and workbench for the map sheets of DXF plans
- The command dxf2gk2 finds the sheets that are drawn as block inserts in a DXF
- plan, and writes their corners to a GK2 file; dxf-workbench does the same in a
- window. A sample plan and a simulated partner program come along.")
+The command dxf2gk2 finds the sheets that are drawn as block inserts in a DXF
+plan, and writes their corners to a GK2 file; dxf-workbench does the same in a
+window. A sample plan and a simulated partner program come along.")
 include(CPack)

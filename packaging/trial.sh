@@ -9,17 +9,15 @@ add() { apt-get install -yq --no-install-recommends "$@" >/dev/null 2>log || { c
 fail() { echo "trial: $*" >&2; exit 1; }
 
 add ./libkelo-base0.*.deb ./kelo-base-tools_*.deb
-export HOME=/tmp/user
-mkdir "$HOME"
+export HOME=/tmp/user XDG_RUNTIME_DIR=/tmp/user
+mkdir -m 700 "$HOME"
 cd "$HOME"
 dxf2gk2 --quiet /usr/share/kelo_base/samples/village.dxf --output village.txt --preview village.png \
   --table village.csv
 cmp village.txt /root/trial/expected.txt
-for page in /usr/share/man/man1/*.1.gz; do
-  program=$(basename "$page" .1.gz)
-  case $(dpkg --search "$page") in
-    kelo-base-tools:*) "$program" --help >/dev/null || fail "$program does not run" ;;
-  esac
+for program in $(dpkg --listfiles kelo-base-tools | sed -n 's|^/usr/bin/||p'); do
+  "$program" --help >/dev/null || fail "$program does not run"
+  [ -f "/usr/share/man/man1/$program.1.gz" ] || fail "$program has no manual page"
 done
 status=0
 QT_QPA_PLATFORM=offscreen timeout 5 dxf-workbench /usr/share/kelo_base/samples/village.dxf \
@@ -36,5 +34,5 @@ g++ -std=c++20 -fPIC core.cpp -o by-pkg-config $(pkg-config --cflags --libs kelo
 ./by-pkg-config || fail "an application with a database does not start"
 
 apt-get purge -yq 'libkelo-base*' kelo-base-tools >/dev/null
-! find / -xdev \( -path /root -o -path "$HOME" \) -prune -o -iname '*kelo*' -print | grep . || fail "this was left behind"
+! find / -xdev \( -path /root -o -path "$HOME" \) -prune -o -iname '*kelo[-_]*' -print | grep . || fail "this was left behind"
 echo "Installed, run, built against and removed"
