@@ -148,7 +148,8 @@ void TestActionSectorMenu::keepsInStep()
     action.setIcon(own);
     action.setCheckable(true);
     action.setChecked(true);
-    QVERIFY(menu.itemAt(0)->isChecked() && !menu.itemIcon(0).isNull());
+    QVERIFY(menu.itemAt(0)->isCheckable() && menu.itemAt(0)->isChecked() &&
+            !menu.itemIcon(0).isNull());
     action.setEnabled(false);
     QCOMPARE(contentOf(menu), u"(new) 1"_s);
     action.setVisible(false);

@@ -7,6 +7,8 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QStyle>
+#include <QToolTip>
 #include <QtTest>
 #include <kelo_base/menus/QtPieMenu.h>
 
@@ -87,6 +89,7 @@ struct Menu
         const std::map<QString, std::function<void()>> deeds{
             {u"key"_s, [] {}},
             {u"hover"_s, [&] { QVERIFY(QMetaObject::invokeMethod(front, "hoverAlert")); }},
+            {u"wait"_s, [&] { QTest::qWait(wholeWait(*front)); }},
             {u"unfocus"_s,
              [&] { send(front, QFocusEvent(QEvent::FocusOut, Qt::ActiveWindowFocusReason)); }},
             {u"close"_s, [&] { front->close(); }},
@@ -126,6 +129,11 @@ struct Menu
         QTest::qWait(50);
         for (int i = 0; i < 3; ++i)
             QCoreApplication::processEvents();
+    }
+    /// As long as the pointer rests before a sub-menu opens, and some time for slow machines.
+    static int wholeWait(const QWidget &front)
+    {
+        return 100 + front.style()->styleHint(QStyle::SH_Menu_SubMenuPopupDelay, nullptr, &front);
     }
     static void send(QWidget *front, QEvent &&event) { QApplication::sendEvent(front, &event); }
     static QPoint placeOf(QChar place)
@@ -183,6 +191,8 @@ void check(const QString &ways, const QString &log, const QString &open)
         if (log.endsWith(u"canceled"_s) || log.endsWith(u"canceledAll"_s))
             QVERIFY2(menu.top->isCanceled() && menu.top->highlightedItem() == -2, steps.toUtf8());
         menu.top->grab();
+        menu.top->popup(kPlace);
+        QVERIFY(!menu.top->isCanceled());
     }
 }
 
@@ -284,8 +294,9 @@ private slots:
         check(u"key me long unmarked unmarked | me long ctrl | key me long ctrl"_s, {}, u"top"_s);
         // A sub-menu opens by a click, by resting, also at the end of the stroke, and by keys:
         // letter, and the arrow that points to it
-        check(u"rc ps rs | rc ms hover | ms hover rs | rc ms hover mS rS | S | Down Down"_s, {},
-              u"top* sub"_s);
+        check(
+            u"rc ps rs | rc ms wait | rc ms hover | ms hover rs | rc ms hover mS rS | S | Down Down"_s,
+            {}, u"top* sub"_s);
         check(u"rc ps rs pS rS | ms hover mS rS | Down Down Down Return"_s, kPickedUnder, {});
         // Back by the right button, a click in the middle, backspace, which never goes further; the
         // stroke ends with its sub-menu
@@ -416,6 +427,13 @@ private slots:
             return menu.size() == QSize(edge, edge) ? menu.outerRadius() : -1;
         };
         QCOMPARE(radius(), 60);
+        const auto tip = [&menu] { // what is not shown whole
+            const QPoint right(menu.width() / 2 + 45, menu.height() / 2);
+            const int item = menu.indexAt(right);
+            Menu::send(&menu, QHelpEvent(QEvent::ToolTip, right, menu.mapToGlobal(right)));
+            return std::pair(QToolTip::text(), menu.itemText(item));
+        };
+        QCOMPARE(tip().first, tip().second);
         menu.setGrowing(true);
         const int grown = radius();
         QVERIFY(grown > 90 && grown < 300);
@@ -430,6 +448,7 @@ private slots:
         menu.insertItem(u"x"_s);
         menu.setFont({});
         QVERIFY(radius() < grown && menu.leastOuterRadius() == 60);
+        QTRY_COMPARE(tip().first, QString());
     }
 
     void paintsHighlightWhereItIsHit()
@@ -495,13 +514,15 @@ private slots:
             return ring->child(i)->text(QAccessible::Name) + u"; "_s +
                    ring->child(i)->text(QAccessible::Description) +
                    (state.disabled ? u"; disabled"_s : u""_s) +
+                   (state.checkable ? u"; checkable"_s : u""_s) +
                    (state.checked ? u"; checked"_s : u""_s) +
                    (state.hasPopup ? u"; popup"_s : u""_s) +
+                   (state.expandable ? u"; expandable"_s : u""_s) +
                    (state.focused ? u"; focused"_s : u""_s);
         };
-        QCOMPARE(tell(0), u"Top; top, 1 of 4; checked"_s);
+        QCOMPARE(tell(0), u"Top; top, 1 of 4; checkable; checked"_s);
         QCOMPARE(tell(1), u"Left; left, 2 of 4; disabled"_s);
-        QCOMPARE(tell(2), u"Sub; bottom, 3 of 4; popup"_s);
+        QCOMPARE(tell(2), u"Sub; bottom, 3 of 4; popup; expandable"_s);
         QCOMPARE(tell(3), u"Do; right, 4 of 4; focused"_s);
         const auto key = [&](int i) { return ring->child(i)->text(QAccessible::Accelerator); };
         QCOMPARE(key(0) + key(2), u"TS"_s);
