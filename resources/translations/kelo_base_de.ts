@@ -895,6 +895,46 @@
         <source>Co&amp;py</source>
         <translation>&amp;Kopieren</translation>
     </message>
+    <message>
+        <source>E&amp;xport as Table...</source>
+        <translation>Als Tabelle exp&amp;ortieren …</translation>
+    </message>
+    <message>
+        <source>Writes the marked sheets with all their attributes and corners to a file for spreadsheet programs.</source>
+        <translation>Schreibt die markierten Blätter mit allen Attributen und Eckpunkten in eine Datei für Tabellenprogramme.</translation>
+    </message>
+    <message>
+        <source>Workbook (*.xlsx)</source>
+        <translation>Arbeitsmappe (*.xlsx)</translation>
+    </message>
+    <message>
+        <source>OpenDocument spreadsheet (*.ods)</source>
+        <translation>OpenDocument-Tabelle (*.ods)</translation>
+    </message>
+    <message>
+        <source>Text with separators (*.csv)</source>
+        <translation>Text mit Trennzeichen (*.csv)</translation>
+    </message>
+    <message>
+        <source>its name has to end in .xlsx, .ods or .csv</source>
+        <translation>ihr Name muss auf .xlsx, .ods oder .csv enden</translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation>%1 wird geschrieben</translation>
+    </message>
+    <message>
+        <source>Writing %1 was cancelled</source>
+        <translation>Das Schreiben von %1 wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>Co&amp;unts as moved beyond:</source>
+        <translation>Gilt als &amp;verschoben ab:</translation>
+    </message>
+    <message>
+        <source>An export over an older GK2 file tells which sheets have moved by more than that, in units of the plan.</source>
+        <translation>Ein Export über eine ältere GK2-Datei nennt die Blätter, die um mehr als das verschoben sind, in Einheiten des Plans.</translation>
+    </message>
 </context>
 <context>
     <name>DxfWorkbench</name>
@@ -1811,10 +1851,6 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
 <context>
     <name>Spreadsheet</name>
     <message>
-        <source>LibreOffice %1.</source>
-        <translation>LibreOffice %1.</translation>
-    </message>
-    <message>
         <source>Plain text with separators.</source>
         <translation>Text mit Trennzeichen.</translation>
     </message>
@@ -1835,32 +1871,8 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <translation>„%1“ kann nicht geschrieben werden: %2-Dateien schreibt hier nichts.</translation>
     </message>
     <message>
-        <source>LibreOffice is not installed.</source>
-        <translation>LibreOffice ist nicht installiert.</translation>
-    </message>
-    <message>
-        <source>LibreOffice %1 is too old.</source>
-        <translation>LibreOffice %1 ist zu alt.</translation>
-    </message>
-    <message>
-        <source>a folder for LibreOffice cannot be made: %1</source>
-        <translation>ein Ordner für LibreOffice kann nicht angelegt werden: %1</translation>
-    </message>
-    <message>
         <source>&apos;%1&apos; cannot be started: %2</source>
         <translation>„%1“ kann nicht gestartet werden: %2</translation>
-    </message>
-    <message>
-        <source>LibreOffice did not finish within %1 s</source>
-        <translation>LibreOffice wurde in %1 s nicht fertig</translation>
-    </message>
-    <message>
-        <source>LibreOffice wrote nothing (%1)</source>
-        <translation>LibreOffice hat nichts geschrieben (%1)</translation>
-    </message>
-    <message>
-        <source>what LibreOffice wrote cannot be moved</source>
-        <translation>was LibreOffice schrieb, lässt sich nicht verschieben</translation>
     </message>
     <message>
         <source>Sheet</source>
@@ -1997,8 +2009,44 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <translation>libxlsxwriter %1.</translation>
     </message>
     <message>
-        <source>Spreadsheet programs cannot be driven on this system.</source>
-        <translation>Tabellenprogramme lassen sich auf diesem System nicht ansteuern.</translation>
+        <source>%1 %2.</source>
+        <translation>%1 %2.</translation>
+    </message>
+    <message>
+        <source>%1 is not installed.</source>
+        <translation>%1 ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>%1 %2 is too old.</source>
+        <translation>%1 %2 ist zu alt.</translation>
+    </message>
+    <message>
+        <source>a folder for %1 cannot be made: %2</source>
+        <translation>ein Ordner für %1 kann nicht angelegt werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 did not finish within %2 s</source>
+        <translation>%1 wurde nicht innerhalb von %2 s fertig</translation>
+    </message>
+    <message>
+        <source>%1 wrote nothing (%2)</source>
+        <translation>%1 hat nichts geschrieben (%2)</translation>
+    </message>
+    <message>
+        <source>what %1 wrote cannot be moved</source>
+        <translation>was %1 geschrieben hat, kann nicht verschoben werden</translation>
+    </message>
+    <message>
+        <source>%1 is not installed</source>
+        <translation>%1 ist nicht installiert</translation>
+    </message>
+    <message>
+        <source>%1 could not do it (%2)</source>
+        <translation>%1 konnte es nicht (%2)</translation>
+    </message>
+    <message>
+        <source>%1 wrote nothing</source>
+        <translation>%1 hat nichts geschrieben</translation>
     </message>
 </context>
 <context>
