@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr std::size_t kBlock = 64 * 1024;
+constexpr std::size_t kBlock = 65'536;
 constexpr std::size_t kLongestText = 900; ///< the parser's lines hold 1023 bytes
 constexpr int kMeshOrFaces = 16 | 64;     ///< flags of polylines that are none
 constexpr int kSplineFrame = 16;          ///< flag of a vertex that is not drawn

@@ -72,8 +72,8 @@ public:
     }
     void addVertex(const DL_VertexData &vertex) override
     {
-        m_vertices.push_back({m_isPolylineFromBelow ? -vertex.x : vertex.x, vertex.y, 0,
-                              m_isPolylineFromBelow ? -vertex.bulge : vertex.bulge});
+        m_vertices.emplace_back(m_isPolylineFromBelow ? -vertex.x : vertex.x, vertex.y, 0,
+                                m_isPolylineFromBelow ? -vertex.bulge : vertex.bulge);
     }
     void endSequence() override
     {

@@ -67,7 +67,7 @@ struct Walk
         along(x, stepX, image.width());
         along(y, stepY, image.height());
         begin = std::min(begin, limit);
-        end = std::max(begin, end);
+        end = std::clamp(end, begin, limit);
     }
 };
 
