@@ -6,15 +6,16 @@
 #include "SheetLayer.h"
 #include <algorithm>
 #include <cmath>
+#include <new>
 #include <utility>
 
 namespace {
 
-constexpr int kTile = 256;      ///< pixels
-constexpr int kSpareTiles = 16; ///< kept beside those that are shown
-constexpr int kRest = 90;       ///< milliseconds after which a movement rests
-constexpr int kOverview = 768;  ///< pixels of the longer side
-constexpr int kFraction = 16;   ///< bits behind the point
+constexpr int kTile = 256;     ///< pixels
+constexpr int kSpareTiles = 4; ///< kept beside those that are shown
+constexpr int kRest = 90;      ///< milliseconds after which a movement rests
+constexpr int kOverview = 768; ///< pixels of the longer side
+constexpr int kFraction = 16;  ///< bits behind the point
 
 /// A walk through a picture along the rows of another.
 struct Walk
@@ -127,6 +128,21 @@ void sample(QImage &target, const QRect &area, Walk first, Walk second, QRgb pap
         second.step(end - begin);
         walk(area.width(), end);
     }
+}
+
+/// Walked along its columns, a picture whose lines begin a power of two apart would use few lines
+/// of the processor's cache: they begin an odd number of cache lines apart.
+QImage walkedPicture(QSize size)
+{
+    constexpr int kCacheLine = 64;
+    const int perLine = (4 * size.width() / kCacheLine + 1) | 1;
+    const qsizetype bytes = qsizetype{perLine} * kCacheLine * size.height();
+    auto *pixels = new (std::nothrow) uchar[static_cast<std::size_t>(bytes)];
+    if (!pixels)
+        return {};
+    return QImage(
+        pixels, size.width(), size.height(), qsizetype{perLine} * kCacheLine, QImage::Format_RGB32,
+        [](void *owned) { delete[] static_cast<uchar *>(owned); }, pixels);
 }
 
 int floorDiv(int value, int by)
@@ -314,7 +330,7 @@ void PictureStore::beginOverview()
 /// What is shown now becomes the picture that the next ones are made of.
 void PictureStore::keepStill()
 {
-    QImage picture(m_size, QImage::Format_RGB32);
+    QImage picture = walkedPicture(m_size);
     if (picture.isNull())
         return;
     QPainter painter(&picture);

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr qint64 kPiece = 256 * 1024;
+constexpr qint64 kPiece = 262'144;
 constexpr std::size_t kLongestLine = 1 << 20;
 constexpr std::string_view kBinaryMark{"AutoCAD Binary DXF\r\n\x1a\0", 22};
 
