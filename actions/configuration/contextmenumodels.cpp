@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <kelo_base/actions/ActionData.h>
 #include <kelo_base/actions/ActionManager.h>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -38,9 +39,12 @@ const Dragged *draggedIn(const QMimeData *data)
 
 } // namespace
 
-SlotModel::SlotModel(const ActionManager &manager, const ActionCatalogue &catalogue,
+SlotModel::SlotModel(const ActionManager &manager, std::shared_ptr<const ActionCatalogue> catalogue,
                      WorkingCopy &copy, QObject *parent)
-    : QAbstractTableModel(parent), m_manager(manager), m_catalogue(catalogue), m_copy(copy)
+    : QAbstractTableModel(parent),
+      m_manager(manager),
+      m_catalogue(std::move(catalogue)),
+      m_copy(copy)
 {
     connect(&copy, &WorkingCopy::changed, this, &SlotModel::follow);
     follow();
@@ -88,7 +92,7 @@ QVariant SlotModel::data(const QModelIndex &index, int role) const
     const ContextMenuLayout &layout = m_copy.current().layout;
     const int id = layout.GetAssignedActionId(slot);
     const bool isEmpty = !layout.HasAssignedAction(slot);
-    const QString text = isEmpty ? tr("(empty)") : m_catalogue.nameOf(id);
+    const QString text = isEmpty ? tr("(empty)") : m_catalogue->nameOf(id);
     if (role == Qt::AccessibleTextRole)
         return tr("Slot %1: %2").arg(slot + 1).arg(text);
     if (index.column() == 0)
@@ -97,7 +101,7 @@ QVariant SlotModel::data(const QModelIndex &index, int role) const
         return text;
     if (role == Qt::DecorationRole && !isEmpty)
         return iconOf(m_manager, id);
-    if (role == Qt::ForegroundRole && (isEmpty || !m_catalogue.find(id)))
+    if (role == Qt::ForegroundRole && (isEmpty || !m_catalogue->find(id)))
         return QPalette().brush(QPalette::PlaceholderText);
     return {};
 }
@@ -159,14 +163,14 @@ bool SlotModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int r
     return true;
 }
 
-TrayModel::TrayModel(const ActionManager &manager, const ActionCatalogue &catalogue,
+TrayModel::TrayModel(const ActionManager &manager, std::shared_ptr<const ActionCatalogue> catalogue,
                      WorkingCopy &copy, SlotModel &target, QObject *parent)
     : QAbstractTableModel(parent),
       m_manager(manager),
-      m_catalogue(catalogue),
+      m_catalogue(std::move(catalogue)),
       m_copy(copy),
       m_target(target),
-      m_filter(catalogue, copy.current().shortcuts)
+      m_filter(*m_catalogue, copy.current().shortcuts)
 {
     connect(&copy, &WorkingCopy::changed, this, &TrayModel::follow);
     follow();
@@ -192,7 +196,7 @@ void TrayModel::search(const QString &text)
 
 int TrayModel::idAt(int row) const
 {
-    return m_catalogue.actions()[m_places[static_cast<std::size_t>(row)]].id;
+    return m_catalogue->actions()[m_places[static_cast<std::size_t>(row)]].id;
 }
 
 int TrayModel::rowCount(const QModelIndex &parent) const
@@ -209,7 +213,7 @@ QVariant TrayModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid())
         return {};
-    const ActionInfo *info = m_catalogue.find(idAt(index.row()));
+    const ActionInfo *info = m_catalogue->find(idAt(index.row()));
     const bool isText = role == Qt::DisplayRole || role == Qt::ToolTipRole;
     if (index.column() == 0 && role == Qt::DecorationRole)
         return iconOf(m_manager, info->id);
@@ -218,7 +222,7 @@ QVariant TrayModel::data(const QModelIndex &index, int role) const
     if (index.column() == 0)
         return info->text;
     if (index.column() == 1)
-        return m_catalogue.categoryText(info->category);
+        return m_catalogue->categoryText(info->category);
     const auto slot = m_slots.constFind(info->id);
     return slot == m_slots.cend() ? QVariant() : QVariant(*slot + 1);
 }

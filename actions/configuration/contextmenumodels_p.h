@@ -7,6 +7,7 @@
 #include "actions/configuration/slotmoves_p.h"
 #include <QAbstractTableModel>
 #include <QIcon>
+#include <memory>
 #include <vector>
 
 class ActionManager;
@@ -21,8 +22,8 @@ class SlotModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    SlotModel(const ActionManager &manager, const ActionCatalogue &catalogue, WorkingCopy &copy,
-              QObject *parent);
+    SlotModel(const ActionManager &manager, std::shared_ptr<const ActionCatalogue> catalogue,
+              WorkingCopy &copy, QObject *parent);
 
     /// Becomes the layout of the edit in one step, and names the slots to select.
     void carryOut(const SlotEdit &edit, const QString &step);
@@ -48,7 +49,7 @@ private:
     void follow();
 
     const ActionManager &m_manager;
-    const ActionCatalogue &m_catalogue;
+    std::shared_ptr<const ActionCatalogue> m_catalogue;
     WorkingCopy &m_copy;
     int m_rows = 0;
 };
@@ -60,8 +61,8 @@ class TrayModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    TrayModel(const ActionManager &manager, const ActionCatalogue &catalogue, WorkingCopy &copy,
-              SlotModel &target, QObject *parent);
+    TrayModel(const ActionManager &manager, std::shared_ptr<const ActionCatalogue> catalogue,
+              WorkingCopy &copy, SlotModel &target, QObject *parent);
 
     void search(const QString &text);
     [[nodiscard]] int idAt(int row) const;
@@ -84,7 +85,7 @@ private:
     void follow();
 
     const ActionManager &m_manager;
-    const ActionCatalogue &m_catalogue;
+    std::shared_ptr<const ActionCatalogue> m_catalogue;
     WorkingCopy &m_copy;
     SlotModel &m_target;
     RowFilter m_filter;

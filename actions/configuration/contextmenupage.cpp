@@ -59,7 +59,7 @@ ContextMenuPage::ContextMenuPage(ActionManager &manager, WorkingCopy &copy, QWid
     : QWidget(parent),
       m_manager(manager),
       m_copy(copy),
-      m_catalogue(manager),
+      m_catalogue(std::make_shared<const ActionCatalogue>(manager)),
       m_slots(new SlotModel(manager, m_catalogue, copy, this)),
       m_trayModel(new TrayModel(manager, m_catalogue, copy, *m_slots, this))
 {

@@ -7,6 +7,7 @@
 #include <QPixmap>
 #include <QWidget>
 #include <functional>
+#include <memory>
 
 class ActionManager;
 class QLabel;
@@ -56,7 +57,7 @@ private:
 
     ActionManager &m_manager;
     WorkingCopy &m_copy;
-    ActionCatalogue m_catalogue;
+    std::shared_ptr<const ActionCatalogue> m_catalogue; ///< views look into it to their end
     SlotModel *m_slots;
     TrayModel *m_trayModel;
     QLineEdit *m_search = nullptr;

@@ -159,7 +159,7 @@ private slots:
     void dragsAndDrops()
     {
         Registry registry;
-        const ActionCatalogue catalogue(registry.manager);
+        const auto catalogue = std::make_shared<const ActionCatalogue>(registry.manager);
         WorkingCopy copy({{}, layoutOf({1, 2})});
         SlotModel slotModel(registry.manager, catalogue, copy, nullptr);
         TrayModel tray(registry.manager, catalogue, copy, slotModel, nullptr);
