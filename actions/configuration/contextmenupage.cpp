@@ -24,7 +24,10 @@ namespace menuconfig {
 
 namespace {
 
-constexpr QSize kSectorRoom(360, 360);
+constexpr QSize kSectorRoom(300, 300);
+constexpr int kTrayWidth = 290; // in proportion to the others
+constexpr int kSlotsWidth = 250;
+constexpr int kPreviewWidth = 340;
 
 QTreeView *newView(QAbstractItemModel &model, const QString &name)
 {
@@ -68,6 +71,7 @@ ContextMenuPage::ContextMenuPage(ActionManager &manager, WorkingCopy &copy, QWid
     splitter->addWidget(newTray());
     splitter->addWidget(newSlots());
     splitter->addWidget(newPreviews());
+    splitter->setSizes({kTrayWidth, kSlotsWidth, kPreviewWidth});
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(splitter);
     connect(m_slots, &SlotModel::edited, this, &ContextMenuPage::select);

@@ -92,7 +92,7 @@ void MenuPreview::paintEvent(QPaintEvent *)
     m_menu.setLayoutDirection(layoutDirection());
     m_menu.resize(m_menu.sizeHint());
     QPainter painter(this);
-    m_menu.render(&painter, QPoint(isMirrored ? 0 : gutter(), 0));
+    painter.drawPixmap(isMirrored ? 0 : gutter(), 0, m_menu.grab());
     const int edge = gutter() - 4;
     const QIcon mark = style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this);
     for (QAction *entry : m_clashing) {

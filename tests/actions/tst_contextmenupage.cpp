@@ -197,7 +197,7 @@ private slots:
             sectors.fillByLayout(layout, kEverywhere);
             return picture = sectors.picture(most);
         });
-        QVERIFY(picture.width() > 200 && picture.width() <= 360);
+        QVERIFY(picture.width() > 200 && picture.width() <= 300);
         QCOMPARE(menu->warning(), QString());
         MenuConfiguration next{{}, layoutOf({1, -1, 2, 3})};
         next.shortcuts.AssignKeySequence(3, QKeySequence(u"F7"_s));
