@@ -310,7 +310,8 @@ QString XlsxSink::assemble(const std::function<bool()> &goesOn)
     }
     // All rows are copied into the parts of the file before these are packed.
     constexpr qint64 kRest = 16LL * 1024 * 1024;
-    if (QStorageInfo(m_folder.path()).bytesAvailable() < bytes + bytes / 4 + kRest)
+    const QStorageInfo storage(m_folder.path()); // not valid where mounts are not to be seen
+    if (storage.isValid() && storage.bytesAvailable() < bytes + bytes / 4 + kRest)
         return notWritten(m_target, Texts::tr("there is no room in the temporary folder"));
     for (lxw_worksheet *sheet : m_sheets)
         letEnd(sheet, goesOn);

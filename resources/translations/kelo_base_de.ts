@@ -16,6 +16,25 @@
     </message>
 </context>
 <context>
+    <name>AmbiguityNotice</name>
+    <message>
+        <source>%1 does nothing, since “%2” and “%3” both have it.</source>
+        <translation>%1 bewirkt nichts, denn „%2“ und „%3“ haben es beide.</translation>
+    </message>
+    <message>
+        <source>%1 does nothing, since “%2” and another function both have it.</source>
+        <translation>%1 bewirkt nichts, denn „%2“ und eine weitere Funktion haben es beide.</translation>
+    </message>
+    <message>
+        <source>Set Keys...</source>
+        <translation>Tasten festlegen...</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
     <name>CommandLine</name>
     <message>
         <source>Shows the sheets of DXF plans with what is drawn around them.</source>
@@ -1200,6 +1219,18 @@
     </message>
 </context>
 <context>
+    <name>MenuConfigTexts</name>
+    <message>
+        <source>Function %1</source>
+        <translation>Funktion %1</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <comment>shortcut</comment>
+        <translation>keine</translation>
+    </message>
+</context>
+<context>
     <name>NavGallery</name>
     <message>
         <source>Sheet %1</source>
@@ -1846,6 +1877,21 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>Top left and bottom right corners</source>
         <translation>Ecken oben links und unten rechts</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutOverview</name>
+    <message>
+        <source>Keyboard Shortcuts: %1</source>
+        <translation>Tastenkürzel: %1</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Seite %1 von %2</translation>
+    </message>
+    <message>
+        <source>No function has a shortcut.</source>
+        <translation>Keine Funktion hat ein Tastenkürzel.</translation>
     </message>
 </context>
 <context>
@@ -2767,6 +2813,146 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>--table wants a file that ends in .xlsx, .ods or .csv</source>
         <translation>--table braucht eine Datei, die auf .xlsx, .ods oder .csv endet</translation>
+    </message>
+</context>
+<context>
+    <name>menuconfig::ContextMenuPage</name>
+    <message>
+        <source>Preview of the sector menu</source>
+        <translation>Vorschau des Kreismenüs</translation>
+    </message>
+    <message>
+        <source>Sector Menu</source>
+        <translation>Kreismenü</translation>
+    </message>
+    <message>
+        <source>Search functions</source>
+        <translation>Funktionen suchen</translation>
+    </message>
+    <message>
+        <source>Functions</source>
+        <translation>Funktionen</translation>
+    </message>
+    <message>
+        <source>Put into &amp;Menu</source>
+        <translation>Ins &amp;Menü aufnehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Functions:</source>
+        <translation>&amp;Funktionen:</translation>
+    </message>
+    <message>
+        <source>Slots of the context menu</source>
+        <translation>Plätze des Kontextmenüs</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>&amp;Empty Slot</source>
+        <translation>&amp;Leerer Platz</translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation>Nach &amp;unten</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Slots:</source>
+        <translation>&amp;Plätze:</translation>
+    </message>
+    <message>
+        <source>Context Menu</source>
+        <translation>Kontextmenü</translation>
+    </message>
+    <message>
+        <source>Preview:</source>
+        <translation>Vorschau:</translation>
+    </message>
+    <message>
+        <source>Fill Slots</source>
+        <translation>Plätze belegen</translation>
+    </message>
+    <message>
+        <source>Insert Functions</source>
+        <translation>Funktionen einfügen</translation>
+    </message>
+    <message>
+        <source>Insert Empty Slot</source>
+        <translation>Leeren Platz einfügen</translation>
+    </message>
+    <message>
+        <source>Empty Slots</source>
+        <translation>Plätze leeren</translation>
+    </message>
+    <message>
+        <source>Move Slots</source>
+        <translation>Plätze verschieben</translation>
+    </message>
+</context>
+<context>
+    <name>menuconfig::MenuPreview</name>
+    <message>
+        <source>Preview of the context menu</source>
+        <translation>Vorschau des Kontextmenüs</translation>
+    </message>
+    <message>
+        <source>More than one entry is chosen by the letter: %1</source>
+        <translation>Mehr als ein Eintrag wird gewählt mit dem Buchstaben: %1</translation>
+    </message>
+</context>
+<context>
+    <name>menuconfig::SlotModel</name>
+    <message>
+        <source>(empty)</source>
+        <translation>(leer)</translation>
+    </message>
+    <message>
+        <source>Slot %1: %2</source>
+        <translation>Platz %1: %2</translation>
+    </message>
+    <message>
+        <source>Slot</source>
+        <translation>Platz</translation>
+    </message>
+    <message>
+        <source>Function</source>
+        <translation>Funktion</translation>
+    </message>
+    <message>
+        <source>Move Slots</source>
+        <translation>Plätze verschieben</translation>
+    </message>
+    <message>
+        <source>Fill Slots</source>
+        <translation>Plätze belegen</translation>
+    </message>
+    <message>
+        <source>Insert Functions</source>
+        <translation>Funktionen einfügen</translation>
+    </message>
+</context>
+<context>
+    <name>menuconfig::TrayModel</name>
+    <message>
+        <source>Function</source>
+        <translation>Funktion</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message>
+        <source>Slot</source>
+        <translation>Platz</translation>
+    </message>
+    <message>
+        <source>Empty Slots</source>
+        <translation>Plätze leeren</translation>
     </message>
 </context>
 <context>

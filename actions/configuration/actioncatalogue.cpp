@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Takes the registered functions down.
+#include "actions/configuration/actioncatalogue_p.h"
+
+#include "actions/configuration/menuconfigtexts_p.h"
+#include <QAction>
+#include <algorithm>
+#include <kelo_base/actions/ActionManager.h>
+#include <kelo_base/core/NaturalOrder.h>
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace menuconfig {
+
+ActionCatalogue::ActionCatalogue(const ActionManager &manager)
+{
+    m_actions.reserve(manager.GetActions().size());
+    for (const auto &[key, data] : manager.GetActions()) {
+        if (!data->action)
+            continue;
+        const int id = static_cast<int>(key);
+        if (!m_categories.contains(data->category))
+            m_categories.insert(data->category, manager.GetCategoryDescription(data->category));
+        const QString text = plainText(data->action->text());
+        m_actions.push_back({id, data->category, Contexts::of(data->contextId, data->contextMask),
+                             text.isEmpty() ? Texts::functionNumber(id) : text});
+    }
+    index();
+}
+
+ActionCatalogue::ActionCatalogue(std::vector<ActionInfo> actions, QHash<int, QString> categories)
+    : m_actions(std::move(actions)), m_categories(std::move(categories))
+{
+    index();
+}
+
+const ActionInfo *ActionCatalogue::find(int id) const
+{
+    const auto place = m_places.constFind(id);
+    return place == m_places.cend() ? nullptr : &m_actions[*place];
+}
+
+QString ActionCatalogue::nameOf(int id) const
+{
+    const ActionInfo *info = find(id);
+    return info ? info->text : Texts::functionNumber(id);
+}
+
+void ActionCatalogue::index()
+{
+    const auto precedes = [](const ActionInfo &one, const ActionInfo &other) {
+        if (one.category != other.category)
+            return one.category < other.category;
+        return caseInsensitiveNaturalOrderLessThen(one.text, other.text);
+    };
+    std::stable_sort(m_actions.begin(), m_actions.end(), precedes);
+    m_places.reserve(static_cast<qsizetype>(m_actions.size()));
+    for (std::size_t place = 0; place < m_actions.size(); ++place)
+        m_places.insert(m_actions[place].id, place);
+}
+
+QString plainText(const QString &actionText)
+{
+    QString text;
+    text.reserve(actionText.size());
+    for (qsizetype i = 0; i < actionText.size(); ++i) {
+        const bool marksLetter = actionText[i] == u'&' && i + 1 < actionText.size();
+        text += actionText[marksLetter ? ++i : i];
+    }
+    while (text.endsWith(u'.') || text.endsWith(u'…') || text.endsWith(u' '))
+        text.chop(1);
+    return text.section(u'\t', 0, 0).trimmed(); // behind a tab stands a shortcut
+}
+
+} // namespace menuconfig

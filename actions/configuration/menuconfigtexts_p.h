@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Texts that several parts of the configuration share.
+#pragma once
+
+#include <QCoreApplication>
+#include <QKeySequence>
+#include <QString>
+
+namespace menuconfig {
+
+class Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(MenuConfigTexts)
+
+public:
+    static QString functionNumber(int id) { return tr("Function %1").arg(id); }
+    static QString noShortcut() { return tr("none", "shortcut"); }
+    static QString shortcut(const QKeySequence &sequence)
+    {
+        return sequence.isEmpty() ? noShortcut() : sequence.toString(QKeySequence::NativeText);
+    }
+};
+
+} // namespace menuconfig
