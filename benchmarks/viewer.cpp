@@ -45,7 +45,8 @@ QString writePlan(const QTemporaryDir &folder, int sheets, int lines)
     file.write("0\nSECTION\n2\nBLOCKS\n");
     for (int i = 0; i < sheets; ++i) {
         const double x = kEast + i % columns * 600.0;
-        const double y = kNorth + static_cast<double>(i / columns) * 420;
+        const int row = i / columns;
+        const double y = kNorth + row * 420.0;
         QByteArray block = "0\nBLOCK\n2\nB" + QByteArray::number(i) +
                            "\n70\n0\n10\n0\n20\n0\n0\nLWPOLYLINE\n90\n4\n70\n1\n";
         for (const QPointF corner :
@@ -223,7 +224,7 @@ const QString &manySheets()
 /// From the file to the painted sheets, beside the reader alone.
 void openOurs(benchmark::State &state)
 {
-    const QString path = manySheets();
+    const QString &path = manySheets();
     for (auto _ : state) {
         Plan plan(PlanSession::Open(path).session);
         PlanView view(plan);
@@ -236,7 +237,7 @@ void openOurs(benchmark::State &state)
 BENCHMARK(openOurs)->Iterations(3)->Unit(benchmark::kMillisecond);
 void openPeer(benchmark::State &state)
 {
-    const QString path = manySheets();
+    const QString &path = manySheets();
     for (auto _ : state)
         if (!PlanSession::Open(path))
             std::abort();
