@@ -32,6 +32,9 @@ public:
     void accept() override;
     void done(int result) override;
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     struct Parts;
     std::unique_ptr<Parts> m_parts;

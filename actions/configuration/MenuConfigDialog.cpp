@@ -2,13 +2,20 @@
 // The window around the pages, and the way of their work into force.
 #include <kelo_base/actions/MenuConfigDialog.h>
 
+#include "actions/configuration/configurationfile_p.h"
+#include "actions/configuration/importdialog_p.h"
 #include "actions/configuration/shortcutspage_p.h"
 #include "actions/configuration/workingcopy_p.h"
 #include <QAccessible>
 #include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
@@ -66,6 +73,8 @@ struct MenuConfigDialog::Parts
     void showState();
     void saveLayout();
     void restoreLayout();
+    void importFile();
+    void exportFile();
 
     MenuConfigDialog *dialog;
     QPointer<MenuConfigManager> manager;
@@ -77,6 +86,7 @@ struct MenuConfigDialog::Parts
     QDialogButtonBox *buttons;
     QPushButton *undo = nullptr;
     QPushButton *redo = nullptr;
+    QPushButton *exchange = nullptr;
     QTimer soon; ///< looks again, once for many registrations
     bool isApplying = false;
 };
@@ -111,6 +121,12 @@ void MenuConfigDialog::Parts::layOut()
     redo = buttons->addButton(MenuConfigDialog::tr("R&edo"), QDialogButtonBox::ResetRole);
     undo->setObjectName(u"btnUndo"_s);
     redo->setObjectName(u"btnRedo"_s);
+    exchange = buttons->addButton(MenuConfigDialog::tr("Exchan&ge"), QDialogButtonBox::ActionRole);
+    exchange->setObjectName(u"btnExchange"_s);
+    auto *menu = new QMenu(exchange);
+    menu->addAction(MenuConfigDialog::tr("&Import…"), dialog, [this] { importFile(); });
+    menu->addAction(MenuConfigDialog::tr("&Export…"), dialog, [this] { exportFile(); });
+    exchange->setMenu(menu);
     for (QAbstractButton *button : buttons->buttons())
         qobject_cast<QPushButton *>(button)->setAutoDefault(false); // Return belongs to the field
     auto *rows = new QVBoxLayout(dialog);
@@ -180,6 +196,7 @@ void MenuConfigDialog::Parts::showState()
     const bool isAlive = manager && actions;
     const QUndoStack &history = copy.history();
     buttons->button(QDialogButtonBox::Ok)->setEnabled(isAlive);
+    exchange->setEnabled(isAlive);
     buttons->button(QDialogButtonBox::Apply)->setEnabled(isAlive && !history.isClean());
     undo->setEnabled(isAlive && history.canUndo());
     redo->setEnabled(isAlive && history.canRedo());
@@ -214,6 +231,43 @@ void MenuConfigDialog::Parts::restoreLayout()
         if (width >= 20 && width <= 2000)
             shortcuts->tree().setColumnWidth(column, width);
     }
+}
+
+void MenuConfigDialog::Parts::importFile()
+{
+    const QString path =
+        QFileDialog::getOpenFileName(dialog, MenuConfigDialog::tr("Import a Configuration"),
+                                     QString(), MenuConfigDialog::tr("Configurations (*.ini)"));
+    if (path.isEmpty() || !manager || !actions)
+        return;
+    ConfigurationFile file = readConfigurationFile(path, manager->GetPlainConfigName());
+    if (!file.error.isEmpty())
+        return say(file.error);
+    if (!file.hasLayout)
+        file.configuration.layout = copy.current().layout;
+    const Surroundings given = surroundingsOf(*manager, *actions);
+    const QPointer<MenuConfigDialog> alive(dialog);
+    ImportDialog choice(planImport(copy.current(), file.configuration, given), given.catalogue,
+                        nullptr);
+    choice.setWindowModality(Qt::ApplicationModal);
+    const bool isWanted = choice.exec() == QDialog::Accepted;
+    if (!alive || !isWanted || !manager || !actions)
+        return;
+    if (readConfigurationFile(path, manager->GetPlainConfigName()).bytes != file.bytes)
+        return say(MenuConfigDialog::tr("%1 is no longer as it was shown; nothing was imported.")
+                       .arg(QDir::toNativeSeparators(path)));
+    copy.edit(withImport(copy.current(), choice.plan(), given), MenuConfigDialog::tr("import"));
+    say(QString());
+}
+
+void MenuConfigDialog::Parts::exportFile()
+{
+    const QString name = manager->GetPlainConfigName();
+    const QString path = QFileDialog::getSaveFileName(
+        dialog, MenuConfigDialog::tr("Export the Configuration"), name + ".ini"_L1,
+        MenuConfigDialog::tr("Configurations (*.ini)"));
+    if (!path.isEmpty())
+        say(writeConfigurationFile(path, name, copy.current()));
 }
 
 MenuConfigDialog::MenuConfigDialog(MenuConfigManager &manager, ActionManager &actions,
@@ -284,4 +338,12 @@ void MenuConfigDialog::done(int result)
 {
     m_parts->saveLayout();
     QDialog::done(result);
+}
+
+void MenuConfigDialog::keyPressEvent(QKeyEvent *event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && qobject_cast<QLineEdit *>(focusWidget()))
+        return; // it was the field's; the button box would press OK
+    QDialog::keyPressEvent(event);
 }

@@ -39,7 +39,7 @@ ShortcutEditor::ShortcutEditor(ShortcutModel &model, WorkingCopy &copy, QWidget 
     connect(m_recorder, &StrokeRecorder::recorded, this,
             [this](const QKeySequence &sequence) { consider(sequence); });
     connect(m_recorder, &StrokeRecorder::stopped, this, [this] {
-        m_record->setText(tr("Re&cord (F2)"));
+        m_record->setText(tr("Recor&d (F2)"));
         m_recorder->sequence().isEmpty() ? restore() : finish();
     });
     connect(&copy, &WorkingCopy::changed, this, &ShortcutEditor::restore);
@@ -51,8 +51,8 @@ void ShortcutEditor::layOut()
     auto *rows = new QVBoxLayout(this);
     rows->setContentsMargins({});
     auto *entry = new QHBoxLayout;
-    m_record = addButton(u"btnRecord"_s, tr("Re&cord (F2)"), &ShortcutEditor::toggleRecording);
-    m_assign = addButton(u"btnAssign"_s, tr("A&ssign"), &ShortcutEditor::finish);
+    m_record = addButton(u"btnRecord"_s, tr("Recor&d (F2)"), &ShortcutEditor::toggleRecording);
+    m_assign = addButton(u"btnAssign"_s, tr("Ass&ign"), &ShortcutEditor::finish);
     m_remove = addButton(u"btnRemove"_s, tr("Re&move"), &ShortcutEditor::removeShortcut);
     entry->addWidget(m_field, 1);
     for (QPushButton *button : {m_record, m_assign, m_remove})
@@ -107,7 +107,7 @@ void ShortcutEditor::toggleRecording()
     if (m_recorder->isRecording())
         return m_recorder->stop();
     m_recorder->start();
-    m_record->setText(tr("&Stop recording"));
+    m_record->setText(tr("S&top recording"));
     say(tr("Press up to four keys; a pause ends the recording."));
 }
 

@@ -56,7 +56,7 @@ void ShortcutsPage::layOut()
     m_filter->setAccessibleName(tr("Filter"));
     m_filter->setClearButtonEnabled(true);
     m_findKeys->setObjectName(u"btnFindKeys"_s);
-    m_findKeys->setText(tr("Press &keys"));
+    m_findKeys->setText(tr("Press ke&ys"));
     m_findKeys->setToolTip(tr("Find functions by pressing their keys"));
     m_findKeys->setCheckable(true);
     m_onlyConflicts->setObjectName(u"chkConflicts"_s);
@@ -114,7 +114,7 @@ void ShortcutsPage::setSurroundings(Surroundings given)
 
 void ShortcutsPage::showCounts()
 {
-    m_onlyConflicts->setText(tr("C&onflicts only (%1)").arg(m_model->conflictCount()));
+    m_onlyConflicts->setText(tr("Con&flicts only (%1)").arg(m_model->conflictCount()));
     m_onlyChanged->setText(tr("C&hanged only (%1)").arg(m_model->changedCount()));
 }
 
