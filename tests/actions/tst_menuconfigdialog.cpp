@@ -47,6 +47,7 @@ struct Program
     void type(const QString &keys) const
     {
         auto *field = find<QLineEdit>("edtShortcut");
+        field->setFocus();
         field->selectAll();
         QTest::keyClicks(field, keys);
     }
