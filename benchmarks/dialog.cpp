@@ -30,21 +30,21 @@ DxfDrawing makePlan()
     QRandomGenerator random(1);
     std::shuffle(numbers.begin(), numbers.end(), random);
     DxfDrawingBuilder plan;
-    plan.SetVersion("AC1015");
+    plan.setVersion("AC1015");
     for (const int number : numbers) {
         const std::string name = "SHEET" + std::to_string(number);
-        plan.BeginBlock(name, 1);
-        plan.BeginPolyline(true);
+        plan.beginBlock(name, 1);
+        plan.beginPolyline(true);
         for (const auto &[x, y] : {std::pair(0, 0), {800, 0}, {800, 500}, {0, 500}})
-            plan.AddVertex({x + number * 1000.0, static_cast<double>(y)});
-        plan.EndBlock();
-        plan.BeginInsert(name, 2);
-        plan.AddAttribute("TITLE", "Street plan");
-        plan.AddAttribute("BL_NR", valueText(number));
-        plan.AddAttribute("TYP", number % 2 == 0 ? "main" : "side");
-        plan.EndInsert();
+            plan.addVertex({x + number * 1000.0, static_cast<double>(y)});
+        plan.endBlock();
+        plan.beginInsert(name, 2);
+        plan.addAttribute("TITLE", "Street plan");
+        plan.addAttribute("BL_NR", valueText(number));
+        plan.addAttribute("TYP", number % 2 == 0 ? "main" : "side");
+        plan.endInsert();
     }
-    DxfDrawing drawing = plan.Take();
+    DxfDrawing drawing = plan.take();
     LabelSheets(drawing, CornerOrder::Upright);
     return drawing;
 }

@@ -38,17 +38,17 @@ private:
             const int row = i / columns;
             const double x = i % columns * 3.2;
             const double y = row * 2.2;
-            plan.BeginBlock(name, 0);
-            plan.BeginPolyline(true);
+            plan.beginBlock(name, 0);
+            plan.beginPolyline(true);
             for (const auto &[dx, dy] : {DxfVertex{0, 0}, {3, 0}, {3, 2}, {0, 2}})
-                plan.AddVertex({x + dx, y + dy});
-            plan.EndPolyline();
-            plan.EndBlock();
-            plan.BeginInsert(name, 0);
-            plan.AddAttribute("BL_NR", name);
-            plan.EndInsert();
+                plan.addVertex({x + dx, y + dy});
+            plan.endPolyline();
+            plan.endBlock();
+            plan.beginInsert(name, 0);
+            plan.addAttribute("BL_NR", name);
+            plan.endInsert();
         }
-        return plan.Take();
+        return plan.take();
     }
 
     DxfDrawing m_drawing;

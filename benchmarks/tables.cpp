@@ -1,9 +1,18 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Tables of ten mixed columns: workbooks beside the bare library, text beside a text stream.
+// Tables of ten mixed columns: workbooks beside the bare library, text beside a text stream, files
+// by way of the spreadsheet program beside its own conversion. And the sheets of a plan, which want
+// two seconds. KELO_BENCH_PLANS names a folder with own.dxf, KELO_BENCH_SHEETS how many sheets that
+// has; the tables have ten times as many rows.
 #include "benchmarks/ratio.h"
 #include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <QUrl>
+#include <algorithm>
+#include <kelo_base/dxf/PlanSession.h>
+#include <kelo_base/dxf/SheetTable.h>
 #include <kelo_base/spreadsheet/TableWriter.h>
 #include <xlsxwriter.h>
 
@@ -36,6 +45,41 @@ struct Data
     QStringList texts;
 };
 
+qint64 benchRows()
+{
+    return 10 * std::max(100, qEnvironmentVariableIntValue("KELO_BENCH_SHEETS"));
+}
+
+/// What this process has of main memory, in MB. @param name  "VmRSS" now, "VmHWM" at most
+double memory(const QByteArray &name)
+{
+    QFile status(u"/proc/self/status"_s);
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    const QByteArrayList lines = status.readAll().split('\n');
+    for (const QByteArray &line : lines)
+        if (line.startsWith(name + ':'))
+            return line.mid(name.size() + 1).trimmed().split(' ').first().toDouble() / 1000;
+    return 0;
+}
+
+/// How much more memory is taken than there was at the start, at most.
+class MemoryPeak
+{
+public:
+    MemoryPeak()
+    {
+        QFile peak(u"/proc/self/clear_refs"_s);
+        if (peak.open(QIODevice::WriteOnly))
+            peak.write("5"); // forgets the peak
+        m_start = memory("VmRSS");
+    }
+    [[nodiscard]] double megabytes() const { return memory("VmHWM") - m_start; }
+
+private:
+    double m_start;
+};
+
 Sheet sheet()
 {
     Sheet result;
@@ -48,30 +92,37 @@ Sheet sheet()
     return result;
 }
 
+Result writeRows(const Data &data, const Target &target)
+{
+    TableWriter writer(target);
+    writer.BeginSheet(sheet());
+    std::vector<Cell> cells(10);
+    for (qint64 row = 0; row < data.count; ++row) {
+        for (int column = 0; column < kTextColumns; ++column)
+            cells[static_cast<std::size_t>(column)] = data.text(row, column);
+        for (int column = 0; column < kNumberColumns; ++column)
+            cells[kTextColumns + static_cast<std::size_t>(column)] = Data::number(row, column);
+        cells[8] = row;
+        cells[9] = row % 2 == 0;
+        writer.AddRow(cells);
+    }
+    return writer.Finish();
+}
+
 void writeOurs(benchmark::State &state, Format format, const QString &name)
 {
     const Data data(state.range(0));
     const QTemporaryDir folder;
     qint64 bytes = 0;
+    const MemoryPeak peak;
     for (auto _ : state) {
         const QString file = folder.filePath(name);
-        TableWriter writer({file, format, {}, {}, {}, {}});
-        writer.BeginSheet(sheet());
-        std::vector<Cell> cells(10);
-        for (qint64 row = 0; row < data.count; ++row) {
-            for (int column = 0; column < kTextColumns; ++column)
-                cells[static_cast<std::size_t>(column)] = data.text(row, column);
-            for (int column = 0; column < kNumberColumns; ++column)
-                cells[kTextColumns + static_cast<std::size_t>(column)] = Data::number(row, column);
-            cells[8] = row;
-            cells[9] = row % 2 == 0;
-            writer.AddRow(cells);
-        }
-        if (!writer.Finish())
+        if (!writeRows(data, {file, format, {}, {}, {}, {}}))
             state.SkipWithError("not written");
         bytes = QFile(file).size();
     }
     state.SetBytesProcessed(bytes * state.iterations());
+    state.counters["MB_above_start"] = peak.megabytes();
 }
 
 void workbookOurs(benchmark::State &state)
@@ -110,6 +161,45 @@ void workbookPeer(benchmark::State &state)
     }
 }
 
+void byProgramOurs(benchmark::State &state)
+{
+    writeOurs(state, Format::Ods, u"ours.ods"_s);
+}
+
+/// A workbook that is there already; only the program works.
+void byProgramPeer(benchmark::State &state)
+{
+    const Data data(state.range(0));
+    const QTemporaryDir folder;
+    const QString workbook = folder.filePath(u"peer.xlsx"_s);
+    writeRows(data, {workbook, Format::Xlsx, {}, {}, {}, {}});
+    const QString program = QStandardPaths::findExecutable(u"soffice"_s);
+    for (auto _ : state) {
+        QFile::remove(folder.filePath(u"peer.ods"_s));
+        const QTemporaryDir own;
+        QProcess process;
+        process.start(program,
+                      {u"-env:UserInstallation="_s + QUrl::fromLocalFile(own.path()).toString(),
+                       u"--headless"_s, u"--convert-to"_s, u"ods:calc8"_s, u"--outdir"_s,
+                       folder.path(), workbook});
+        process.waitForFinished(-1);
+        if (!QFile::exists(folder.filePath(u"peer.ods"_s)))
+            state.SkipWithError("not written");
+    }
+}
+
+void sheetList(benchmark::State &state)
+{
+    const PlanOpening plan =
+        PlanSession::Open(qEnvironmentVariable("KELO_BENCH_PLANS") + u"/own.dxf"_s);
+    const QTemporaryDir folder;
+    for (auto _ : state) {
+        const QString file = folder.filePath(u"sheets.xlsx"_s);
+        if (!plan || !ExportSheetTable(*plan.session, {file, Format::Xlsx, {}, {}, {}, {}}))
+            state.SkipWithError("not written");
+    }
+}
+
 void separatedOurs(benchmark::State &state)
 {
     writeOurs(state, Format::Csv, u"ours.csv"_s);
@@ -141,8 +231,11 @@ void separatedPeer(benchmark::State &state)
 
 } // namespace
 
-BENCHMARK(workbookOurs)->Arg(100'000)->Unit(benchmark::kMillisecond);
-BENCHMARK(workbookPeer)->Arg(100'000)->Unit(benchmark::kMillisecond);
-BENCHMARK(separatedOurs)->Arg(100'000)->Unit(benchmark::kMillisecond);
-BENCHMARK(separatedPeer)->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(workbookOurs)->Arg(benchRows())->Unit(benchmark::kMillisecond);
+BENCHMARK(workbookPeer)->Arg(benchRows())->Unit(benchmark::kMillisecond);
+BENCHMARK(separatedOurs)->Arg(benchRows())->Unit(benchmark::kMillisecond);
+BENCHMARK(separatedPeer)->Arg(benchRows())->Unit(benchmark::kMillisecond);
+BENCHMARK(byProgramOurs)->Arg(benchRows() / 20)->Unit(benchmark::kMillisecond);
+BENCHMARK(byProgramPeer)->Arg(benchRows() / 20)->Unit(benchmark::kMillisecond);
+BENCHMARK(sheetList)->Unit(benchmark::kMillisecond);
 KELO_RATIO_MAIN()

@@ -23,27 +23,6 @@ constexpr int kMostTries = 20;             // of what meets others' changes
 constexpr qint64 kRestPerTry = 10;         // times what a vain attempt to open took
 constexpr std::size_t kMostPrepared = 200; // statements kept for the next time
 
-/// Result codes of the embedded database; the low byte of the extended ones.
-namespace sqlite {
-constexpr int kBusy = 5;
-constexpr int kLocked = 6;
-constexpr int kReadOnly = 8;
-constexpr int kCorrupt = 11;
-constexpr int kFull = 13;
-constexpr int kNotADatabase = 26;
-constexpr int kMoved = 1032; // extended: the file is not where it was opened
-} // namespace sqlite
-
-/// What the server's error codes begin with.
-namespace server {
-constexpr QLatin1StringView kLockNotAvailable{"55P03"};
-constexpr QLatin1StringView kConflict{"40"}; // with what others changed, or a deadlock
-constexpr QLatin1StringView kConnection{"08"};
-constexpr QLatin1StringView kShutdown{"57P"};
-constexpr QLatin1StringView kDiskFull{"53100"};
-constexpr QLatin1StringView kReadOnly{"25006"};
-} // namespace server
-
 QString newConnectionName()
 {
     static std::atomic<quint64> last = 0; // each thread may have databases of its own
@@ -564,34 +543,7 @@ bool DatabaseSession::fail(const char *function, const QSqlError &error)
 
 DatabaseSession::Fault DatabaseSession::faultOf(const QSqlError &error) const
 {
-    const QString code = error.nativeErrorCode();
-    if (!m_place.IsServer()) {
-        const int number = code.toInt();
-        switch (number & 0xFF) {
-        case sqlite::kBusy:
-        case sqlite::kLocked:
-            return Fault::Locked;
-        case sqlite::kReadOnly:
-            return number == sqlite::kMoved ? Fault::Lost : Fault::ReadOnly;
-        case sqlite::kCorrupt:
-        case sqlite::kNotADatabase:
-            return Fault::Damaged;
-        case sqlite::kFull:
-            return Fault::Full;
-        default:
-            return m_database.isOpen() ? Fault::Other : Fault::Lost;
-        }
-    }
-    if (!m_database.isOpen() || code.startsWith(server::kConnection) ||
-        code.startsWith(server::kShutdown))
-        return Fault::Lost;
-    if (code == server::kLockNotAvailable)
-        return Fault::Locked;
-    if (code.startsWith(server::kConflict))
-        return Fault::Conflict;
-    if (code == server::kDiskFull)
-        return Fault::Full;
-    return code == server::kReadOnly ? Fault::ReadOnly : Fault::Other;
+    return databaseFaultOf(error, m_place.IsServer(), m_database.isOpen());
 }
 
 QString DatabaseSession::sentenceFor(Fault fault, const QString &detail) const

@@ -2,6 +2,8 @@
 // The connection of a Database: statements prepared on it, transactions, and what failed.
 #pragma once
 
+#include "core/databasefault_p.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QSet>
@@ -36,7 +38,7 @@ public:
         QString m_lastError;
     };
 
-    enum class Fault { None, Locked, Conflict, Lost, Damaged, Full, ReadOnly, Other };
+    using Fault = DatabaseFault;
 
     explicit DatabaseSession(DatabasePlace place);
     ~DatabaseSession();

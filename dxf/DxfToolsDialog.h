@@ -12,8 +12,8 @@ class QSettings;
 /// Reads one plan at a time and shows its sheets as a list and as a picture. Whatever goes wrong is
 /// told in one sentence inside the dialog; the plan shown before stays then as it was.
 ///
-/// Works in the GUI thread: while a plan is read, the dialog handles events and can be cancelled,
-/// closed or deleted.
+/// Works in the GUI thread: while a plan is read or a table written, the dialog handles events and
+/// can be cancelled, closed or deleted.
 class KELO_BASE_EXPORT DxfToolsDialog : public QDialog
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ public:
 
     /// Reads, analyses and shows a plan; returns when that is done.
     /// @return false when the plan shown is still the one of before: the reason stands in the
-    ///     dialog. Also while another plan is being read, which goes on.
+    ///     dialog. Also while another plan is being read or a table written, which goes on.
     bool ReadFile(const QString &path);
     [[nodiscard]] bool IsReading() const;
     /// Ends the reading that is under way, if any, as soon as control is back there.
@@ -45,13 +45,15 @@ public slots:
     void done(int result) override;
 
 protected:
-    /// While a plan is read, cancels that first.
+    /// While a plan is read or a table written, cancels that first.
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
 private:
+    void rememberTolerance();
+
     struct Parts;
     std::unique_ptr<Parts> m_parts;
     QPushButton *btnExportAsGK2;

@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QPainter>
+#include <QPixmap>
 #include <QPointer>
 #include <QScreen>
 #include <QStyle>
@@ -461,15 +462,30 @@ void QtPieMenu::open(QPoint globalPos)
     d->stroke.open(globalPos, d->keys.hasOpener() ? QCursor::pos() : globalPos);
     const QScreen *onScreen = QGuiApplication::screenAt(globalPos);
     const QRect area = (onScreen ? onScreen : screen())->geometry();
-    if (const int radius = d->isGrowing ? d->grownRadius(*this, area.size()) : d->outerRadius;
-        radius != d->outerRadius)
-        setShownRadius(std::min(radius, kLargestRadius));
+    grow(area.size());
     resize(sizeHint());
     move(pie::placeOnScreen(globalPos, size(), area));
     const QPointer<QtPieMenu> alive(this);
     prepare();
     if (alive)
         show();
+}
+
+void QtPieMenu::grow(QSize screen)
+{
+    const int radius = d->isGrowing ? d->grownRadius(*this, screen) : d->outerRadius;
+    if (radius != d->outerRadius)
+        setShownRadius(std::min(radius, kLargestRadius));
+}
+
+QPixmap QtPieMenu::picture(QSize screen)
+{
+    if (!isVisible()) {
+        ensurePolished();
+        grow(screen);
+        resize(sizeHint());
+    }
+    return grab();
 }
 
 void QtPieMenu::openSubMenu(int index, QPoint place)

@@ -11,6 +11,7 @@
 
 class QBitmap;
 class QMenu;
+class QPixmap;
 
 namespace pie {
 enum class Verdict : int;
@@ -179,6 +180,9 @@ public:
     /// of the items there are now, and keeps in step with what they show. Choosing from it has the
     /// same effect and the same signals.
     [[nodiscard]] QMenu *createPlainMenu(QWidget *parent = nullptr);
+    /// The menu as it would open on a screen of that size, for who shows what it will be like. A
+    /// menu that is open is shown as it is.
+    [[nodiscard]] QPixmap picture(QSize screen);
 
 public slots:
     /// An item here or in a sub-menu was chosen: emits activated() and aboutToHide(), and hides.
@@ -226,6 +230,7 @@ private:
     void init(const QString &name);
     void itemChanged();
     void setShownRadius(int pixels);
+    void grow(QSize screen);
     void open(QPoint globalPos);
     void hideTree();
     void openSubMenu(int index, QPoint place);

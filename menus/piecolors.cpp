@@ -2,10 +2,16 @@
 // Mixes the colours of a pie menu from the palette.
 #include "menus/piecolors_p.h"
 
+#include "core/contrast_p.h"
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+
+using colors::contrast;
+using colors::kReadableContrast;
+using colors::luminance;
+using colors::mixed;
 
 namespace pie {
 
@@ -13,23 +19,6 @@ namespace {
 
 constexpr double kTintOfColorful = 0.45; ///< leaves an icon of many colours what it shows
 constexpr int kSameColor = 40;           ///< of 255 in each of red, green and blue
-
-QColor mixed(const QColor &a, const QColor &b, double part)
-{
-    const auto mix = [part](float x, float y) { return std::lerp(x, y, static_cast<float>(part)); };
-    return QColor::fromRgbF(mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()),
-                            mix(a.blueF(), b.blueF()));
-}
-
-/// Relative luminance of WCAG 2, from 0 to 1.
-double luminance(const QColor &color)
-{
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
-}
 
 /// Palettes for people who need it put everything on plain black or white.
 bool isHighContrast(const QPalette &palette)
@@ -61,12 +50,6 @@ bool hasOneColor(const QImage &image)
 }
 
 } // namespace
-
-double contrast(const QColor &a, const QColor &b)
-{
-    const auto [low, high] = std::minmax({luminance(a), luminance(b)});
-    return (high + 0.05) / (low + 0.05);
-}
 
 QColor readableFill(const QColor &fill, const QColor &text)
 {

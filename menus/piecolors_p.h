@@ -8,11 +8,6 @@
 
 namespace pie {
 
-/// Contrast of text that everybody can read.
-inline constexpr double kReadableContrast = 4.5;
-
-/// From 1, the same, to 21, black on white: the ratio of WCAG 2.
-[[nodiscard]] double contrast(const QColor &a, const QColor &b);
 /// @p fill, darkened where @p text is light and lightened where it is dark, but only as far as it
 /// takes for the text to be readable.
 [[nodiscard]] QColor readableFill(const QColor &fill, const QColor &text);

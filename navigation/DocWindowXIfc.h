@@ -63,7 +63,8 @@ public:
     [[nodiscard]] virtual KView *PrimaryView() const = 0;
     /// The visible rectangle of @p view in its pixels. False when it is not available.
     [[nodiscard]] virtual bool DeviceRect(QWidget *view, QRect &rect) const = 0;
-    /// The document page that @p view shows, in units of the page. False when it is not available.
+    /// The document page that @p view shows, in units of the page; y grows from its top side to the
+    /// bottom. False when it is not available.
     [[nodiscard]] virtual bool DocPageRect(QWidget *view, QRectF &rect) const = 0;
     /// Adds the geo point to a @p coord that holds the device point. False when the view cannot
     /// convert; the geo point then means nothing.
@@ -104,7 +105,7 @@ public:
     /// ratio estimated for a height leads to that height.
     virtual bool ZoomBy(QWidget *view, double ratio);
     /// Turns around the middle so that NorthAngle() grows by @p degrees: what is shown turns
-    /// clockwise on screen.
+    /// clockwise on screen. That holds in a mirrored view, too, where NorthAngle() falls by it.
     virtual bool TurnBy(QWidget *view, double degrees);
 };
 

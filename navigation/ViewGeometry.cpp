@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Fetches the numbers from the view and applies the formulas.
-#include "navigation/viewaccess_p.h"
-#include "navigation/viewgeometry_p.h"
+#include "navigation/viewmeasure_p.h"
 #include "navigation/zoomcorrection_p.h"
 #include <kelo_base/navigation/ViewGeometry.h>
-#include <optional>
 
-using UCoord = DocWindowXIfc::UCoord;
-using viewgeometry::Diagonals;
 using viewgeometry::Estimate;
 using viewgeometry::limitedEye;
 
@@ -15,23 +11,6 @@ namespace {
 
 unsigned int defaultFieldOfView = 50;
 unsigned int defaultEyeToMonitorDistance = 60;
-
-/// Between the top left and the bottom right pixel of the view's rectangle.
-std::optional<Diagonals> diagonalsOf(QWidget *view)
-{
-    const ViewAccess access(view);
-    QRect device;
-    if (!access.deviceRect(device))
-        return std::nullopt;
-    UCoord first = device.topLeft();
-    UCoord last = device.bottomRight();
-    if (!access.toGeo(first) || !access.toGeo(last))
-        return std::nullopt;
-    const UCoord span = last - first;
-    const QWidget *widget = access.widget();
-    return viewgeometry::diagonals(span.geoPoint, span.devicePoint,
-                                   QSizeF(widget->physicalDpiX(), widget->physicalDpiY()));
-}
 
 /// Hands the parts of an estimate to those who want them; returns the combined value.
 double report(const Estimate &estimate, double *byFieldOfView, double *byEyeDistance,
@@ -73,7 +52,7 @@ double EstimatedHeightAboveGroundLevel(QWidget *view, double fieldOfView,
                                        double *heightByEyeDistance, double *deviation)
 {
     Estimate estimate;
-    if (const auto diagonals = diagonalsOf(view))
+    if (const auto diagonals = viewgeometry::measuredDiagonals(view))
         estimate =
             viewgeometry::estimateHeight(*diagonals, limitedEye(fieldOfView, eyeToMonitorDistance));
     return report(estimate, heightByFieldOfView, heightByEyeDistance, deviation);
@@ -84,7 +63,7 @@ double EstimatedZoomRatioFromDesiredHeightAboveGroundLevel(
     double *ratioByFieldOfView, double *ratioByEyeDistance, double *deviation)
 {
     Estimate estimate;
-    if (const auto diagonals = diagonalsOf(view))
+    if (const auto diagonals = viewgeometry::measuredDiagonals(view))
         estimate = viewgeometry::estimateZoomRatio(
             *diagonals, limitedEye(fieldOfView, eyeToMonitorDistance), desiredHeight);
     return report(estimate, ratioByFieldOfView, ratioByEyeDistance, deviation);
@@ -105,24 +84,15 @@ double EstimatedZoomRatioFromDesiredHeightAboveGroundLevelS(QWidget *view, doubl
 
 double MapScale(QWidget *view)
 {
-    const auto diagonals = diagonalsOf(view);
+    const auto diagonals = viewgeometry::measuredDiagonals(view);
     return diagonals ? viewgeometry::mapScale(*diagonals) : -1;
 }
 
 bool NorthAngle(QWidget *view, double &angle)
 {
     angle = 0;
-    const ViewAccess access(view);
-    QRect device;
-    constexpr int kNarrowest = 4; // pixels; in one of three, both points are its middle
-    if (!access.deviceRect(device) || device.width() < kNarrowest)
-        return false;
-    const int middle = device.center().y();
-    UCoord left(device.left() + 1, middle);
-    UCoord right(device.right() - 1, middle);
-    if (!access.toGeo(left) || !access.toGeo(right))
-        return false;
-    const double computed = viewgeometry::northAngle(right.geoPoint - left.geoPoint);
+    const auto midline = viewgeometry::measuredMidline(view);
+    const double computed = midline ? viewgeometry::northAngle(midline->map) : std::nan("");
     if (std::isnan(computed))
         return false;
     angle = computed;

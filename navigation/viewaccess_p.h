@@ -33,6 +33,16 @@ public:
     {
         return isThere() && m_window->DeviceToGeo(m_view, coord);
     }
+    [[nodiscard]] bool toDocument(DocWindowXIfc::UCoord &coord) const
+    {
+        return isThere() && m_window->DeviceToDocument(m_view, coord);
+    }
+    [[nodiscard]] bool fromDocument(DocWindowXIfc::UCoord &coord) const
+    {
+        return isThere() && m_window->DocumentToDevice(m_view, coord);
+    }
+    /// The document window that answers for the view; null when none does.
+    [[nodiscard]] DocWindowXIfc *window() const { return isThere() ? m_window : nullptr; }
     /// Not null once one of the others has succeeded.
     [[nodiscard]] QWidget *widget() const { return m_view; }
 

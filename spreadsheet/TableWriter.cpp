@@ -303,7 +303,8 @@ Result TableWriter::Work::finish()
     if (m_sink && !m_isCancelled) {
         closeSheet();
         const auto goesOn = [this] {
-            m_isCancelled |= m_target.goesOn && !m_target.goesOn(m_rows);
+            if (!m_isCancelled && m_target.goesOn)
+                m_isCancelled = !m_target.goesOn(m_rows);
             return !m_isCancelled;
         };
         result.error = m_sink->finish(goesOn);

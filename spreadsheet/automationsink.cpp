@@ -32,9 +32,7 @@ class AutomationSink : public Sink
 public:
     explicit AutomationSink(const Target &target)
         : m_target(target),
-          m_workbook(makeXlsxSink(
-              workbookIn(m_folder, target),
-              {target.format == Format::Xlsx ? DayCount::OfFiles : DayCount::True, false}))
+          m_workbook(makeXlsxSink(workbookIn(m_folder, target), dialectFor(target.format)))
     {
     }
 
@@ -106,7 +104,7 @@ BackEndState automationState()
         return {BackEnd::Automation, {}, program.fault};
     return {BackEnd::Automation,
             {Format::Xlsx, Format::Ods, Format::Pdf},
-            Texts::tr("LibreOffice %1.").arg(program.version)};
+            Texts::tr("%1 %2.").arg(program.name, program.version)};
 }
 
 std::unique_ptr<Sink> makeAutomationSink(const Target &target)

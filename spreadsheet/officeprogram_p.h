@@ -2,12 +2,13 @@
 // The spreadsheet program that is installed; one source per family of systems.
 #pragma once
 
-#include <kelo_base/spreadsheet/TableWriter.h>
+#include "spreadsheet/sink_p.h"
 
 namespace spreadsheet {
 
 struct OfficeProgram
 {
+    QString name;    ///< as people call it
     QString path;    ///< what is started; on Windows the name under which it answers
     QString version; ///< its first number, "7"; empty when it does not tell
     QString fault;   ///< why it cannot be used, a sentence for people; empty when it can
@@ -15,6 +16,9 @@ struct OfficeProgram
 
 /// Looks for it, and starts nothing.
 [[nodiscard]] OfficeProgram findOfficeProgram();
+
+/// How a workbook has to be spelled for the program to make @p format of it.
+[[nodiscard]] WorkbookDialect dialectFor(Format format);
 
 /// Has the program read the workbook @p source and write it as @p target, which does not exist. It
 /// is ended with all it started when it takes longer than @p seconds or @p goesOn says no.

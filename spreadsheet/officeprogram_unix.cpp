@@ -73,15 +73,22 @@ QLatin1StringView filterOf(Format format)
 
 OfficeProgram findOfficeProgram()
 {
-    OfficeProgram program{findProgram(), {}, {}};
+    OfficeProgram program{u"LibreOffice"_s, findProgram(), {}, {}};
     if (program.path.isEmpty()) {
-        program.fault = Texts::tr("LibreOffice is not installed.");
+        program.fault = Texts::tr("%1 is not installed.").arg(program.name);
         return program;
     }
     program.version = versionOf(program.path);
     if (!program.version.isEmpty() && program.version.toInt() < kOldest)
-        program.fault = Texts::tr("LibreOffice %1 is too old.").arg(program.version);
+        program.fault = Texts::tr("%1 %2 is too old.").arg(program.name, program.version);
     return program;
+}
+
+/// Reading workbooks, it counts the days before March 1900 as they were, and makes formulas of
+/// booleans.
+WorkbookDialect dialectFor(Format format)
+{
+    return {format == Format::Xlsx ? DayCount::OfFiles : DayCount::True, false};
 }
 
 QString convertTable(const OfficeProgram &program, const QString &source, const QString &target,
@@ -91,7 +98,8 @@ QString convertTable(const OfficeProgram &program, const QString &source, const 
     const QTemporaryDir profile;
     const QTemporaryDir results;
     if (!profile.isValid() || !results.isValid())
-        return Texts::tr("a folder for LibreOffice cannot be made: %1").arg(profile.errorString());
+        return Texts::tr("a folder for %1 cannot be made: %2")
+            .arg(program.name, profile.errorString());
 
     const QString marker = QUuid::createUuid().toString(QUuid::WithoutBraces);
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -124,14 +132,14 @@ QString convertTable(const OfficeProgram &program, const QString &source, const 
     if (process.error() == QProcess::FailedToStart)
         return Texts::tr("'%1' cannot be started: %2").arg(program.path, process.errorString());
     if (isLate)
-        return Texts::tr("LibreOffice did not finish within %1 s").arg(seconds);
+        return Texts::tr("%1 did not finish within %2 s").arg(program.name).arg(seconds);
     // Its exit status says nothing: only the file counts.
     const QFileInfoList written = QDir(results.path()).entryInfoList(QDir::Files);
     if (written.isEmpty() || written.first().size() == 0)
-        return Texts::tr("LibreOffice wrote nothing (%1)")
-            .arg(QString::fromLocal8Bit(said).simplified());
+        return Texts::tr("%1 wrote nothing (%2)")
+            .arg(program.name, QString::fromLocal8Bit(said).simplified());
     if (!QFile::rename(written.first().filePath(), target))
-        return Texts::tr("what LibreOffice wrote cannot be moved");
+        return Texts::tr("what %1 wrote cannot be moved").arg(program.name);
     return {};
 }
 

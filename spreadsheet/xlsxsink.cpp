@@ -1,16 +1,19 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Workbooks through the writing library, which keeps one row in memory.
+#include "spreadsheet/endablestream_p.h"
 #include "spreadsheet/sink_p.h"
 #include "spreadsheet/tablerules_p.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QStorageInfo>
 #include <QStringEncoder>
 #include <QTemporaryDir>
 #include <map>
 #include <numeric>
+#include <utility>
 #include <xlsxwriter.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -52,6 +55,40 @@ constexpr char kBooleanFormat[] = R"("TRUE";"TRUE";"FALSE")";
 /// Formats that follow the reader's country, by their numbers in the file.
 enum BuiltInFormat : std::uint8_t { ShortDate = 14, TimeWithSeconds = 21, ShortDateWithTime = 22 };
 
+/// Asks the user's side from time to time; "no" is the last word.
+class Patience
+{
+public:
+    explicit Patience(std::function<bool()> goesOn) : m_goesOn(std::move(goesOn)) {}
+    bool operator()()
+    {
+        constexpr qint64 kAskAfter = 40; // milliseconds
+        if (m_isOver || (m_asked.isValid() && m_asked.elapsed() < kAskAfter))
+            return !m_isOver;
+        m_isOver = !m_goesOn();
+        m_asked.start();
+        return !m_isOver;
+    }
+
+private:
+    std::function<bool()> m_goesOn;
+    QElapsedTimer m_asked;
+    bool m_isOver = false;
+};
+
+/// Lets the user end what the library does with a finished sheet: it copies the rows into the part
+/// of the sheet, which it has just begun, and packs that part.
+void letEnd(lxw_worksheet *sheet, const std::function<bool()> &goesOn)
+{
+    Patience patience(goesOn);
+    auto onRows = [sheet, patience, isPartSeen = false]() mutable {
+        if (!std::exchange(isPartSeen, true))
+            sheet->file = endableStream(sheet->file, patience);
+        return patience();
+    };
+    sheet->optimize_tmpfile = endableStream(sheet->optimize_tmpfile, std::move(onRows));
+}
+
 class XlsxSink : public Sink
 {
 public:
@@ -87,7 +124,7 @@ private:
     [[nodiscard]] lxw_format *timeFormat(int column, BuiltInFormat otherwise);
     [[nodiscard]] lxw_col_t at(int column) const { return static_cast<lxw_col_t>(column); }
     void check(lxw_error error);
-    [[nodiscard]] QString assemble();
+    [[nodiscard]] QString assemble(const std::function<bool()> &goesOn);
 
     QString m_target;
     WorkbookDialect m_dialect;
@@ -254,14 +291,15 @@ void XlsxSink::endSheet(const QList<double> &widths)
 QString XlsxSink::finish(const std::function<bool()> &goesOn)
 {
     if (m_error.isEmpty())
-        m_error = assemble();
+        m_error = assemble(goesOn);
     if (m_error.isEmpty() && goesOn())
         m_error = putInPlace(QFile::decodeName(m_fileName), m_target, goesOn);
     return m_error;
 }
 
-/// The library does not look whether its temporary files took what it wrote.
-QString XlsxSink::assemble()
+/// The library does not look whether its temporary files took what it wrote. When the user cancels,
+/// the file that it makes lacks rows: nobody gets to see it.
+QString XlsxSink::assemble(const std::function<bool()> &goesOn)
 {
     qint64 bytes = 0;
     for (const lxw_worksheet *sheet : m_sheets) {
@@ -272,8 +310,11 @@ QString XlsxSink::assemble()
     }
     // All rows are copied into the parts of the file before these are packed.
     constexpr qint64 kRest = 16LL * 1024 * 1024;
-    if (QStorageInfo(m_folder.path()).bytesAvailable() < bytes + bytes / 4 + kRest)
+    const QStorageInfo storage(m_folder.path()); // not valid where mounts are not to be seen
+    if (storage.isValid() && storage.bytesAvailable() < bytes + bytes / 4 + kRest)
         return notWritten(m_target, Texts::tr("there is no room in the temporary folder"));
+    for (lxw_worksheet *sheet : m_sheets)
+        letEnd(sheet, goesOn);
     const lxw_error error = workbook_close(m_workbook);
     m_workbook = nullptr; // freed, whatever came of it
     return error == LXW_NO_ERROR ? QString()

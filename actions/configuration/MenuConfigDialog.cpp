@@ -3,6 +3,7 @@
 #include <kelo_base/actions/MenuConfigDialog.h>
 
 #include "actions/configuration/configurationfile_p.h"
+#include "actions/configuration/contextmenupage_p.h"
 #include "actions/configuration/importdialog_p.h"
 #include "actions/configuration/shortcutspage_p.h"
 #include "actions/configuration/workingcopy_p.h"
@@ -81,6 +82,7 @@ struct MenuConfigDialog::Parts
     QPointer<ActionManager> actions;
     WorkingCopy copy;
     ShortcutsPage *shortcuts;
+    ContextMenuPage *contextMenu;
     QTabWidget *pages;
     QLabel *message;
     QDialogButtonBox *buttons;
@@ -98,6 +100,7 @@ MenuConfigDialog::Parts::Parts(MenuConfigDialog *owner, MenuConfigManager &menuM
       actions(&actionManager),
       copy(configurationOf(menuManager, actionManager)),
       shortcuts(new ShortcutsPage(actionManager, copy)),
+      contextMenu(new ContextMenuPage(actionManager, copy)),
       pages(new QTabWidget),
       message(new QLabel),
       buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Apply |
@@ -113,7 +116,7 @@ MenuConfigDialog::Parts::Parts(MenuConfigDialog *owner, MenuConfigManager &menuM
 void MenuConfigDialog::Parts::layOut()
 {
     pages->addTab(shortcuts, MenuConfigDialog::tr("&Shortcuts"));
-    // Further pages over the same copy follow here.
+    pages->addTab(contextMenu, MenuConfigDialog::tr("Conte&xt Menu"));
     message->setObjectName(u"lblMessage"_s);
     message->setTextFormat(Qt::PlainText);
     message->setWordWrap(true);
@@ -157,7 +160,7 @@ void MenuConfigDialog::Parts::connectAll()
             soon.start(0);
     });
     const auto forget = [this](const QString &sentence) {
-        shortcuts->setEnabled(false);
+        pages->setEnabled(false);
         say(sentence);
         showState();
     };
@@ -168,6 +171,10 @@ void MenuConfigDialog::Parts::connectAll()
     });
     connect(actions, &QObject::destroyed, dialog, [this, forget] {
         actions = nullptr;
+        copy.disconnect(contextMenu); // it needs the registry
+        pages->removeTab(pages->indexOf(contextMenu));
+        contextMenu->hide();
+        contextMenu->deleteLater();
         forget(MenuConfigDialog::tr("The functions have gone; nothing can be applied any more."));
     });
 }

@@ -6,6 +6,8 @@
 #include "actions/configuration/workingcopy_p.h"
 #include <QAction>
 #include <QFont>
+#include <QFontMetrics>
+#include <QGuiApplication>
 #include <QIcon>
 #include <algorithm>
 #include <iterator>
@@ -26,6 +28,21 @@ QString bitsOf(quint32 bits)
             numbers << QString::number(bit + 1);
     }
     return numbers.join(QStringLiteral(", "));
+}
+
+/// Keys read from left to right in every language.
+QString keysOf(const QKeySequence &sequence)
+{
+    const QString text = sequence.toString(QKeySequence::NativeText);
+    const bool isIsolated = QGuiApplication::isRightToLeft() && !text.isEmpty();
+    return isIsolated ? u'\u2066' + text + u'\u2069' : text;
+}
+
+/// The same for all rows, with or without an icon: the view asks the first one only.
+QSize rowSize()
+{
+    const int line = QFontMetrics(QGuiApplication::font()).lineSpacing();
+    return {0, std::max(line, 16) + 6};
 }
 
 } // namespace
@@ -192,6 +209,8 @@ QVariant ShortcutModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid())
         return {};
+    if (role == Qt::SizeHintRole)
+        return rowSize();
     if (const ActionInfo *info = infoOf(index))
         return actionData(*info, index.column(), role);
     const int category = m_categories[static_cast<std::size_t>(index.row())].id;
@@ -243,7 +262,7 @@ QVariant ShortcutModel::textOf(const ActionInfo &info, int column) const
         return m_isInConflict[place] ? QString(u'⚠' + QStringLiteral(" ") + text) : text;
     }
     case DefaultColumn:
-        return m_given.defaults.GetSequenceById(info.id).toString(QKeySequence::NativeText);
+        return keysOf(m_given.defaults.GetSequenceById(info.id));
     case ContextColumn: {
         QStringList parts;
         if (info.contexts.groups != Contexts::kAny)

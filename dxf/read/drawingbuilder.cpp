@@ -4,28 +4,28 @@
 #include "dxf/read/sheetnumber_p.h"
 #include <algorithm>
 
-void DxfDrawingBuilder::SetVersion(std::string_view version)
+void DxfDrawingBuilder::setVersion(std::string_view version)
 {
     m_drawing.m_version = version;
     m_drawing.learnEncoding();
 }
 
-void DxfDrawingBuilder::SetCodePage(std::string_view codePage)
+void DxfDrawingBuilder::setCodePage(std::string_view codePage)
 {
     m_drawing.m_codePage = codePage;
     m_drawing.learnEncoding();
 }
 
-void DxfDrawingBuilder::SetOptions(const DxfReadOptions &options)
+void DxfDrawingBuilder::setOptions(const DxfReadOptions &options)
 {
     m_drawing.m_numberTag = options.numberTag;
     m_drawing.m_encoding = options.encoding;
     m_drawing.learnEncoding();
 }
 
-bool DxfDrawingBuilder::BeginBlock(std::string_view name, quint32 line, DxfVertex basePoint)
+bool DxfDrawingBuilder::beginBlock(std::string_view name, quint32 line, DxfVertex basePoint)
 {
-    EndBlock();
+    endBlock();
     m_inBlock = true;
     const quint32 number = textNumber(name);
     m_dropsBlock = blockNamed(number) != DxfInsert::kNoBlock;
@@ -45,15 +45,15 @@ bool DxfDrawingBuilder::BeginBlock(std::string_view name, quint32 line, DxfVerte
     return true;
 }
 
-void DxfDrawingBuilder::EndBlock()
+void DxfDrawingBuilder::endBlock()
 {
-    EndInsert();
-    EndPolyline();
+    endInsert();
+    endPolyline();
     m_inBlock = false;
     m_dropsBlock = false;
 }
 
-void DxfDrawingBuilder::BeginPolyline(bool closed)
+void DxfDrawingBuilder::beginPolyline(bool closed)
 {
     m_inPolyline = m_inBlock && !m_dropsBlock;
     if (!m_inPolyline)
@@ -65,7 +65,7 @@ void DxfDrawingBuilder::BeginPolyline(bool closed)
     ++m_drawing.m_blocks.back().polylineCount;
 }
 
-void DxfDrawingBuilder::AddVertex(DxfVertex vertex)
+void DxfDrawingBuilder::addVertex(DxfVertex vertex)
 {
     if (!m_inPolyline)
         return;
@@ -73,22 +73,22 @@ void DxfDrawingBuilder::AddVertex(DxfVertex vertex)
     ++m_drawing.m_polylines.back().vertexCount;
 }
 
-void DxfDrawingBuilder::ClosePolyline()
+void DxfDrawingBuilder::closePolyline()
 {
     if (m_inPolyline)
         m_drawing.m_polylines.back().closed = true;
 }
 
-void DxfDrawingBuilder::MirrorPolyline()
+void DxfDrawingBuilder::mirrorPolyline()
 {
     if (m_inPolyline)
         m_drawing.m_polylines.back().mirrored = true;
 }
 
-void DxfDrawingBuilder::BeginInsert(std::string_view blockName, quint32 line,
+void DxfDrawingBuilder::beginInsert(std::string_view blockName, quint32 line,
                                     const DxfPlacement &placement)
 {
-    EndInsert();
+    endInsert();
     m_inInsert = true;
     auto &inserts = m_inBlock ? m_drawing.m_nestedInserts : m_drawing.m_inserts;
     if (!m_inBlock)
@@ -101,7 +101,7 @@ void DxfDrawingBuilder::BeginInsert(std::string_view blockName, quint32 line,
                        .exportMark = true});
 }
 
-bool DxfDrawingBuilder::AddAttribute(std::string_view tag, std::string_view value)
+bool DxfDrawingBuilder::addAttribute(std::string_view tag, std::string_view value)
 {
     if (!m_inInsert)
         return false;
@@ -122,7 +122,7 @@ bool DxfDrawingBuilder::AddAttribute(std::string_view tag, std::string_view valu
     return true;
 }
 
-void DxfDrawingBuilder::EndInsert()
+void DxfDrawingBuilder::endInsert()
 {
     if (!m_inInsert)
         return;
@@ -152,7 +152,7 @@ void DxfDrawingBuilder::setPlacement(qsizetype insert, DxfPlacement placement)
     m_drawing.m_shapeOfInsert.push_back(static_cast<quint32>(m_drawing.m_shapes.size() - 1));
 }
 
-void DxfDrawingBuilder::AddBlockRecord(const DxfBlockRecord &record)
+void DxfDrawingBuilder::addBlockRecord(const DxfBlockRecord &record)
 {
     const quint32 name = textNumber(record.name);
     if (record.represented != 0)
@@ -176,16 +176,16 @@ void DxfDrawingBuilder::nameVariants()
     m_variants = {};
 }
 
-bool DxfDrawingBuilder::IsFull() const
+bool DxfDrawingBuilder::isFull() const
 {
     // Room for the longest single entity that the reader lets through.
     constexpr qsizetype kLimit = 0xFFFFFFFF - 0x01000000;
     return m_drawing.m_bytes.size() > kLimit || m_drawing.m_vertices.size() > kLimit;
 }
 
-DxfDrawing DxfDrawingBuilder::Take()
+DxfDrawing DxfDrawingBuilder::take()
 {
-    EndBlock();
+    endBlock();
     nameVariants();
     m_blockOfName.resize(static_cast<std::size_t>(m_drawing.m_texts.size()), DxfInsert::kNoBlock);
     for (auto *inserts : {&m_drawing.m_inserts, &m_drawing.m_nestedInserts})

@@ -16,7 +16,7 @@ struct DxfBlockRecord
     quint64 represented = 0; ///< handle of the dynamic block of which it is a variant; 0: of none
 };
 
-/// Takes the contents of a plan in the order of the file. Between BeginBlock() and EndBlock()
+/// Takes the contents of a plan in the order of the file. Between beginBlock() and endBlock()
 /// polylines and inserts belong to that block; outside, polylines are not kept.
 class DxfDrawingBuilder
 {
@@ -24,34 +24,34 @@ public:
     DxfDrawingBuilder() = default;
     Q_DISABLE_COPY_MOVE(DxfDrawingBuilder)
 
-    void SetVersion(std::string_view version);
-    void SetCodePage(std::string_view codePage);
+    void setVersion(std::string_view version);
+    void setCodePage(std::string_view codePage);
     /// What the user knows better than the plan; a name of an encoding must be known.
-    void SetOptions(const DxfReadOptions &options);
+    void setOptions(const DxfReadOptions &options);
 
-    /// False when a block of this name exists: then all until EndBlock() is dropped.
-    bool BeginBlock(std::string_view name, quint32 line, DxfVertex basePoint = {});
-    void EndBlock();
-    void BeginPolyline(bool closed);
-    void AddVertex(DxfVertex vertex);
+    /// False when a block of this name exists: then all until endBlock() is dropped.
+    bool beginBlock(std::string_view name, quint32 line, DxfVertex basePoint = {});
+    void endBlock();
+    void beginPolyline(bool closed);
+    void addVertex(DxfVertex vertex);
     /// Marks the polyline begun last as closed, or as drawn from below.
-    void ClosePolyline();
-    void MirrorPolyline();
-    void EndPolyline() { m_inPolyline = false; }
-    void BeginInsert(std::string_view blockName, quint32 line, const DxfPlacement &placement = {});
+    void closePolyline();
+    void mirrorPolyline();
+    void endPolyline() { m_inPolyline = false; }
+    void beginInsert(std::string_view blockName, quint32 line, const DxfPlacement &placement = {});
     /// Adds to the insert begun last; a later value of a tag replaces an earlier one. False, and
     /// nothing done, when no insert is open.
-    bool AddAttribute(std::string_view tag, std::string_view value);
-    void EndInsert();
+    bool addAttribute(std::string_view tag, std::string_view value);
+    void endInsert();
 
-    void AddBlockRecord(const DxfBlockRecord &record);
+    void addBlockRecord(const DxfBlockRecord &record);
 
     /// Whether the drawing's 32-bit numbers may not suffice for another entity.
-    [[nodiscard]] bool IsFull() const;
+    [[nodiscard]] bool isFull() const;
     /// The drawing so far.
     [[nodiscard]] const DxfDrawing &Drawing() const { return m_drawing; }
     /// The drawing, with each insert's block looked up. The builder is empty afterwards.
-    [[nodiscard]] DxfDrawing Take();
+    [[nodiscard]] DxfDrawing take();
 
 private:
     void setPlacement(qsizetype insert, DxfPlacement placement);

@@ -54,7 +54,7 @@ void DxfConvertCreationAdapter::addBlock(const DL_BlockData &block)
 {
     const bool hasBasePoint = std::isfinite(block.bpx) && std::isfinite(block.bpy);
     const DxfVertex basePoint = hasBasePoint ? DxfVertex{block.bpx, block.bpy} : DxfVertex();
-    if (!m_builder.BeginBlock(block.name, storedPosition(), basePoint))
+    if (!m_builder.beginBlock(block.name, storedPosition(), basePoint))
         report(PlanFinding::Severity::Warning, block.name,
                ReaderText::tr("Block '%1' is defined twice; the first definition holds")
                    .arg(m_builder.Drawing().DisplayText(block.name)));
@@ -62,19 +62,19 @@ void DxfConvertCreationAdapter::addBlock(const DL_BlockData &block)
 
 void DxfConvertCreationAdapter::addPolyline(const DL_PolylineData &polyline)
 {
-    m_builder.EndPolyline();
+    m_builder.endPolyline();
     if ((polyline.flags & kSurface) != 0)
         return;
-    m_builder.BeginPolyline((polyline.flags & kClosed) != 0);
+    m_builder.beginPolyline((polyline.flags & kClosed) != 0);
     completePolyline(false);
 }
 
 void DxfConvertCreationAdapter::completePolyline(bool isClosed)
 {
     if (isClosed)
-        m_builder.ClosePolyline();
+        m_builder.closePolyline();
     if (plane() == DxfPlacement::Plane::Downwards)
-        m_builder.MirrorPolyline();
+        m_builder.mirrorPolyline();
 }
 
 DxfPlacement::Plane DxfConvertCreationAdapter::plane() const
@@ -84,17 +84,17 @@ DxfPlacement::Plane DxfConvertCreationAdapter::plane() const
 
 void DxfConvertCreationAdapter::addVertex(const DL_VertexData &vertex)
 {
-    m_builder.AddVertex({vertex.x, vertex.y});
+    m_builder.addVertex({vertex.x, vertex.y});
 }
 
 void DxfConvertCreationAdapter::addInsert(const DL_InsertData &insert)
 {
-    m_builder.BeginInsert(insert.name, storedPosition(), placementOf(insert, plane()));
+    m_builder.beginInsert(insert.name, storedPosition(), placementOf(insert, plane()));
 }
 
 void DxfConvertCreationAdapter::addAttribute(const DL_AttributeData &attribute)
 {
-    const bool isTaken = m_builder.AddAttribute(attribute.tag, attribute.text);
+    const bool isTaken = m_builder.addAttribute(attribute.tag, attribute.text);
     if (!isTaken && isSheetNumberTag(m_builder.Drawing(), attribute.tag))
         report(PlanFinding::Severity::Warning, attribute.text,
                ReaderText::tr("The sheet number '%1' belongs to no insert")
@@ -105,9 +105,9 @@ void DxfConvertCreationAdapter::setVariableString(const std::string &key, const 
                                                   int /*code*/)
 {
     if (key == "$ACADVER")
-        m_builder.SetVersion(value);
+        m_builder.setVersion(value);
     else if (key == "$DWGCODEPAGE")
-        m_builder.SetCodePage(value);
+        m_builder.setCodePage(value);
 }
 
 void DxfConvertCreationAdapter::report(PlanFinding::Severity severity, std::string_view subject,

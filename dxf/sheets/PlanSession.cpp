@@ -174,7 +174,7 @@ bool PlanSession::Choose(const SheetFilter &filter)
         std::vector<bool> passes; // as the memory lies: by number, each would be waited for
         passes.reserve(m_drawing.Inserts().size());
         for (const DxfInsert &insert : m_drawing.Inserts())
-            passes.push_back(wanted.Passes(insert));
+            passes.push_back(wanted.passes(insert));
         std::vector<quint32> chosen; // in order already, and their numbers need no second look
         chosen.reserve(AllSheets().size());
         std::ranges::copy_if(AllSheets(), std::back_inserter(chosen),

@@ -205,7 +205,7 @@ bool Review::MissingPolylines(const SheetFilter &filter, StepCounter &steps)
     for (const DxfInsert &insert : m_drawing.Inserts()) {
         if (!steps.step())
             return false;
-        if (dxftools::hasPolylines(m_drawing, insert) || !wanted.Passes(insert))
+        if (dxftools::hasPolylines(m_drawing, insert) || !wanted.passes(insert))
             continue;
         const auto number = dxftools::sheetNumberAttribute(m_drawing, insert);
         if (!number)

@@ -52,7 +52,7 @@ SelectSheets(const DxfDrawing &drawing, const SheetFilter &filter, const PlanPro
     StepCounter steps(progress, inserts.size());
     for (quint32 index = 0; index < inserts.size(); ++index) {
         const DxfInsert &insert = inserts[index];
-        if (dxftools::hasPolylines(drawing, insert) && wanted.Passes(insert)) {
+        if (dxftools::hasPolylines(drawing, insert) && wanted.passes(insert)) {
             sheets.push_back(index);
             const qint64 number = SheetNumber(drawing, insert);
             isInOrder = isInOrder && number >= last;

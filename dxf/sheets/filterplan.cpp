@@ -70,7 +70,7 @@ public:
     [[nodiscard]] bool anyPasses(const SheetFilter &filter) const
     {
         const InsertFilter wanted(filter, m_drawing);
-        return any([&](const DxfInsert &insert) { return wanted.Passes(insert); });
+        return any([&](const DxfInsert &insert) { return wanted.passes(insert); });
     }
     /// Why the filter's include part, which passes nothing, does so.
     [[nodiscard]] QString whyNotIncluded(const SheetFilter::Attribute &include) const;

@@ -68,7 +68,7 @@ InsertFilter::InsertFilter(const SheetFilter &filter, const DxfDrawing &drawing)
         m_excludeTag.emplace(drawing, *filter.excludeTag);
 }
 
-bool InsertFilter::Passes(const DxfInsert &insert) const
+bool InsertFilter::passes(const DxfInsert &insert) const
 {
     if (m_includeTag) {
         const auto value = m_includeTag->valueIn(insert);

@@ -43,7 +43,7 @@ class InsertFilter
 public:
     /// @p drawing must outlive the filter.
     InsertFilter(const SheetFilter &filter, const DxfDrawing &drawing);
-    [[nodiscard]] bool Passes(const DxfInsert &insert) const;
+    [[nodiscard]] bool passes(const DxfInsert &insert) const;
 
 private:
     std::optional<WantedText> m_includeTag;

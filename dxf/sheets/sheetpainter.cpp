@@ -82,7 +82,7 @@ public:
         for (std::size_t kind = 0; kind < m_inks.size(); ++kind)
             for (std::size_t state = 0; state < m_inks[kind].size(); ++state)
                 m_inks[kind][state] = inkOf(
-                    scene.look.Of(static_cast<SheetKind>(kind), static_cast<SheetState>(state)));
+                    scene.look.of(static_cast<SheetKind>(kind), static_cast<SheetState>(state)));
     }
 
     /// A box with a faint rim: a full one would turn many into a dark mass.
@@ -92,7 +92,7 @@ public:
             m_inks[static_cast<std::size_t>(place.kind)][static_cast<std::size_t>(place.state)];
         const QRect spot = spotOf(place.bounds);
         if (place.news != SheetNews::None)
-            return fill(spot, m_scene.look.Of(place.news).rgba());
+            return fill(spot, m_scene.look.of(place.news).rgba());
         fill(spot, ink.rim);
         if (spot.width() > 2 && spot.height() > 2)
             fill(spot.adjusted(1, 1, -1, -1), ink.inside);
@@ -214,7 +214,7 @@ void paintNumber(QPainter &painter, const SheetFigure &figure, const SheetScene 
         painter.translate(figure.centre);
         painter.rotate(figure.angle);
     }
-    const QColor ink = scene.look.Of(figure.kind, figure.state).text;
+    const QColor ink = scene.look.of(figure.kind, figure.state).text;
     const auto mark = scene.hasBoxes ? dxftools::markBoxOf(figure) : std::nullopt;
     if (mark)
         paintMarkBox(painter, mark->box.translated(centre), figure, ink);
@@ -232,7 +232,7 @@ void paintFigures(QPainter &painter, const SheetScene &scene,
                   const std::vector<SheetFigure> &figures)
 {
     for (const SheetFigure &figure : figures) {
-        takeStyle(painter, scene.look.Of(figure.kind, figure.state), scene.lineWidth);
+        takeStyle(painter, scene.look.of(figure.kind, figure.state), scene.lineWidth);
         paintOutlines(painter, figure);
     }
     painter.setPen(Qt::NoPen);
@@ -267,7 +267,7 @@ void paintBundles(QPainter &painter, const SheetScene &scene,
             QPainterPath &path = outlines[kind][state];
             path.setFillRule(Qt::WindingFill);
             takeStyle(painter,
-                      scene.look.Of(static_cast<SheetKind>(kind), static_cast<SheetState>(state)),
+                      scene.look.of(static_cast<SheetKind>(kind), static_cast<SheetState>(state)),
                       scene.lineWidth);
             if (!path.isEmpty())
                 painter.drawPath(path);
@@ -296,7 +296,7 @@ void paintNews(QPainter &painter, const SheetScene &scene, const SheetFigure &fi
     constexpr double kLine = 3;
     painter.setBrush(Qt::NoBrush);
     painter.setPen(
-        QPen(scene.look.Of(figure.news), kLine, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+        QPen(scene.look.of(figure.news), kLine, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
     paintOutlines(painter, figure);
 }
 
@@ -335,7 +335,7 @@ void paintLarge(QPainter &painter, const SheetScene &scene, const std::vector<qu
 
 } // namespace
 
-SheetLook::Style SheetLook::Of(SheetKind kind, SheetState state) const
+SheetLook::Style SheetLook::of(SheetKind kind, SheetState state) const
 {
     Style style = kind == SheetKind::Unlabelled   ? unlabelled
                   : kind == SheetKind::Unnumbered ? unnumbered
@@ -441,7 +441,7 @@ void dxftools::paintLegendMark(QPainter &painter, const LegendEntry &entry, doub
     const double height = 0.85 * textHeight;
     const QRectF box(entry.position.x(), entry.position.y() - height, entry.markWidth, height);
     const auto paintBox = [&](SheetKind kind, SheetState state = SheetState::Exported) {
-        const SheetLook::Style style = look.Of(kind, state);
+        const SheetLook::Style style = look.of(kind, state);
         painter.setPen(QPen(style.line, 1.2, style.pen));
         painter.setBrush(style.fill);
         painter.drawRect(box);
@@ -469,7 +469,7 @@ void dxftools::paintLegendMark(QPainter &painter, const LegendEntry &entry, doub
     case Mark::Renamed: {
         const int kind = static_cast<int>(entry.mark) - static_cast<int>(Mark::New) + 1;
         paintBox(SheetKind::Labelled);
-        painter.setPen(QPen(look.Of(static_cast<SheetNews>(kind)), 2.5));
+        painter.setPen(QPen(look.of(static_cast<SheetNews>(kind)), 2.5));
         painter.drawRect(box);
         break;
     }

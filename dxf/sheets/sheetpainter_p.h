@@ -31,13 +31,13 @@ struct SheetLook
                                QColor(0x8A, 0x3F, 0xC8)};
     QFont font = {}; ///< of any size
 
-    [[nodiscard]] QColor Of(SheetNews kind) const
+    [[nodiscard]] QColor of(SheetNews kind) const
     {
         return news[static_cast<std::size_t>(kind) - 1];
     }
 
     /// Sheets that are not exported are fainter than others, those that are not chosen most.
-    [[nodiscard]] Style Of(SheetKind kind, SheetState state) const;
+    [[nodiscard]] Style of(SheetKind kind, SheetState state) const;
 };
 
 namespace dxftools {

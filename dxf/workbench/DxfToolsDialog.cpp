@@ -5,14 +5,18 @@
 #include "dxf/workbench/aboutdialog_p.h"
 #include "dxf/workbench/dxfdialogtexts_p.h"
 #include "dxf/workbench/dxftoolsform_p.h"
+#include "dxf/workbench/dxftoolskeys_p.h"
 #include "dxf/workbench/dxftoolsstore_p.h"
+#include "dxf/workbench/filterpanel_p.h"
 #include "dxf/workbench/layoutmemory_p.h"
+#include "dxf/workbench/longwork_p.h"
 #include "dxf/workbench/messageline_p.h"
 #include "dxf/workbench/picturepanel_p.h"
 #include "dxf/workbench/planopener_p.h"
 #include "dxf/workbench/readpanel_p.h"
 #include "dxf/workbench/sheetdesk_p.h"
 #include "dxf/workbench/sheetexport_p.h"
+#include "dxf/workbench/tableexport_p.h"
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -21,6 +25,7 @@
 #include <QTimer>
 #include <QUrl>
 #include <algorithm>
+#include <kelo_base/dxf/SheetComparison.h>
 
 namespace {
 
@@ -52,7 +57,8 @@ struct DxfToolsDialog::Parts
         : store(given),
           form(dialog),
           desk(form),
-          opener(form, desk, store),
+          work(form),
+          opener(form, desk, store, work),
           layout(dialog, form, store)
     {
     }
@@ -60,6 +66,7 @@ struct DxfToolsDialog::Parts
     DxfToolsStore store;
     DxfToolsForm form;
     SheetDesk desk;
+    LongWork work;
     PlanOpener opener;
     LayoutMemory layout;
 };
@@ -77,17 +84,31 @@ DxfToolsDialog::DxfToolsDialog(QWidget *parent, QSettings *store)
     connect(&form.read(), &ReadPanel::openWanted, this, &DxfToolsDialog::OnOpenFileClicked);
     new QShortcut(QKeySequence::Open, this, this, &DxfToolsDialog::OnOpenFileClicked);
     connect(btnExportAsGK2, &QPushButton::clicked, this, &DxfToolsDialog::OnExportAsGK2Clicked);
+    connect(&form.tableButton(), &QPushButton::clicked, this,
+            [this] { dxftools::exportTable(m_parts->form, m_parts->desk, m_parts->work); });
     connect(&form.aboutButton(), &QPushButton::clicked, this,
             [this] { workbench::showAbout(this); });
     connect(&form.closeButton(), &QPushButton::clicked, this, &DxfToolsDialog::close);
     connect(&form.picture(), &PicturePanel::saveWanted, this, [this] {
-        if (!IsReading())
+        if (!m_parts->work.isRunning())
             dxftools::savePicture(m_parts->form, m_parts->desk);
     });
+    rememberTolerance();
     connect(&m_parts->opener, &PlanOpener::planShown, this, [this] {
         setWindowTitle(DxfDialogTexts::TitleWithPlan(m_parts->desk.plan()->Name()));
     });
-    connect(&m_parts->opener, &PlanOpener::closeWanted, this, &DxfToolsDialog::close);
+    connect(&m_parts->work, &LongWork::closeWanted, this, &DxfToolsDialog::close);
+}
+
+void DxfToolsDialog::rememberTolerance()
+{
+    FilterPanel &filter = m_parts->form.filter();
+    if (const QSettings *const settings = m_parts->store.settings())
+        filter.setTolerance(settings->value(dxftools::kTolerance, kDefaultTolerance).toDouble());
+    connect(&filter, &FilterPanel::toleranceChanged, this, [this](double tolerance) {
+        if (QSettings *const settings = m_parts->store.settings())
+            settings->setValue(dxftools::kTolerance, tolerance);
+    });
 }
 
 DxfToolsDialog::~DxfToolsDialog()
@@ -108,7 +129,8 @@ bool DxfToolsDialog::IsReading() const
 
 void DxfToolsDialog::CancelReading()
 {
-    m_parts->opener.cancel();
+    if (IsReading())
+        m_parts->work.cancel();
 }
 
 QString DxfToolsDialog::FileName() const
@@ -124,21 +146,21 @@ void DxfToolsDialog::OnOpenFileClicked()
 
 void DxfToolsDialog::OnExportAsGK2Clicked()
 {
-    if (!IsReading())
+    if (!m_parts->work.isRunning())
         dxftools::exportSheets(m_parts->form, m_parts->desk);
 }
 
 void DxfToolsDialog::done(int result)
 {
-    CancelReading(); // nobody would see it
+    m_parts->work.cancel(); // nobody would see it
     m_parts->layout.save();
     QDialog::done(result);
 }
 
 void DxfToolsDialog::closeEvent(QCloseEvent *event)
 {
-    if (IsReading()) {
-        m_parts->opener.cancelAndClose();
+    if (m_parts->work.isRunning()) {
+        m_parts->work.cancelAndClose();
         event->ignore();
     } else {
         QDialog::closeEvent(event);
@@ -149,14 +171,14 @@ void DxfToolsDialog::keyPressEvent(QKeyEvent *event)
 {
     // Escape closes nothing: pressed a moment after the reading, it would throw the marks away.
     if (event->matches(QKeySequence::Cancel))
-        CancelReading();
+        m_parts->work.cancel();
     else
         QDialog::keyPressEvent(event);
 }
 
 void DxfToolsDialog::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (IsReading())
+    if (m_parts->work.isRunning())
         return;
     if (!droppedFile(event->mimeData()).isEmpty())
         acceptCopy(*event);

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QLocale>
 #include <QString>
+#include <kelo_base/spreadsheet/TableWriter.h>
 
 /// Captions, sentences and names for screen readers. Names of plans come without their folder.
 /// Where something is counted, one has a sentence of its own: English is right without a catalogue.
@@ -70,6 +71,13 @@ public:
     static QString ExcludeTagName() { return tr("Tag that blocks must not have"); }
     static QString OfferHelp() { return tr("The Down key offers what the plan has."); }
 
+    static QString Tolerance() { return tr("Co&unts as moved beyond:"); }
+    static QString ToleranceHelp()
+    {
+        return tr("An export over an older GK2 file tells which sheets have moved by more than "
+                  "that, in units of the plan.");
+    }
+
     static QString SheetList() { return tr("&Selected sheets:"); }
     static QString CounterName() { return tr("Number of selected sheets"); }
     static QString ToBeExported(qint64 sheets)
@@ -112,6 +120,33 @@ public:
     static QString NoFindings() { return tr("No findings"); }
 
     static QString Export() { return tr("&Export as GK2..."); }
+    static QString ExportTable() { return tr("E&xport as Table..."); }
+    static QString ExportTableHelp()
+    {
+        return tr("Writes the marked sheets with all their attributes and corners to a file for "
+                  "spreadsheet programs.");
+    }
+    /// For file dialogs; empty for a format that is not offered.
+    static QString TableFiles(spreadsheet::Format format)
+    {
+        switch (format) {
+        case spreadsheet::Format::Xlsx:
+            return tr("Workbook (*.xlsx)");
+        case spreadsheet::Format::Ods:
+            return tr("OpenDocument spreadsheet (*.ods)");
+        case spreadsheet::Format::Csv:
+            return tr("Text with separators (*.csv)");
+        case spreadsheet::Format::Pdf:
+            break;
+        }
+        return {};
+    }
+    static QString NoTableSuffix() { return tr("its name has to end in .xlsx, .ods or .csv"); }
+    static QString Writing(const QString &file) { return tr("Writing %1").arg(file); }
+    static QString WritingCancelled(const QString &file)
+    {
+        return tr("Writing %1 was cancelled").arg(file);
+    }
     static QString Close() { return tr("&Close"); }
     static QString About() { return tr("A&bout..."); }
     static QString AboutTitle() { return tr("About This Program"); }

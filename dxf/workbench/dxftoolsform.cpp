@@ -70,9 +70,11 @@ DxfToolsForm::DxfToolsForm(QDialog *dialog)
       m_about(workbench::pushButton(DxfDialogTexts::About(), u"btnAbout"_s)),
       m_exportMessage(new MessageLine),
       m_export(workbench::pushButton(DxfDialogTexts::Export(), u"btnExportAsGK2"_s)),
+      m_exportTable(workbench::pushButton(DxfDialogTexts::ExportTable(), u"btnExportAsTable"_s)),
       m_close(workbench::pushButton(DxfDialogTexts::Close(), u"btnClose"_s))
 {
     m_exportMessage->setObjectName(u"exportMessage"_s);
+    m_exportTable->setToolTip(DxfDialogTexts::ExportTableHelp());
     m_export->setIcon(dialog->style()->standardIcon(QStyle::SP_DialogSaveButton));
     layOut();
     setTabOrder();
@@ -111,6 +113,7 @@ QBoxLayout *DxfToolsForm::footer()
     auto *row = new QHBoxLayout;
     row->addWidget(m_about);
     row->addWidget(m_exportMessage, 1);
+    row->addWidget(m_exportTable);
     row->addWidget(m_export);
     row->addWidget(m_close);
     return row;
@@ -125,29 +128,33 @@ void DxfToolsForm::setTabOrder()
     add(m_filter->tabOrder());
     add(m_sheets->tabOrder());
     add(m_picture->tabOrder());
-    add({m_findings->list(), m_about, m_export, m_close});
+    add({m_findings->list(), m_about, m_exportTable, m_export, m_close});
     for (std::size_t i = 1; i < order.size(); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);
 }
 
 void DxfToolsForm::setPlanEnabled(bool hasPlan)
 {
+    m_hasPlan = hasPlan;
     m_sheets->setPlanEnabled(hasPlan);
     m_picture->setPlanEnabled(hasPlan);
-    m_export->setEnabled(hasPlan);
+    for (QPushButton *button : {m_export, m_exportTable})
+        button->setEnabled(hasPlan);
 }
 
-void DxfToolsForm::setReading(bool isReading)
+void DxfToolsForm::setBusy(bool isBusy)
 {
-    if (isReading)
+    if (isBusy)
         m_focusBefore = m_dialog->focusWidget();
     const std::vector<QWidget *> parts{m_analyzeGroup, m_results, m_about, m_exportMessage,
                                        m_close};
     for (QWidget *widget : parts)
-        widget->setEnabled(!isReading);
-    m_read->setReading(isReading);
-    if (isReading)
-        m_export->setEnabled(false);
-    else if (QWidget *const before = std::exchange(m_focusBefore, nullptr))
+        widget->setEnabled(!isBusy);
+    m_read->setBusy(isBusy);
+    for (QPushButton *button : {m_export, m_exportTable})
+        button->setEnabled(m_hasPlan && !isBusy);
+    if (isBusy)
+        return;
+    if (QWidget *const before = std::exchange(m_focusBefore, nullptr))
         before->setFocus();
 }

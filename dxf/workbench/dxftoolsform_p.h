@@ -34,14 +34,15 @@ public:
     [[nodiscard]] MessageLine &exportMessage() const { return *m_exportMessage; }
     [[nodiscard]] QPushButton &aboutButton() const { return *m_about; }
     [[nodiscard]] QPushButton &exportButton() const { return *m_export; }
+    [[nodiscard]] QPushButton &tableButton() const { return *m_exportTable; }
     [[nodiscard]] QPushButton &closeButton() const { return *m_close; }
     [[nodiscard]] QSplitter &sides() const { return *m_sides; }     ///< steps | results
     [[nodiscard]] QSplitter &results() const { return *m_results; } ///< picture above findings
 
     /// Whatever cannot be used without a plan.
     void setPlanEnabled(bool hasPlan);
-    /// While a plan is read, only that can be cancelled. Puts the focus back afterwards.
-    void setReading(bool isReading);
+    /// During long work, only that can be cancelled. Puts the focus back afterwards.
+    void setBusy(bool isBusy);
 
 private:
     void layOut();
@@ -59,8 +60,10 @@ private:
     QPushButton *m_about;
     MessageLine *m_exportMessage;
     QPushButton *m_export;
+    QPushButton *m_exportTable;
     QPushButton *m_close;
     QSplitter *m_sides = nullptr;
     QSplitter *m_results = nullptr;
-    QPointer<QWidget> m_focusBefore; ///< reading; null unless that was shown
+    bool m_hasPlan = false;
+    QPointer<QWidget> m_focusBefore; ///< long work; null unless that was shown
 };

@@ -16,6 +16,7 @@ inline constexpr QLatin1StringView kResults{"DxfToolsDialog/Results"};
 inline constexpr QLatin1StringView kColumns{"DxfToolsDialog/Columns"};
 inline constexpr QLatin1StringView kSortColumn{"DxfToolsDialog/SortColumn"}; ///< -1: none
 inline constexpr QLatin1StringView kSortsDown{"DxfToolsDialog/SortsDown"};
+inline constexpr QLatin1StringView kTolerance{"DxfToolsDialog/Tolerance"}; ///< units of the plan
 inline constexpr QLatin1StringView kRecentFiles{"DxfToolsDialog/RecentFiles"};
 
 } // namespace dxftools

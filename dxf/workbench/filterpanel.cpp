@@ -10,10 +10,13 @@
 #include "dxf/workbench/panelparts_p.h"
 #include <QBoxLayout>
 #include <QCheckBox>
+#include <QDoubleSpinBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <cmath>
+#include <kelo_base/dxf/SheetComparison.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -37,6 +40,18 @@ QCheckBox *checkBox(const QString &text, const QString &name, bool isChecked)
     return box;
 }
 
+QDoubleSpinBox *toleranceField()
+{
+    auto *field = new QDoubleSpinBox;
+    field->setObjectName(u"spnTolerance"_s);
+    field->setDecimals(3);
+    field->setRange(0, 1000);
+    field->setSingleStep(kDefaultTolerance);
+    field->setValue(kDefaultTolerance);
+    field->setToolTip(DxfDialogTexts::ToleranceHelp());
+    return field;
+}
+
 } // namespace
 
 FilterPanel::FilterPanel(QWidget *parent)
@@ -46,6 +61,7 @@ FilterPanel::FilterPanel(QWidget *parent)
       m_correct(
           checkBox(DxfToolTexts::CorrectVertexPositions(), u"chkCorrectVertexPositions"_s, true)),
       m_placed(checkBox(DxfToolTexts::ApplyInsertPosition(), u"chkApplyInsertPosition"_s, false)),
+      m_tolerance(toleranceField()),
       m_include(filterGroup(DxfToolTexts::IncludeTitle(), u"grpInclude"_s)),
       m_includeTag(new OfferingEdit(m_tags, u"edtIncludeTag"_s)),
       m_includeValue(new OfferingEdit(m_values, u"edtIncludeValue"_s)),
@@ -67,6 +83,10 @@ void FilterPanel::layOut()
     auto *exclude = new QVBoxLayout(m_exclude);
     exclude->addWidget(workbench::buddyLabel(DxfDialogTexts::ExcludeTag(), m_excludeTag));
     exclude->addWidget(m_excludeTag);
+    auto *tolerance = new QHBoxLayout;
+    tolerance->addWidget(workbench::buddyLabel(DxfDialogTexts::Tolerance(), m_tolerance));
+    tolerance->addWidget(m_tolerance);
+    tolerance->addStretch();
     auto *groups = new QHBoxLayout; // side by side: the height is the list's
     groups->addWidget(m_include, 2);
     groups->addWidget(m_exclude, 1);
@@ -74,11 +94,13 @@ void FilterPanel::layOut()
     column->setContentsMargins({});
     column->addWidget(m_correct);
     column->addWidget(m_placed);
+    column->addLayout(tolerance);
     column->addLayout(groups);
 }
 
 void FilterPanel::nameForAccess()
 {
+    m_tolerance->setAccessibleName(workbench::spoken(DxfDialogTexts::Tolerance()));
     m_includeTag->setAccessibleName(DxfDialogTexts::IncludeTagName());
     m_includeValue->setAccessibleName(DxfDialogTexts::IncludeValueName());
     m_excludeTag->setAccessibleName(DxfDialogTexts::ExcludeTagName());
@@ -94,6 +116,7 @@ void FilterPanel::connectAll()
         connect(edit, &QLineEdit::textChanged, this, &FilterPanel::filterChanged);
     for (const QCheckBox *box : {m_correct, m_placed})
         connect(box, &QCheckBox::toggled, this, &FilterPanel::labelsChanged);
+    connect(m_tolerance, &QDoubleSpinBox::valueChanged, this, &FilterPanel::toleranceChanged);
     // Looked for when somebody asks: of a million sheets that is not done at each key.
     connect(static_cast<OfferingEdit *>(m_includeValue), &OfferingEdit::offerWanted, this,
             &FilterPanel::offerValues);
@@ -110,6 +133,16 @@ AnalysisOptions FilterPanel::options() const
                                          .excludes = m_exclude->isChecked(),
                                          .excludeTag = m_excludeTag->text()});
     return options;
+}
+
+double FilterPanel::tolerance() const
+{
+    return m_tolerance->value();
+}
+
+void FilterPanel::setTolerance(double tolerance)
+{
+    m_tolerance->setValue(std::isfinite(tolerance) ? tolerance : kDefaultTolerance);
 }
 
 void FilterPanel::offerFrom(const DxfDrawing *drawing)
@@ -132,5 +165,6 @@ void FilterPanel::offerValues()
 
 std::vector<QWidget *> FilterPanel::tabOrder() const
 {
-    return {m_correct, m_placed, m_include, m_includeTag, m_includeValue, m_exclude, m_excludeTag};
+    return {m_correct,    m_placed,       m_tolerance, m_include,
+            m_includeTag, m_includeValue, m_exclude,   m_excludeTag};
 }

@@ -8,6 +8,7 @@
 
 class OfferModel;
 class QCheckBox;
+class QDoubleSpinBox;
 class QGroupBox;
 class QLineEdit;
 
@@ -20,6 +21,9 @@ public:
     explicit FilterPanel(QWidget *parent = nullptr);
 
     [[nodiscard]] AnalysisOptions options() const;
+    /// How far a sheet may go, in units of the plan, before it counts as moved; 0 or more.
+    [[nodiscard]] double tolerance() const;
+    void setTolerance(double tolerance);
     /// Offers the tags of a drawing, and from now on those of its values that belong to the tag
     /// entered. The drawing must stay until the next call; null offers nothing.
     void offerFrom(const DxfDrawing *drawing);
@@ -30,6 +34,7 @@ signals:
     void filterChanged();
     /// Which corner is which, and where, has to be found out anew.
     void labelsChanged();
+    void toleranceChanged(double tolerance);
 
 private:
     void layOut();
@@ -43,6 +48,7 @@ private:
     QString m_tagOfValues; ///< null when the values are to be looked for anew
     QCheckBox *m_correct;
     QCheckBox *m_placed;
+    QDoubleSpinBox *m_tolerance;
     QGroupBox *m_include;
     QLineEdit *m_includeTag;
     QLineEdit *m_includeValue;

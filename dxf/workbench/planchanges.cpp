@@ -31,7 +31,7 @@ QString sentenceFor(const SheetChange &change, const QString &before, const QStr
 } // namespace
 
 PlanChanges dxftools::changesAgainst(std::span<const Gk2Record> older, const DxfDrawing &drawing,
-                                     std::span<const quint32> sheets)
+                                     std::span<const quint32> sheets, double tolerance)
 {
     std::vector<quint32> written;
     const std::vector<Gk2Record> newer = Gk2RecordsOf(drawing, sheets, &written);
@@ -41,7 +41,7 @@ PlanChanges dxftools::changesAgainst(std::span<const Gk2Record> older, const Dxf
     };
     PlanChanges changes;
     std::array<qint64, 4> counts{};
-    const std::vector<SheetChange> all = CompareSheets(older, newer);
+    const std::vector<SheetChange> all = CompareSheets(older, newer, tolerance);
     for (const SheetChange &change : all) {
         ++counts[static_cast<std::size_t>(change.kind)];
         PlanFinding &note = changes.findings.emplace_back();

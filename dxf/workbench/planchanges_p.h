@@ -19,7 +19,7 @@ namespace dxftools {
 
 /// @param older  the records that were there before
 [[nodiscard]] PlanChanges changesAgainst(std::span<const Gk2Record> older,
-                                         const DxfDrawing &drawing,
-                                         std::span<const quint32> sheets);
+                                         const DxfDrawing &drawing, std::span<const quint32> sheets,
+                                         double tolerance);
 
 } // namespace dxftools

@@ -5,6 +5,7 @@
 #include "dxf/workbench/dxftoolsform_p.h"
 #include "dxf/workbench/dxftoolskeys_p.h"
 #include "dxf/workbench/dxftoolsstore_p.h"
+#include "dxf/workbench/longwork_p.h"
 #include "dxf/workbench/messageline_p.h"
 #include "dxf/workbench/planopener_p.h"
 #include "dxf/workbench/readingbar_p.h"
@@ -62,8 +63,8 @@ QString menuText(qsizetype position, const QString &path, const QFontMetrics &me
 
 } // namespace
 
-PlanOpener::PlanOpener(DxfToolsForm &form, SheetDesk &desk, DxfToolsStore &store)
-    : m_form(form), m_desk(desk), m_store(store)
+PlanOpener::PlanOpener(DxfToolsForm &form, SheetDesk &desk, DxfToolsStore &store, LongWork &work)
+    : m_form(form), m_desk(desk), m_store(store), m_work(work)
 {
     connect(&m_form.read().progress(), &ReadingBar::becameLong, this, [this] { showReading(); });
     fillRecentMenu();
@@ -74,18 +75,16 @@ PlanOpener::PlanOpener(DxfToolsForm &form, SheetDesk &desk, DxfToolsStore &store
 
 bool PlanOpener::read(const QString &path)
 {
-    if (m_isReading)
+    if (!m_work.begin())
         return false;
     m_isReading = true;
     m_path = path;
-    m_closesAfterwards = false;
-    m_form.read().progress().begin();
     const QPointer<PlanOpener> alive(this);
     PlanOpening opening = PlanSession::Open(path, m_desk.options(), progressFor(nameOf(path)));
     if (!alive) // the dialog was deleted meanwhile
         return false;
     m_isReading = false;
-    m_form.setReading(false);
+    m_work.end();
     m_desk.showInstead({});
     const bool isOpen{opening};
     if (isOpen)
@@ -93,16 +92,15 @@ bool PlanOpener::read(const QString &path)
     else
         tellFailure(path, opening);
     m_form.setPlanEnabled(m_desk.plan() != nullptr);
-    if (m_closesAfterwards)
-        emit closeWanted();
+    m_work.closeIfWanted();
     return isOpen;
 }
 
 /// Whoever looks where the plan will be is told what happens; drops are refused meanwhile.
 void PlanOpener::showReading()
 {
-    m_form.setReading(true);
-    m_desk.showInstead(DxfDialogTexts::Reading(nameOf(m_path)));
+    if (m_isReading)
+        m_desk.showInstead(DxfDialogTexts::Reading(nameOf(m_path)));
 }
 
 /// Each report handles events, in which this object may be deleted: what is needed is captured.
@@ -144,21 +142,9 @@ void PlanOpener::tellFailure(const QString &path, const PlanOpening &opening)
         m_form.read().message().warn(sentence);
 }
 
-void PlanOpener::cancel()
-{
-    if (m_isReading)
-        m_form.read().progress().cancel();
-}
-
-void PlanOpener::cancelAndClose()
-{
-    m_closesAfterwards = true;
-    cancel();
-}
-
 void PlanOpener::askAndRead()
 {
-    if (m_isReading)
+    if (m_work.isRunning())
         return;
     const QSettings *settings = m_store.settings();
     const QString last = settings ? settings->value(dxftools::kLastUsedFile).toString() : QString();

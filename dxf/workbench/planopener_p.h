@@ -8,6 +8,7 @@
 
 class DxfToolsForm;
 class DxfToolsStore;
+class LongWork;
 class SheetDesk;
 class PlanSession;
 struct PlanStages;
@@ -20,19 +21,15 @@ class PlanOpener : public QObject
     Q_OBJECT
 
 public:
-    PlanOpener(DxfToolsForm &form, SheetDesk &desk, DxfToolsStore &store);
+    PlanOpener(DxfToolsForm &form, SheetDesk &desk, DxfToolsStore &store, LongWork &work);
 
     /// Handles events while it works; this object may be gone afterwards.
     bool read(const QString &path);
     void askAndRead();
     [[nodiscard]] bool isReading() const { return m_isReading; }
-    void cancel();
-    /// Cancels, and emits closeWanted() when that has come through.
-    void cancelAndClose();
 
 signals:
     void planShown();
-    void closeWanted();
 
 private:
     void showReading();
@@ -47,8 +44,8 @@ private:
     DxfToolsForm &m_form;
     SheetDesk &m_desk;
     DxfToolsStore &m_store;
+    LongWork &m_work;
     bool m_isReading = false;
-    bool m_closesAfterwards = false;
     QString m_path;     ///< being read
     QString m_vanished; ///< the recent plan that the message offers to remove
 };

@@ -55,10 +55,10 @@ QWidget *ReadPanel::recentButton() const
     return m_recent;
 }
 
-void ReadPanel::setReading(bool isReading)
+void ReadPanel::setBusy(bool isBusy)
 {
-    m_buttons->setEnabled(!isReading);
-    m_status->setCurrentWidget(isReading ? static_cast<QWidget *>(m_progress) : m_message);
-    if (isReading)
+    m_buttons->setEnabled(!isBusy);
+    m_status->setCurrentWidget(isBusy ? static_cast<QWidget *>(m_progress) : m_message);
+    if (isBusy)
         m_progress->setFocus();
 }

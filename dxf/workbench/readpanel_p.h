@@ -10,7 +10,7 @@ class QPushButton;
 class QStackedWidget;
 class ReadingBar;
 
-/// Buttons to open a plan, and below them the message or, while one is read, the progress. Takes
+/// Buttons to open a plan, and below them the message or, during long work, the progress. Takes
 /// the same room with either.
 class ReadPanel : public QGroupBox
 {
@@ -25,7 +25,7 @@ public:
     [[nodiscard]] QWidget *openButton() const;
     [[nodiscard]] QWidget *recentButton() const;
     /// Shows progress instead of message, or the other way round.
-    void setReading(bool isReading);
+    void setBusy(bool isBusy);
 
 signals:
     void openWanted();

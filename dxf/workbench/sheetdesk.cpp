@@ -140,6 +140,22 @@ void SheetDesk::review()
         return;
     if (!isReviewed)
         return tellFailure();
+    showReviewed();
+}
+
+void SheetDesk::completeReview()
+{
+    if (!m_reviewDue.isActive() && !m_isReviewing)
+        return;
+    m_reviewDue.stop();
+    m_isReviewStale = true; // so one that is under way ends
+    if (!m_plan->Review(options().filter))
+        return tellFailure();
+    showReviewed();
+}
+
+void SheetDesk::showReviewed()
+{
     m_form.sheets().showHint(whyEmpty());
     m_form.picture().view().showStates(m_plan->Sheets());
     showFindings();

@@ -26,6 +26,10 @@ public:
     void show(std::unique_ptr<PlanSession> plan);
     /// Null while there is none.
     [[nodiscard]] const PlanSession *plan() const { return m_plan.get(); }
+    /// The same, for whoever handles events while he looks at it.
+    [[nodiscard]] std::shared_ptr<const PlanSession> sharedPlan() const { return m_plan; }
+    /// Does at once what waits for a pause in typing, or handles events meanwhile.
+    void completeReview();
     /// As they stand in the form.
     [[nodiscard]] AnalysisOptions options() const;
     /// Tells what an export changed against the older file, in findings and picture, until other
@@ -39,6 +43,7 @@ private:
     void choose();
     void review();
     void relabel();
+    void showReviewed();
     void tellFailure();
     void showSheets();
     void showPicture();

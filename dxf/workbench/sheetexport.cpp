@@ -3,13 +3,14 @@
 #include "dxf/sheets/dxftooltexts_p.h"
 #include "dxf/workbench/dxfdialogtexts_p.h"
 #include "dxf/workbench/dxftoolsform_p.h"
+#include "dxf/workbench/filterpanel_p.h"
 #include "dxf/workbench/messageline_p.h"
 #include "dxf/workbench/panelparts_p.h"
 #include "dxf/workbench/planchanges_p.h"
+#include "dxf/workbench/savequestion_p.h"
 #include "dxf/workbench/sheetdesk_p.h"
 #include "dxf/workbench/sheetexport_p.h"
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPointer>
@@ -19,29 +20,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-struct Question
-{
-    QString title;
-    QString filters;
-    QString suffix; ///< of the name that is offered, and of one without
-};
-
-/// Beside the plan, under its name. Empty when the user cancels.
-QString askForTarget(QWidget *parent, const QString &plan, const Question &question)
-{
-    const QFileInfo info(plan);
-    // Not on the stack: it is its parent's, which may be deleted while it is open.
-    const QPointer<QFileDialog> dialog =
-        new QFileDialog(parent, question.title, info.path(), question.filters);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(question.suffix);
-    dialog->selectFile(info.completeBaseName() + u'.' + question.suffix);
-    const bool isChosen = dialog->exec() == QDialog::Accepted && dialog;
-    const QString target = isChosen ? dialog->selectedFiles().value(0) : QString();
-    delete dialog.data();
-    return target;
-}
 
 QString sentenceFor(const FileFault &fault)
 {
@@ -64,14 +42,15 @@ QString sentenceFor(const QString &target, const FileFault &fault)
 }
 
 /// Nothing where no sheets were before.
-std::optional<PlanChanges> changesIn(const QString &target, const PlanSession &plan)
+std::optional<PlanChanges> changesIn(const QString &target, const PlanSession &plan,
+                                     double tolerance)
 {
     if (!QFileInfo(target).isFile())
         return std::nullopt;
     const Gk2Reading older = ReadGk2File(target);
     if (!older || older.records.empty())
         return std::nullopt;
-    return dxftools::changesAgainst(older.records, plan.Drawing(), plan.Sheets());
+    return dxftools::changesAgainst(older.records, plan.Drawing(), plan.Sheets(), tolerance);
 }
 
 void tellResult(MessageLine &line, const QString &target, const Gk2Export &result)
@@ -110,7 +89,8 @@ void dxftools::exportSheets(DxfToolsForm &form, SheetDesk &desk)
     Gk2Export result;
     {
         const qor::QtScopedOverrideCursor wait(Qt::WaitCursor);
-        const std::optional<PlanChanges> changes = changesIn(target, *desk.plan());
+        const std::optional<PlanChanges> changes =
+            changesIn(target, *desk.plan(), form.filter().tolerance());
         result = desk.plan()->Export(target);
         tellResult(*line, target, result);
         if (result && changes) {

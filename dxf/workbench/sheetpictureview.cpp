@@ -106,7 +106,7 @@ void SheetPictureView::setSheets(const DxfDrawing &drawing, std::span<const quin
     m_drag = Drag::None;
     setSelectedSheets({});
     changeView(
-        [this] { m_viewport.SetPicture(boundsOf(m_picture.places), detailOf(m_picture.places)); });
+        [this] { m_zoom.setPicture(boundsOf(m_picture.places), detailOf(m_picture.places)); });
     layOut();
 }
 
@@ -152,22 +152,22 @@ void SheetPictureView::setSelectedSheets(std::vector<quint32> sheets)
 void SheetPictureView::showSheet(quint32 sheet)
 {
     if (const SheetPlace *place = placeOf(sheet))
-        changeView([&] { m_viewport.BringInSight(place->bounds); });
+        changeView([&] { m_zoom.bringInSight(place->bounds); });
 }
 
 void SheetPictureView::zoomIn()
 {
-    changeView([this] { m_viewport.ZoomBy(kStep, QRectF(canvas()).center()); });
+    changeView([this] { m_zoom.zoomBy(kStep, QRectF(canvas()).center()); });
 }
 
 void SheetPictureView::zoomOut()
 {
-    changeView([this] { m_viewport.ZoomBy(1 / kStep, QRectF(canvas()).center()); });
+    changeView([this] { m_zoom.zoomBy(1 / kStep, QRectF(canvas()).center()); });
 }
 
 void SheetPictureView::zoomToFit()
 {
-    changeView([this] { m_viewport.ShowAll(); });
+    changeView([this] { m_zoom.showAll(); });
 }
 
 QSize SheetPictureView::sizeHint() const
@@ -196,13 +196,13 @@ void SheetPictureView::layOut()
     m_legendHeight = std::ceil(layOutLegend());
     if (!hasRoomForLegend(m_legendHeight, height()))
         m_legendHeight = 0;
-    changeView([this] { m_viewport.SetWindow(canvas().size()); });
+    changeView([this] { m_zoom.setWindow(canvas().size()); });
 }
 
 double SheetPictureView::layOutLegend()
 {
     return dxftools::layOutLegend(m_legend, QFontMetricsF(font()), width(),
-                                  m_picture.pixelsPerUnit * m_viewport.Scale(), layoutDirection());
+                                  m_picture.pixelsPerUnit * m_zoom.scale(), layoutDirection());
 }
 
 void SheetPictureView::repaintAll()
@@ -220,8 +220,8 @@ std::optional<std::size_t> SheetPictureView::placeAt(QPointF pos) const
 {
     if (!m_drawing || !QRectF(canvas()).contains(pos))
         return std::nullopt;
-    const double tolerance = kTolerance / m_viewport.Scale();
-    const QPointF point = m_viewport.ToPicture(pos);
+    const double tolerance = kTolerance / m_zoom.scale();
+    const QPointF point = m_zoom.toPicture(pos);
     const QRectF near(point - QPointF(tolerance, tolerance), 2 * QSizeF(tolerance, tolerance));
     for (std::size_t i = m_picture.places.size(); i-- > 0;) { // the one painted last
         const SheetPlace &place = m_picture.places[i];
@@ -249,8 +249,8 @@ std::vector<std::size_t> SheetPictureView::placesIn(const QRectF &area) const
 SheetScene SheetPictureView::sceneWith(const SheetLook &look) const
 {
     SheetScene scene{.picture = m_picture, .drawing = *m_drawing, .look = look};
-    scene.scale = m_viewport.Scale();
-    scene.origin = m_viewport.Origin();
+    scene.scale = m_zoom.scale();
+    scene.origin = m_zoom.origin();
     scene.area = canvas();
     scene.hasBoxes = true;
     scene.highlight = palette().color(QPalette::Highlight);
@@ -313,7 +313,7 @@ bool SheetPictureView::event(QEvent *event)
         const auto *gesture = static_cast<QNativeGestureEvent *>(event);
         if (gesture->gestureType() != Qt::ZoomNativeGesture)
             return false;
-        changeView([&] { m_viewport.ZoomBy(1 + gesture->value(), gesture->position()); });
+        changeView([&] { m_zoom.zoomBy(1 + gesture->value(), gesture->position()); });
         return true;
     }
     return QWidget::event(event);
@@ -368,7 +368,7 @@ void SheetPictureView::wheelEvent(QWheelEvent *event)
         event->angleDelta().isNull() ? event->pixelDelta().y() : event->angleDelta().y();
     if (way == 0)
         return event->ignore();
-    changeView([&] { m_viewport.ZoomBy(std::pow(kStep, way / kClick), event->position()); });
+    changeView([&] { m_zoom.zoomBy(std::pow(kStep, way / kClick), event->position()); });
     updateCursor(event->position());
 }
 
@@ -392,7 +392,7 @@ void SheetPictureView::mouseMoveEvent(QMouseEvent *event)
     if (begins)
         m_drag = event->modifiers().testFlag(Qt::ShiftModifier) ? Drag::RubberBand : Drag::Pan;
     if (m_drag == Drag::Pan)
-        changeView([&] { m_viewport.PanBy(pos - m_last); });
+        changeView([&] { m_zoom.panBy(pos - m_last); });
     else if (m_drag == Drag::RubberBand)
         update();
     if (m_drag != Drag::Pending)
@@ -409,7 +409,7 @@ void SheetPictureView::mouseReleaseEvent(QMouseEvent *event)
     if (drag == Drag::RubberBand) {
         update();
         const QRectF band = QRectF(m_pressed, event->pos()).normalized();
-        pick(placesIn(m_viewport.ToPicture(band)), event->modifiers(), true);
+        pick(placesIn(m_zoom.toPicture(band)), event->modifiers(), true);
     } else if (drag == Drag::Pending) {
         click(event->modifiers());
     }
@@ -434,7 +434,7 @@ void SheetPictureView::mouseDoubleClickEvent(QMouseEvent *event)
         return mousePressEvent(event); // two quick marks
     if (!place)
         return zoomToFit();
-    changeView([&] { m_viewport.ZoomTo(m_picture.places[*place].bounds); });
+    changeView([&] { m_zoom.zoomTo(m_picture.places[*place].bounds); });
     updateCursor(event->position());
 }
 
@@ -442,7 +442,7 @@ void SheetPictureView::keyPressEvent(QKeyEvent *event)
 {
     const double step = std::min(canvas().width(), canvas().height()) / 6.0;
     const auto pan = [&](double x, double y) {
-        changeView([&] { m_viewport.PanBy(QPointF(x, y) * step); });
+        changeView([&] { m_zoom.panBy(QPointF(x, y) * step); });
     };
     switch (event->key()) {
     case Qt::Key_Left:
@@ -480,7 +480,7 @@ void SheetPictureView::updateCursor(QPointF pos)
     else if (placeAt(pos))
         setCursor(Qt::PointingHandCursor);
     else
-        setCursor(isOnCanvas && !m_viewport.ShowsAll() ? Qt::OpenHandCursor : Qt::ArrowCursor);
+        setCursor(isOnCanvas && !m_zoom.showsAll() ? Qt::OpenHandCursor : Qt::ArrowCursor);
 }
 
 void SheetPictureView::paintEvent(QPaintEvent *)

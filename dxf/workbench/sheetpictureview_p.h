@@ -3,7 +3,7 @@
 #pragma once
 
 #include "dxf/sheets/sheetpainter_p.h"
-#include "dxf/workbench/pictureviewport_p.h"
+#include "dxf/workbench/picturezoom_p.h"
 #include <QPixmap>
 #include <QPoint>
 #include <QString>
@@ -52,7 +52,7 @@ public:
     void zoomOut();
     void zoomToFit();
     /// 1 while the whole picture is in sight, which is the smallest.
-    [[nodiscard]] double zoom() const { return m_viewport.Zoom(); }
+    [[nodiscard]] double zoom() const { return m_zoom.zoom(); }
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -108,7 +108,7 @@ private:
     SheetPicture m_picture;
     std::vector<LegendEntry> m_legend;
     double m_legendHeight = 0;
-    PictureViewport m_viewport;
+    PictureZoom m_zoom;
     std::vector<quint32> m_placeOfSheet; ///< kNowhere for those that are not in the picture
     std::vector<quint32> m_selected;     ///< ascending
     std::vector<bool> m_isSelected;      ///< of each place

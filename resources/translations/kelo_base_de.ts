@@ -16,6 +16,25 @@
     </message>
 </context>
 <context>
+    <name>AmbiguityNotice</name>
+    <message>
+        <source>%1 does nothing, since “%2” and “%3” both have it.</source>
+        <translation>%1 bewirkt nichts, denn „%2“ und „%3“ haben es beide.</translation>
+    </message>
+    <message>
+        <source>%1 does nothing, since “%2” and another function both have it.</source>
+        <translation>%1 bewirkt nichts, denn „%2“ und eine weitere Funktion haben es beide.</translation>
+    </message>
+    <message>
+        <source>Set Keys...</source>
+        <translation>Tasten festlegen...</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
     <name>CoreFacadeI</name>
     <message>
         <source>&apos;%1&apos; could not be started: %2.</source>
@@ -852,6 +871,46 @@
         <source>Co&amp;py</source>
         <translation>&amp;Kopieren</translation>
     </message>
+    <message>
+        <source>E&amp;xport as Table...</source>
+        <translation>Als Tabelle exp&amp;ortieren …</translation>
+    </message>
+    <message>
+        <source>Writes the marked sheets with all their attributes and corners to a file for spreadsheet programs.</source>
+        <translation>Schreibt die markierten Blätter mit allen Attributen und Eckpunkten in eine Datei für Tabellenprogramme.</translation>
+    </message>
+    <message>
+        <source>Workbook (*.xlsx)</source>
+        <translation>Arbeitsmappe (*.xlsx)</translation>
+    </message>
+    <message>
+        <source>OpenDocument spreadsheet (*.ods)</source>
+        <translation>OpenDocument-Tabelle (*.ods)</translation>
+    </message>
+    <message>
+        <source>Text with separators (*.csv)</source>
+        <translation>Text mit Trennzeichen (*.csv)</translation>
+    </message>
+    <message>
+        <source>its name has to end in .xlsx, .ods or .csv</source>
+        <translation>ihr Name muss auf .xlsx, .ods oder .csv enden</translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation>%1 wird geschrieben</translation>
+    </message>
+    <message>
+        <source>Writing %1 was cancelled</source>
+        <translation>Das Schreiben von %1 wurde abgebrochen</translation>
+    </message>
+    <message>
+        <source>Co&amp;unts as moved beyond:</source>
+        <translation>Gilt als &amp;verschoben ab:</translation>
+    </message>
+    <message>
+        <source>An export over an older GK2 file tells which sheets have moved by more than that, in units of the plan.</source>
+        <translation>Ein Export über eine ältere GK2-Datei nennt die Blätter, die um mehr als das verschoben sind, in Einheiten des Plans.</translation>
+    </message>
 </context>
 <context>
     <name>DxfWorkbench</name>
@@ -1043,6 +1102,10 @@
         <source>Export the Configuration</source>
         <translation>Konfiguration exportieren</translation>
     </message>
+    <message>
+        <source>Conte&amp;xt Menu</source>
+        <translation>&amp;Kontextmenü</translation>
+    </message>
 </context>
 <context>
     <name>MenuConfigFile</name>
@@ -1130,6 +1193,41 @@
         <source>none</source>
         <comment>shortcut</comment>
         <translation>keines</translation>
+    </message>
+</context>
+<context>
+    <name>NavGallery</name>
+    <message>
+        <source>Sheet %1</source>
+        <translation>Blatt %1</translation>
+    </message>
+    <message>
+        <source>light or dark.</source>
+        <translation>light oder dark.</translation>
+    </message>
+    <message>
+        <source>Degrees clockwise.</source>
+        <translation>Grad im Uhrzeigersinn.</translation>
+    </message>
+    <message>
+        <source>Of the view.</source>
+        <translation>Größe der Ansicht.</translation>
+    </message>
+    <message>
+        <source>Lay out from right to left.</source>
+        <translation>Von rechts nach links anordnen.</translation>
+    </message>
+    <message>
+        <source>Save a picture instead of opening a window.</source>
+        <translation>Ein Bild speichern, statt ein Fenster zu öffnen.</translation>
+    </message>
+    <message>
+        <source>nav-gallery: an angle and a size such as 1000x700, at least 80x80, are wanted</source>
+        <translation>nav-gallery: ein Winkel und eine Größe wie 1000x700, mindestens 80x80, werden erwartet</translation>
+    </message>
+    <message>
+        <source>Navigation controls</source>
+        <translation>Bedienelemente der Navigation</translation>
     </message>
 </context>
 <context>
@@ -1637,11 +1735,22 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
 </context>
 <context>
-    <name>Spreadsheet</name>
+    <name>ShortcutOverview</name>
     <message>
-        <source>LibreOffice %1.</source>
-        <translation>LibreOffice %1.</translation>
+        <source>Keyboard Shortcuts: %1</source>
+        <translation>Tastenkürzel: %1</translation>
     </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Seite %1 von %2</translation>
+    </message>
+    <message>
+        <source>No function has a shortcut.</source>
+        <translation>Keine Funktion hat ein Tastenkürzel.</translation>
+    </message>
+</context>
+<context>
+    <name>Spreadsheet</name>
     <message>
         <source>Plain text with separators.</source>
         <translation>Text mit Trennzeichen.</translation>
@@ -1663,32 +1772,8 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <translation>„%1“ kann nicht geschrieben werden: %2-Dateien schreibt hier nichts.</translation>
     </message>
     <message>
-        <source>LibreOffice is not installed.</source>
-        <translation>LibreOffice ist nicht installiert.</translation>
-    </message>
-    <message>
-        <source>LibreOffice %1 is too old.</source>
-        <translation>LibreOffice %1 ist zu alt.</translation>
-    </message>
-    <message>
-        <source>a folder for LibreOffice cannot be made: %1</source>
-        <translation>ein Ordner für LibreOffice kann nicht angelegt werden: %1</translation>
-    </message>
-    <message>
         <source>&apos;%1&apos; cannot be started: %2</source>
         <translation>„%1“ kann nicht gestartet werden: %2</translation>
-    </message>
-    <message>
-        <source>LibreOffice did not finish within %1 s</source>
-        <translation>LibreOffice wurde in %1 s nicht fertig</translation>
-    </message>
-    <message>
-        <source>LibreOffice wrote nothing (%1)</source>
-        <translation>LibreOffice hat nichts geschrieben (%1)</translation>
-    </message>
-    <message>
-        <source>what LibreOffice wrote cannot be moved</source>
-        <translation>was LibreOffice schrieb, lässt sich nicht verschieben</translation>
     </message>
     <message>
         <source>Sheet</source>
@@ -1825,8 +1910,44 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <translation>libxlsxwriter %1.</translation>
     </message>
     <message>
-        <source>Spreadsheet programs cannot be driven on this system.</source>
-        <translation>Tabellenprogramme lassen sich auf diesem System nicht ansteuern.</translation>
+        <source>%1 %2.</source>
+        <translation>%1 %2.</translation>
+    </message>
+    <message>
+        <source>%1 is not installed.</source>
+        <translation>%1 ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>%1 %2 is too old.</source>
+        <translation>%1 %2 ist zu alt.</translation>
+    </message>
+    <message>
+        <source>a folder for %1 cannot be made: %2</source>
+        <translation>ein Ordner für %1 kann nicht angelegt werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 did not finish within %2 s</source>
+        <translation>%1 wurde nicht innerhalb von %2 s fertig</translation>
+    </message>
+    <message>
+        <source>%1 wrote nothing (%2)</source>
+        <translation>%1 hat nichts geschrieben (%2)</translation>
+    </message>
+    <message>
+        <source>what %1 wrote cannot be moved</source>
+        <translation>was %1 geschrieben hat, kann nicht verschoben werden</translation>
+    </message>
+    <message>
+        <source>%1 is not installed</source>
+        <translation>%1 ist nicht installiert</translation>
+    </message>
+    <message>
+        <source>%1 could not do it (%2)</source>
+        <translation>%1 konnte es nicht (%2)</translation>
+    </message>
+    <message>
+        <source>%1 wrote nothing</source>
+        <translation>%1 hat nichts geschrieben</translation>
     </message>
 </context>
 <context>
@@ -2284,6 +2405,85 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
 </context>
 <context>
+    <name>menuconfig::ContextMenuPage</name>
+    <message>
+        <source>Preview of the sector menu</source>
+        <translation>Vorschau des Kreismenüs</translation>
+    </message>
+    <message>
+        <source>Sector Menu</source>
+        <translation>Kreismenü</translation>
+    </message>
+    <message>
+        <source>Search functions</source>
+        <translation>Funktionen suchen</translation>
+    </message>
+    <message>
+        <source>Functions</source>
+        <translation>Funktionen</translation>
+    </message>
+    <message>
+        <source>Put into &amp;Menu</source>
+        <translation>Ins &amp;Menü aufnehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Functions:</source>
+        <translation>&amp;Funktionen:</translation>
+    </message>
+    <message>
+        <source>Slots of the context menu</source>
+        <translation>Plätze des Kontextmenüs</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>&amp;Empty Slot</source>
+        <translation>&amp;Leerer Platz</translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation>Nach &amp;unten</translation>
+    </message>
+    <message>
+        <source>&amp;Remove</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Slots:</source>
+        <translation>&amp;Plätze:</translation>
+    </message>
+    <message>
+        <source>Context Menu</source>
+        <translation>Kontextmenü</translation>
+    </message>
+    <message>
+        <source>Preview:</source>
+        <translation>Vorschau:</translation>
+    </message>
+    <message>
+        <source>Fill Slots</source>
+        <translation>Plätze belegen</translation>
+    </message>
+    <message>
+        <source>Insert Functions</source>
+        <translation>Funktionen einfügen</translation>
+    </message>
+    <message>
+        <source>Insert Empty Slot</source>
+        <translation>Leeren Platz einfügen</translation>
+    </message>
+    <message>
+        <source>Empty Slots</source>
+        <translation>Plätze leeren</translation>
+    </message>
+    <message>
+        <source>Move Slots</source>
+        <translation>Plätze verschieben</translation>
+    </message>
+</context>
+<context>
     <name>menuconfig::ImportDialog</name>
     <message>
         <source>Import</source>
@@ -2328,6 +2528,17 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>slots: %1</source>
         <translation>Plätze: %1</translation>
+    </message>
+</context>
+<context>
+    <name>menuconfig::MenuPreview</name>
+    <message>
+        <source>Preview of the context menu</source>
+        <translation>Vorschau des Kontextmenüs</translation>
+    </message>
+    <message>
+        <source>More than one entry is chosen by the letter: %1</source>
+        <translation>Mehr als ein Eintrag wird gewählt mit dem Buchstaben: %1</translation>
     </message>
 </context>
 <context>
@@ -2509,6 +2720,292 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>Con&amp;flicts only (%1)</source>
         <translation>Nur Konfl&amp;ikte (%1)</translation>
+    </message>
+</context>
+<context>
+    <name>menuconfig::SlotModel</name>
+    <message>
+        <source>(empty)</source>
+        <translation>(leer)</translation>
+    </message>
+    <message>
+        <source>Slot %1: %2</source>
+        <translation>Platz %1: %2</translation>
+    </message>
+    <message>
+        <source>Slot</source>
+        <translation>Platz</translation>
+    </message>
+    <message>
+        <source>Function</source>
+        <translation>Funktion</translation>
+    </message>
+    <message>
+        <source>Move Slots</source>
+        <translation>Plätze verschieben</translation>
+    </message>
+    <message>
+        <source>Fill Slots</source>
+        <translation>Plätze belegen</translation>
+    </message>
+    <message>
+        <source>Insert Functions</source>
+        <translation>Funktionen einfügen</translation>
+    </message>
+</context>
+<context>
+    <name>menuconfig::TrayModel</name>
+    <message>
+        <source>Function</source>
+        <translation>Funktion</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message>
+        <source>Slot</source>
+        <translation>Platz</translation>
+    </message>
+    <message>
+        <source>Empty Slots</source>
+        <translation>Plätze leeren</translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::BlankScreen</name>
+    <message>
+        <source>Blank screen; any key ends it</source>
+        <translation>Schwarzbild; jede Taste beendet es</translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::HotArea</name>
+    <message>
+        <source>Sheet above: %1</source>
+        <translation>Blatt oberhalb: %1</translation>
+    </message>
+    <message>
+        <source>Sheet at the top right: %1</source>
+        <translation>Blatt oben rechts: %1</translation>
+    </message>
+    <message>
+        <source>Sheet to the right: %1</source>
+        <translation>Blatt rechts: %1</translation>
+    </message>
+    <message>
+        <source>Sheet at the bottom right: %1</source>
+        <translation>Blatt unten rechts: %1</translation>
+    </message>
+    <message>
+        <source>Sheet below: %1</source>
+        <translation>Blatt unterhalb: %1</translation>
+    </message>
+    <message>
+        <source>Sheet at the bottom left: %1</source>
+        <translation>Blatt unten links: %1</translation>
+    </message>
+    <message>
+        <source>Sheet to the left: %1</source>
+        <translation>Blatt links: %1</translation>
+    </message>
+    <message>
+        <source>Sheet at the top left: %1</source>
+        <translation>Blatt oben links: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets</source>
+        <translation>
+            <numerusform>%n Blatt</numerusform>
+            <numerusform>%n Blätter</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::NorthArrow</name>
+    <message>
+        <source>North arrow</source>
+        <translation>Nordpfeil</translation>
+    </message>
+    <message>
+        <source>Space turns north to the top, the arrow keys turn the view, Enter takes a typed angle.</source>
+        <translation>Leertaste dreht Norden nach oben, die Pfeiltasten drehen die Ansicht, die Eingabetaste nimmt einen eingetippten Winkel.</translation>
+    </message>
+    <message>
+        <source>N</source>
+        <extracomment>The letter on a north arrow.</extracomment>
+        <translation>N</translation>
+    </message>
+    <message>
+        <source>North is at %1. Click to turn it to the top, drag to turn the view, double-click to type an angle.</source>
+        <translation>Norden liegt bei %1. Klicken dreht Norden nach oben, Ziehen dreht die Ansicht, nach einem Doppelklick lässt sich ein Winkel eintippen.</translation>
+    </message>
+    <message>
+        <source>This document has no place on the map.</source>
+        <translation>Dieses Dokument hat keinen Ort auf der Karte.</translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::PresentationMenu</name>
+    <message>
+        <source>Presentation</source>
+        <translation>Präsentation</translation>
+    </message>
+    <message>
+        <source>Previous view</source>
+        <translation>Vorige Ansicht</translation>
+    </message>
+    <message>
+        <source>Stored views</source>
+        <translation>Gespeicherte Ansichten</translation>
+    </message>
+    <message>
+        <source>Next view</source>
+        <translation>Nächste Ansicht</translation>
+    </message>
+    <message>
+        <source>Play the stored views</source>
+        <translation>Gespeicherte Ansichten abspielen</translation>
+    </message>
+    <message>
+        <source>Interval</source>
+        <translation>Zeitabstand</translation>
+    </message>
+    <message>
+        <source>Seconds from view to view, 1 to 3600</source>
+        <translation>Sekunden von Ansicht zu Ansicht, 1 bis 3600</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>Vollbild</translation>
+    </message>
+    <message>
+        <source>Blank screen</source>
+        <translation>Schwarzbild</translation>
+    </message>
+    <message>
+        <source>&amp;Store This View</source>
+        <translation>Diese Ansicht &amp;speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Edit Stored Views…</source>
+        <translation>Gespeicherte Ansichten &amp;bearbeiten …</translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::ScaleBarWidget</name>
+    <message>
+        <source>Scale bar</source>
+        <translation>Maßstabsleiste</translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::StoredViewsDialog</name>
+    <message>
+        <source>Stored Views</source>
+        <translation>Gespeicherte Ansichten</translation>
+    </message>
+    <message>
+        <source>&amp;Add This View</source>
+        <translation>Diese Ansicht &amp;hinzufügen</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Umbenennen</translation>
+    </message>
+    <message>
+        <source>Move &amp;Up</source>
+        <translation>Nach &amp;oben</translation>
+    </message>
+    <message>
+        <source>Move &amp;Down</source>
+        <translation>Nach u&amp;nten</translation>
+    </message>
+    <message>
+        <source>De&amp;lete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::ViewControls</name>
+    <message>
+        <source>North arrow&apos;s angle</source>
+        <translation>Winkel des Nordpfeils</translation>
+    </message>
+    <message>
+        <source>Degrees clockwise from the top</source>
+        <translation>Grad im Uhrzeigersinn, von oben aus</translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::ViewMenu</name>
+    <message>
+        <source>Fold the view menu</source>
+        <translation>Ansichtsmenü einklappen</translation>
+    </message>
+    <message>
+        <source>Drag it to another corner of the view, or press Ctrl and an arrow key.</source>
+        <translation>Lässt sich in eine andere Ecke der Ansicht ziehen, oder mit Strg und einer Pfeiltaste dorthin bringen.</translation>
+    </message>
+    <message>
+        <source>View menu</source>
+        <translation>Ansichtsmenü</translation>
+    </message>
+    <message>
+        <source>Zoom in</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Whole page</source>
+        <translation>Ganze Seite</translation>
+    </message>
+    <message>
+        <source>Whole page; with Shift, upright</source>
+        <translation>Ganze Seite; mit der Umschalttaste aufrecht</translation>
+    </message>
+    <message>
+        <source>A map scale, such as 1:5000 or 5000</source>
+        <translation>Ein Kartenmaßstab, etwa 1:5000 oder 5000</translation>
+    </message>
+    <message>
+        <source>Zoom correction: %1</source>
+        <translation>Zoomkorrektur: %1</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Maßstab</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Height above ground, in metres or with km</source>
+        <translation>Höhe über Grund, in Metern oder mit km</translation>
+    </message>
+    <message>
+        <source>Field of view</source>
+        <translation>Blickwinkel</translation>
+    </message>
+    <message>
+        <source>Full opening angle of the eye, 1 to 179 degrees</source>
+        <translation>Voller Öffnungswinkel des Auges, 1 bis 179 Grad</translation>
+    </message>
+    <message>
+        <source>Eye distance</source>
+        <translation>Augenabstand</translation>
+    </message>
+    <message>
+        <source>From the eye to the screen, 5 to 800 cm</source>
+        <translation>Vom Auge zum Bildschirm, 5 bis 800 cm</translation>
+    </message>
+    <message>
+        <source>Unfold the view menu</source>
+        <translation>Ansichtsmenü ausklappen</translation>
     </message>
 </context>
 </TS>

@@ -236,6 +236,9 @@ private slots:
         Tz::ReplaceCharWithChar(text, 'a', '\0');
         Tz::AppendString(text, "\0b"s);
         QCOMPARE(text, "\0\0\0\0\0\0\0b"s);
+        std::u16string wide = u"a";
+        Tz::AppendString(wide, u"\0b"s);
+        QCOMPARE(wide, u"a\0b"s);
         QCOMPARE(Tz::MakeQuotedString("a\"\0"s), "\"a\"\0\""s);
         // What does not fit into a byte as a capital letter stays.
         QCOMPARE(Tz::ToUpper("az1_\0z\xE4\xF7\xFE\xB5\xDF\xFF"s),

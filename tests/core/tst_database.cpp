@@ -86,7 +86,7 @@ qint64 numberOf(Database &database, const QString &query)
 
 } // namespace
 
-class TestDatabase : public QObject
+class TestDatabase : public DatabaseTest
 {
     Q_OBJECT
 
@@ -94,11 +94,9 @@ private slots:
     void initTestCase_data() { addDatabaseKinds(); }
     void init()
     {
-        QFETCH_GLOBAL(const bool, isServer);
-        m_dir = std::make_unique<QTemporaryDir>();
-        m_place = emptyPlace(isServer, *m_dir);
-        m_database = std::make_unique<Database>(m_place);
-        QVERIFY(m_database->Open() && m_database->Prepare(roadModule()));
+        makeEmptyDatabase();
+        QVERIFY(m_database->Open());
+        QVERIFY(m_database->Prepare(roadModule())); // an empty table
     }
     void cleanup() { m_database.reset(); }
 
@@ -511,10 +509,6 @@ private:
         return numberOf(database, u"SELECT COUNT(*) FROM \"order\""_s);
     }
     qint64 count() { return count(*m_database); }
-
-    std::unique_ptr<QTemporaryDir> m_dir;
-    DatabasePlace m_place;
-    std::unique_ptr<Database> m_database; ///< open, with an empty table of roads
 };
 
 QTEST_GUILESS_MAIN(TestDatabase)

@@ -117,6 +117,9 @@ private slots:
                 order.join(m_diary.service(pair.section(u'>', 0, 0), {pair.section(u'>', 1)}));
             order.startAll();
             QCOMPARE(reports, QStringList{u"a"_s});
+            order.stopAll();
+            order.startAll(); // once more: another try
+            QCOMPARE(reports, QStringList({u"a"_s, u"a"_s}));
             QCOMPARE(m_diary.entries, QStringList());
         }
     }

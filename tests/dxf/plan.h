@@ -17,23 +17,23 @@ inline const Points kFrame{{0, 0}, {3, 0}, {3, 2}, {0, 2}};
 inline void addBlock(DxfDrawingBuilder &plan, std::string_view name,
                      const std::vector<Points> &polylines, quint32 line = 0)
 {
-    plan.BeginBlock(name, line);
+    plan.beginBlock(name, line);
     for (const Points &polyline : polylines) {
-        plan.BeginPolyline(true);
+        plan.beginPolyline(true);
         for (const DxfVertex &vertex : polyline)
-            plan.AddVertex(vertex);
-        plan.EndPolyline();
+            plan.addVertex(vertex);
+        plan.endPolyline();
     }
-    plan.EndBlock();
+    plan.endBlock();
 }
 
 inline void addInsert(DxfDrawingBuilder &plan, std::string_view block, Attributes attributes,
                       quint32 line = 0)
 {
-    plan.BeginInsert(block, line);
+    plan.beginInsert(block, line);
     for (const auto &[tag, value] : attributes)
-        plan.AddAttribute(tag, value);
-    plan.EndInsert();
+        plan.addAttribute(tag, value);
+    plan.endInsert();
 }
 
 /// All inserts of a drawing in file order.

@@ -24,7 +24,7 @@ using With = SheetFilter::Attribute;
 DxfDrawing smallPlan()
 {
     DxfDrawingBuilder plan;
-    plan.SetVersion("AC1009");
+    plan.setVersion("AC1009");
     addBlock(plan, "b10", {{{5, 5}, {9, 5}, {9, 8}, {5, 8}}}, 10);
     addBlock(plan, "b9", {kFrame}, 20);
     addBlock(plan, "line", {{{0, 0}, {1, 1}}}, 30);
@@ -33,7 +33,7 @@ DxfDrawing smallPlan()
     addInsert(plan, "b10", {{"BL_NR", "x10"}, {"TYP", "main"}}, 300);
     addInsert(plan, "line", {{"BL_NR", "x9"}, {"OLD", ""}}, 400);
     addInsert(plan, "b10", {{"\xD6", "\xFC"}, {"TYP", "main"}}, 500);
-    DxfDrawing drawing = plan.Take();
+    DxfDrawing drawing = plan.take();
     LabelSheets(drawing, CornerOrder::Upright);
     return drawing;
 }
@@ -147,7 +147,7 @@ private slots:
             "All sheets that would be left have the attribute 'BL_NR', so they are not included");
         DxfDrawingBuilder frameless;
         addInsert(frameless, "nowhere", {{"BL_NR", "1"}});
-        QVERIFY(dxftools::whyNoSheets(frameless.Take(), {}).contains(u"sheet frame"_s));
+        QVERIFY(dxftools::whyNoSheets(frameless.take(), {}).contains(u"sheet frame"_s));
         QCOMPARE(dxftools::whyNoSheets({}, {}), u"The plan has no block inserts"_s);
     }
 
@@ -177,13 +177,13 @@ private slots:
     {
         for (const char *version : {"AC1009", "AC1021"}) {
             DxfDrawingBuilder plan;
-            plan.SetVersion(version);
+            plan.setVersion(version);
             addBlock(plan, "B", {kFrame});
             for (const char *value : {"b10", "B", "b9", "b10", "", "\xFC", "\xC3\xBC"})
                 addInsert(plan, "B", {{"V", value}, {"\xC4", "1"}});
             addInsert(plan, "B", {{"V", std::string(500, 'x')}});
             addInsert(plan, "symbol", {{"V", "of no sheet"}});
-            const DxfDrawing drawing = plan.Take();
+            const DxfDrawing drawing = plan.take();
             const bool isUtf8 = drawing.HasUtf8Texts();
             QStringList values;
             for (const AttributeOffer &offer : dxftools::offerValues(drawing, u"V"_s)) {

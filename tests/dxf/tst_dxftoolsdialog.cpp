@@ -6,15 +6,14 @@
 #include "dxf/workbench/readingbar_p.h"
 #include "dxf/workbench/sheetpictureview_p.h"
 #include "dxf/workbench/sheettablemodel_p.h"
+#include "tests/support/FileBytes.h"
 #include "tests/support/PlanPairs.h"
 #include "tests/support/TemporaryHome.h"
 #include <QtTest>
 #include <QtWidgets>
-#include <csignal>
 #include <kelo_base/core/Translation.h>
 #include <kelo_base/core/UserDataManager.h>
 #include <kelo_base/dxf/DxfToolsDialog.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 
@@ -42,12 +41,6 @@ const QByteArrayList kFourSheets{sheet("10", "city"), sheet("2", "city"), sheet(
                                  sheet("3", "city")};
 /// A plan that takes several steps to read.
 const QByteArray kLargePlan = planOf(QByteArrayList(10'000, sheet("1", "city")));
-
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : "none"_ba;
-}
 
 /// A device that takes nothing; where that is allowed one of our own, which a fault may replace.
 QString fullDevice(const QTemporaryDir &dir)
@@ -95,11 +88,7 @@ struct Bench
     Q_DISABLE_COPY_MOVE(Bench)
 
     QString file(const char *name) const { return dir.filePath(QLatin1String(name)); }
-    void put(const char *name, const QByteArray &bytes) const
-    {
-        QFile target(file(name));
-        QVERIFY(target.open(QIODevice::WriteOnly) && target.write(bytes) == bytes.size());
-    }
+    void put(const char *name, const QByteArray &bytes) const { writeBytes(file(name), bytes); }
     QByteArray bytes(const char *name) const { return bytesOf(file(name)); }
     bool read(const char *name = "plan.dxf") const { return dialog->ReadFile(file(name)); }
     template <typename Widget>
@@ -136,10 +125,10 @@ struct Bench
     }
     void press(const char *name) const { find<QAbstractButton>(name)->click(); }
     /// What the dialogs said on the way.
-    QStringList exportTo(const QString &target) const
+    QStringList exportTo(const QString &target, const char *button = "btnExportAsGK2") const
     {
         const Answers answers(target);
-        press("btnExportAsGK2");
+        press(button);
         return answers.said;
     }
     QString corners() const
@@ -426,13 +415,11 @@ private slots:
         QVERIFY(QFile::link(bench.file("older.txt"), bench.file("link.txt")));
         const QDir folder(bench.dir.path(), u"*.t*"_s);
         const QStringList files = folder.entryList();
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit before{};
-        getrlimit(RLIMIT_FSIZE, &before);
-        const rlimit small{.rlim_cur = 20'000, .rlim_max = before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-        const QStringList said = bench.exportTo(bench.file("link.txt"));
-        setrlimit(RLIMIT_FSIZE, &before);
+        QStringList said;
+        {
+            const ResourceLimit small(RLIMIT_FSIZE, 20'000);
+            said = bench.exportTo(bench.file("link.txt"));
+        }
         QCOMPARE(said.last(), u"Export completed - Inserts written: 10000"_s);
         QVERIFY(bench.said("exportMessage").contains(u"the older file is unchanged"_s));
         QCOMPARE(bench.bytes("older.txt"), "older"_ba);
@@ -441,6 +428,109 @@ private slots:
         QCOMPARE(bench.bytes("older.txt").size(), 5 + 10'000 * (5 + kCorners.size()));
         QVERIFY(QFileInfo(bench.file("link.txt")).isSymLink());
         QVERIFY((QFile::permissions(bench.file("older.txt")) & QFile::ReadGroup) == 0);
+    }
+
+    void exportsTables()
+    {
+        const OpenBench bench(planOf(kFourSheets + QByteArrayList{sheet("7", "land")}));
+        bench.list->selectRow(1);
+        QTest::keyClick(bench.list, Qt::Key_Space); // all but 3
+        bench.type("edtIncludeTag", u"KIND"_s);
+        bench.type("edtIncludeValue", u"city"_s); // a review is due: 7 is not there twice any more
+        bench.exportTo(bench.file("plan.csv"), "btnExportAsTable");
+        QByteArray expected = "\uFEFFNumber,Block,BL_NR,KIND,Top left X,Top left Y,Top right X,"
+                              "Top right Y,Bottom right X,Bottom right Y,Bottom left X,"
+                              "Bottom left Y\r\n";
+        for (const char *const sheet : {"2,A,2,city", "10,A,10,city"})
+            expected += sheet + ",0,2,3,2,3,0,0,0\r\n"_ba;
+        QVERIFY2(bench.bytes("plan.csv").startsWith(expected), bench.bytes("plan.csv"));
+        QVERIFY(!bench.bytes("plan.csv").contains("Warning"));
+        QVERIFY(bench.said("exportMessage").startsWith(u"2 sheets written to "_s));
+        const QStringList asked = bench.exportTo(bench.file("plan.XLSX"), "btnExportAsTable");
+        QCOMPARE(asked.value(0), u"Export as Table"_s);
+        QVERIFY(asked.contains(u"Workbook (*.xlsx)"_s));
+        QVERIFY(bench.bytes("plan.XLSX").startsWith("PK"));
+
+        const QByteArray plan = bench.bytes("plan.dxf");
+        for (const char *const name : {"none/x.csv", "plan.dxf", "plan.txt"}) {
+            bench.exportTo(bench.file(name), "btnExportAsTable");
+            QVERIFY(bench.said("exportMessage").contains(bench.file(name)));
+            QVERIFY(!bench.said("exportMessage").contains(u"sheets written"_s));
+        }
+        QCOMPARE(bench.bytes("plan.dxf"), plan);
+    }
+
+    void endsTables_data()
+    {
+        QTest::addColumn<int>("way");
+        QTest::newRow("by the button") << 0;
+        QTest::newRow("by Escape") << 1;
+        QTest::newRow("by closing the dialog") << 2;
+        QTest::newRow("by deleting the dialog") << 3;
+    }
+
+    void endsTables()
+    {
+        QFETCH(const int, way);
+        Bench bench(kLargePlan);
+        QVERIFY(bench.read());
+        bench.put("old.xlsx", "old");
+        bool hasRun = false;
+        bench.whileReading([&] {
+            hasRun = bench.find<QWidget>("btnCancel")->isVisible() && !bench.read();
+            QVERIFY(!bench.find<QWidget>("btnExportAsTable")->isEnabled());
+            switch (way) {
+            case 0:
+                return bench.press("btnCancel");
+            case 1:
+                return QTest::keyClick(bench.dialog->focusWidget(), Qt::Key_Escape);
+            case 2:
+                return void(bench.dialog->close());
+            default:
+                delete bench.dialog;
+            }
+        });
+        bench.exportTo(bench.file("old.xlsx"), "btnExportAsTable");
+        QVERIFY(hasRun);
+        QCOMPARE(bytesOf(bench.file("old.xlsx")), "old");
+        QCOMPARE(QDir(bench.dir.path()).entryList({u"*.xlsx*"_s}, QDir::Files).size(), 1);
+        QCOMPARE(bench.dialog && bench.dialog->isVisible(), way < 2);
+        if (way < 2) {
+            QVERIFY(bench.said("exportMessage").contains(u"was cancelled"_s));
+            QVERIFY(bench.find<QWidget>("btnExportAsTable")->isEnabled());
+        }
+    }
+
+    void savesPictures()
+    {
+        const OpenBench bench;
+        const auto save = [&](const char *name) {
+            bench.exportTo(bench.file(name), "btnSavePicture");
+            return bench.said("exportMessage");
+        };
+        QVERIFY(save("plan.svg").contains(u"Picture saved as "_s));
+        QVERIFY(bench.bytes("plan.svg").contains("<svg"));
+        QVERIFY(save("plan.png").contains(bench.file("plan.png")));
+        QVERIFY(!QImage(bench.file("plan.png")).isNull());
+        QVERIFY(save("none/plan.svg").contains(u"was not written"_s));
+    }
+
+    /// A review handles events while it works, in which anything may happen.
+    void endsWhileItReviews()
+    {
+        Bench bench(planOf(QByteArrayList(60'000, sheet("1", "city"))));
+        QVERIFY(bench.read());
+        bench.type("edtExcludeTag", u"none"_s);
+        QElapsedTimer sinceLast;
+        QTimer idle; // which comes late only while something works
+        connect(&idle, &QTimer::timeout, &idle, [&] {
+            constexpr qint64 kWorking = 20; // milliseconds
+            if (sinceLast.isValid() && sinceLast.restart() >= kWorking)
+                delete bench.dialog;
+            sinceLast.start();
+        });
+        idle.start(0);
+        QTRY_VERIFY(!bench.dialog);
     }
 
     void marksManyAtOnce()
@@ -624,7 +714,7 @@ private slots:
 
     void tellsWhatAnExportChanged()
     {
-        const OpenBench bench;
+        OpenBench bench;
         bench.put("older.txt", "GK2\r\n\r\n2\r\n" + kCorners +
                                    "\r\n3\r\n   0,00        0,00    \r\n" +
                                    "\r\n9\r\n   5,00        5,00    \r\n");
@@ -637,6 +727,17 @@ private slots:
         QCOMPARE(bench.findings->selectionModel()->selectedIndexes().size(), 1);
         bench.exportTo(bench.file("older.txt")); // onto what was just written
         QVERIFY(bench.said("exportMessage").contains(u"nothing changed"_s));
+        const QByteArray moved = QByteArray(kCorners).replace("2,00 ", "2,40 ");
+        for (const double tolerance : {0.5, 0.3}) {
+            bench.find<QDoubleSpinBox>("spnTolerance")->setValue(tolerance);
+            bench.put("older.txt", "GK2\r\n\r\n2\r\n" + moved);
+            bench.exportTo(bench.file("older.txt"));
+            const QString counted = tolerance < 0.4 ? u"1 moved"_s : u"0 moved"_s;
+            QVERIFY2(bench.said("exportMessage").contains(counted),
+                     qPrintable(bench.said("exportMessage")));
+            DxfToolsDialog again(nullptr, &bench.store);
+            QCOMPARE(again.findChild<QDoubleSpinBox *>()->value(), tolerance);
+        }
         bench.put("foreign.txt", "no sheets");
         bench.exportTo(bench.file("foreign.txt"));
         QVERIFY(!bench.said("exportMessage").contains(u"changed"_s));

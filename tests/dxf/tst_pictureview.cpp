@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The picture stays within its limits, and a sheet is picked where it is seen.
-#include "dxf/workbench/pictureviewport_p.h"
+#include "dxf/workbench/picturezoom_p.h"
 #include "dxf/workbench/sheetpictureview_p.h"
 #include "tests/dxf/plan.h"
 #include <QWheelEvent>
@@ -39,7 +39,7 @@ struct Bench
             addBlock(plan, block, {{{x, y}, {x + 3, y}, {x + 3, y + 2}, {x, y + 2}}});
             addInsert(plan, block, {{"BL_NR", std::to_string(i)}});
         }
-        drawing = plan.Take();
+        drawing = plan.take();
         LabelSheets(drawing, CornerOrder::Upright);
         view.resize(800, 600);
         view.show();
@@ -109,27 +109,28 @@ private slots:
             return isInMiddle || (low < 15 && high > window - 15);
         };
         for (int round = 0; round < 300; ++round) {
-            PictureViewport viewport;
+            PictureZoom shown;
             QSizeF window(number(1, 900), number(1, 700));
             const QRectF picture(number(-50, 50), number(-50, 50), number(0, 3000), number(0, 900));
-            viewport.SetWindow(window);
-            viewport.SetPicture(picture, number(1, 100));
-            QVERIFY(viewport.ShowsAll());
+            shown.setWindow(window);
+            shown.setPicture(picture, number(1, 100));
+            QVERIFY(shown.showsAll());
             for (int step = 0; step < 50; ++step) {
                 const QPointF at(number(0, window.width()), number(0, window.height()));
                 const int what = random.bounded(4);
                 if (what == 0)
-                    viewport.ZoomBy(number(0.3, 3), at);
+                    shown.zoomBy(number(0.3, 3), at);
                 else if (what == 1)
-                    viewport.PanBy({number(-500, 500), number(-500, 500)});
+                    shown.panBy({number(-500, 500), number(-500, 500)});
                 else if (what == 2)
-                    viewport.SetWindow(window = {number(1, 900), number(1, 700)});
+                    shown.setWindow(window = {number(1, 900), number(1, 700)});
                 else
-                    viewport.BringInSight({viewport.ToPicture(at), QSizeF(number(0, 50), 20)});
-                const QRectF shown = viewport.ToWindow(picture);
-                QVERIFY(viewport.Zoom() >= 1 && viewport.Zoom() <= viewport.MostZoom() * 1.000001);
-                QVERIFY(isInTouch(shown.left(), shown.right(), window.width()));
-                QVERIFY(isInTouch(shown.top(), shown.bottom(), window.height()));
+                    shown.bringInSight({shown.toPicture(at), QSizeF(number(0, 50), 20)});
+                const QRectF rect = shown.toWindow(picture);
+                QVERIFY(shown.zoom() >= 1);
+                QVERIFY(shown.zoom() <= shown.mostZoom() * 1.000001);
+                QVERIFY(isInTouch(rect.left(), rect.right(), window.width()));
+                QVERIFY(isInTouch(rect.top(), rect.bottom(), window.height()));
             }
         }
     }

@@ -202,7 +202,7 @@ private slots:
         addBlock(plan, "bad", {kFrame, kFrame});
         for (const char *block : {"empty", "sheet", "nowhere", "bad", "sheet", "bad", "empty"})
             addInsert(plan, block, {{"BL_NR", "7"}, {"TYP", block}});
-        const DxfDrawing drawing = plan.Take();
+        const DxfDrawing drawing = plan.take();
         PlacingResult placed = PlaceInserts(drawing);
         QVERIFY(bool(placed));
         QCOMPARE(placed.drawing.Inserts().size(), drawing.Inserts().size());

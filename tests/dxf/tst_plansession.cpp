@@ -206,7 +206,7 @@ private slots:
             const std::string text = i % 3 == 0 ? name : i % 3 == 1 ? "1,00     2,00" : "";
             addInsert(builder, name, {{i % 7 == 0 ? "OTHER" : "BL_NR", text}});
         }
-        DxfDrawing drawing = builder.Take();
+        DxfDrawing drawing = builder.take();
         for (const DxfBlock &block : drawing.Blocks())
             for (const quint32 i : {0U, 1U})
                 drawing.SetCorner(drawing.Polylines(block)[0], i,

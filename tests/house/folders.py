@@ -68,7 +68,7 @@ class House:
     def file_faults(self, path, source):
         # Of the sources for one system, CMake lists those of this one.
         is_alone = source.endswith("_p.h") or "/platform/" in source or \
-            re.search(r"_(windows|unix)\.cpp$", source)
+            re.search(r"_(linux|macos|unix|windows)\.cpp$", source)
         if self.folder(source) and not is_alone and source not in self.builder:
             yield f"{source}: in no CMake list"
         for spelling, target in INCLUDE.findall(path.read_text(encoding="utf-8")):

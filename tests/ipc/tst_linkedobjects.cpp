@@ -8,7 +8,7 @@ using namespace Qt::Literals::StringLiterals;
 
 using Links = std::vector<KeloLinkedObject>;
 
-class TestLinkedObjects : public QObject
+class TestLinkedObjects : public DatabaseTest
 {
     Q_OBJECT
 
@@ -17,10 +17,7 @@ private slots:
 
     void init()
     {
-        QFETCH_GLOBAL(const bool, isServer);
-        m_dir = std::make_unique<QTemporaryDir>();
-        m_place = emptyPlace(isServer, *m_dir);
-        m_database = std::make_unique<Database>(m_place);
+        makeEmptyDatabase();
         m_objects = std::make_unique<LinkedObjects>(*m_database);
         QVERIFY(m_objects->Open());
     }
@@ -123,9 +120,6 @@ private:
     }
 
     const Links m_link{{"A", u"plan"_s, {1, 2}, 3, 4}};
-    std::unique_ptr<QTemporaryDir> m_dir;
-    DatabasePlace m_place;
-    std::unique_ptr<Database> m_database;
     std::unique_ptr<LinkedObjects> m_objects; ///< open, on empty tables
 };
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Angles, sectors, places and steps of pie menus, without any window.
+#include "core/contrast_p.h"
 #include "menus/piecolors_p.h"
 #include "menus/piegeometry_p.h"
 #include "menus/pielayout_p.h"
@@ -229,14 +230,14 @@ void TestPieGeometry::colorsCanBeTold()
                             : round % 3 == 1 ? QColor(Qt::black)
                                              : QColor(random.generate());
         const QColor readable = pie::readableFill(fill, text);
-        QVERIFY(pie::contrast(readable, text) >= pie::kReadableContrast);
-        QCOMPARE(readable == fill, pie::contrast(fill, text) >= pie::kReadableContrast);
+        QVERIFY(colors::contrast(readable, text) >= colors::kReadableContrast);
+        QCOMPARE(readable == fill, colors::contrast(fill, text) >= colors::kReadableContrast);
     }
-    QCOMPARE(std::round(pie::contrast(Qt::white, Qt::black)), 21.0);
+    QCOMPARE(std::round(colors::contrast(Qt::white, Qt::black)), 21.0);
     const auto lines = [](const QColor &window, const QColor &ink) {
         QPalette palette(window, window);
         palette.setColor(QPalette::WindowText, ink);
-        return pie::contrast(pie::Colors(palette).separator, window);
+        return colors::contrast(pie::Colors(palette).separator, window);
     };
     QVERIFY(lines(Qt::black, Qt::white) > 4.5 && lines(Qt::white, Qt::black) > 3);
     QVERIFY(lines(QColor(239, 239, 239), Qt::black) < 2); // does not shout

@@ -34,6 +34,16 @@ QJsonObject readBack(const QString &file)
     return QJsonDocument::fromJson(reader.readAllStandardOutput()).object();
 }
 
+/// The part of a workbook that holds one of its sheets.
+QByteArray unpackedSheet(const QString &file, int number)
+{
+    const QString script = u"import sys,zipfile; z=zipfile.ZipFile(sys.argv[1]); "
+                           "sys.stdout.buffer.write(z.read('xl/worksheets/sheet%1.xml'))"_s;
+    QProcess unzip;
+    unzip.start(kPython, {u"-c"_s, script.arg(number), file});
+    return unzip.waitForFinished() ? unzip.readAllStandardOutput() : QByteArray();
+}
+
 QByteArray compact(const QJsonValue &value)
 {
     return QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
@@ -264,12 +274,7 @@ private slots:
         QCOMPARE(result.rows, kRows);
         QCOMPARE(countOf(result, FindingKind::SheetContinued), 1);
         QCOMPARE(result.findings.constFirst().first, u"Blatt 2"_s);
-        const QString script = u"import sys,zipfile; z=zipfile.ZipFile(sys.argv[1]); "
-                               "sys.stdout.buffer.write(z.read('xl/worksheets/sheet2.xml'))"_s;
-        QProcess unzip;
-        unzip.start(kPython, {u"-c"_s, script, file});
-        QVERIFY(unzip.waitForFinished());
-        const QByteArray unpacked = unzip.readAllStandardOutput();
+        const QByteArray unpacked = unpackedSheet(file, 2);
         QCOMPARE(unpacked.count("<row "), 3); // header and the two
         QVERIFY(unpacked.contains("<v>1048576</v>"));
     }
@@ -338,6 +343,33 @@ private slots:
         }
         QCOMPARE(bytesOf(file), "old");
         QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files | QDir::Hidden), QStringList{name});
+    }
+
+    /// Packing is asked again and again whether to go on, and ends without looking at the rest.
+    void endsPacking()
+    {
+        const QString file = path(u"long.xlsx"_s);
+        writeBytes(file, "old");
+        int asked = 0;
+        int most = 0;
+        const auto goesOn = [&](qint64) { return ++asked < most; };
+        const auto pack = [&](int mostAsked) {
+            most = std::numeric_limits<int>::max();
+            TableWriter writer({file, Format::Xlsx, BackEnd::Library, {}, {}, goesOn});
+            writer.BeginSheet({u"S"_s, QList<Column>(10, Column{u"c"_s})});
+            const std::vector<Cell> cells(10, u"a text that packs well"_s);
+            for (int row = 0; row < 60'000; ++row)
+                writer.AddRow(cells);
+            asked = 0;
+            most = mostAsked;
+            return writer.Finish();
+        };
+        QVERIFY(pack(3).isCancelled);
+        QCOMPARE(asked, 3);
+        QCOMPARE(bytesOf(file), "old");
+        QVERIFY(pack(std::numeric_limits<int>::max()));
+        QVERIFY2(asked > 4, QByteArray::number(asked)); // without packing: 3
+        QCOMPARE(unpackedSheet(file, 1).count("<row "), 60'001);
     }
 
     void exportsModels()

@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 #include <kelo_base/core/Database.h>
+#include <memory>
 
 /// In initTestCase_data(): runs every test with each kind of database that is there.
 inline void addDatabaseKinds()
@@ -39,6 +40,24 @@ inline DatabasePlace emptyPlace(bool isServer, const QTemporaryDir &dir)
     }
     return place;
 }
+
+/// A test whose functions each begin with an empty database, of every kind that is there.
+class DatabaseTest : public QObject
+{
+protected:
+    void makeEmptyDatabase()
+    {
+        QFETCH_GLOBAL(const bool, isServer);
+        m_database.reset();
+        m_dir = std::make_unique<QTemporaryDir>();
+        m_place = emptyPlace(isServer, *m_dir);
+        m_database = std::make_unique<Database>(m_place);
+    }
+
+    std::unique_ptr<QTemporaryDir> m_dir; ///< of the embedded database
+    DatabasePlace m_place;
+    std::unique_ptr<Database> m_database; ///< not open yet
+};
 
 /// Ends all other connections to the server, as its operator may.
 inline bool endOtherConnections()

@@ -13,39 +13,39 @@
 /// The picture stays in touch with the window: in a direction in which there is more of it than the
 /// window can show, it covers the window up to a margin; in one in which there is less, it stands
 /// in the middle.
-class PictureViewport
+class PictureZoom
 {
 public:
     /// Shows all of the picture.
     /// @param detail  size of what should fill the window at the largest zoom, above 0
-    void SetPicture(const QRectF &bounds, double detail);
+    void setPicture(const QRectF &bounds, double detail);
     /// A view of all stays one; any other keeps its scale and its middle.
-    void SetWindow(QSizeF size);
+    void setWindow(QSizeF size);
 
     /// Pixels of the window for one of the picture, above 0.
-    [[nodiscard]] double Scale() const { return m_scale; }
-    /// The scale, where 1 shows all of the picture: from 1 to MostZoom().
-    [[nodiscard]] double Zoom() const { return m_scale / fittingScale(); }
-    [[nodiscard]] double MostZoom() const;
-    [[nodiscard]] bool ShowsAll() const { return Zoom() <= 1; }
+    [[nodiscard]] double scale() const { return m_scale; }
+    /// The scale, where 1 shows all of the picture: from 1 to mostZoom().
+    [[nodiscard]] double zoom() const { return m_scale / fittingScale(); }
+    [[nodiscard]] double mostZoom() const;
+    [[nodiscard]] bool showsAll() const { return zoom() <= 1; }
 
-    [[nodiscard]] QPointF ToWindow(QPointF picture) const { return m_origin + picture * m_scale; }
-    [[nodiscard]] QPointF ToPicture(QPointF window) const { return (window - m_origin) / m_scale; }
-    [[nodiscard]] QRectF ToWindow(const QRectF &picture) const;
-    [[nodiscard]] QRectF ToPicture(const QRectF &window) const;
+    [[nodiscard]] QPointF toWindow(QPointF picture) const { return m_origin + picture * m_scale; }
+    [[nodiscard]] QPointF toPicture(QPointF window) const { return (window - m_origin) / m_scale; }
+    [[nodiscard]] QRectF toWindow(const QRectF &picture) const;
+    [[nodiscard]] QRectF toPicture(const QRectF &window) const;
     /// Where the picture's (0, 0) is in the window.
-    [[nodiscard]] QPointF Origin() const { return m_origin; }
+    [[nodiscard]] QPointF origin() const { return m_origin; }
 
-    void ShowAll();
+    void showAll();
     /// What is at @p fixed stays there, as far as the limits let it.
-    void ZoomBy(double factor, QPointF fixed);
+    void zoomBy(double factor, QPointF fixed);
     /// Moves the picture.
-    void PanBy(QPointF way);
+    void panBy(QPointF way);
     /// Brings it to the middle, as large as a third of the window.
-    void ZoomTo(const QRectF &part);
+    void zoomTo(const QRectF &part);
     /// Moves no more than it takes to see all of it. Zooms only when it would be too small to be
     /// seen or too large for the window.
-    void BringInSight(const QRectF &part);
+    void bringInSight(const QRectF &part);
 
 private:
     [[nodiscard]] double fittingScale() const;

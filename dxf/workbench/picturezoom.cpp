@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Zooms and pans within limits, and finds figures.
-#include "dxf/workbench/pictureviewport_p.h"
+#include "dxf/workbench/picturezoom_p.h"
 
 #include "dxf/sheets/figurelayout_p.h"
 #include "dxf/sheets/sheetpainter_p.h"
@@ -79,98 +79,98 @@ bool crosses(const QLineF &line, const QRectF &area)
 
 } // namespace
 
-void PictureViewport::SetPicture(const QRectF &bounds, double detail)
+void PictureZoom::setPicture(const QRectF &bounds, double detail)
 {
     m_picture = bounds;
     m_detail = detail;
-    ShowAll();
+    showAll();
 }
 
-void PictureViewport::SetWindow(QSizeF size)
+void PictureZoom::setWindow(QSizeF size)
 {
-    const bool showedAll = ShowsAll();
-    const QPointF middle = ToPicture(QRectF(QPointF(), m_window).center());
+    const bool showedAll = showsAll();
+    const QPointF middle = toPicture(QRectF(QPointF(), m_window).center());
     m_window = size;
     if (showedAll)
-        return ShowAll();
-    m_scale = std::clamp(m_scale, fittingScale(), fittingScale() * MostZoom());
+        return showAll();
+    m_scale = std::clamp(m_scale, fittingScale(), fittingScale() * mostZoom());
     m_origin = QRectF(QPointF(), m_window).center() - middle * m_scale;
     keepInTouch();
 }
 
-double PictureViewport::MostZoom() const
+double PictureZoom::mostZoom() const
 {
     const double detailed = std::min(m_window.width(), m_window.height()) / m_detail;
     return std::clamp(detailed / fittingScale(), 1.0, kFarthestZoom);
 }
 
-QRectF PictureViewport::ToWindow(const QRectF &picture) const
+QRectF PictureZoom::toWindow(const QRectF &picture) const
 {
-    return {ToWindow(picture.topLeft()), picture.size() * m_scale};
+    return {toWindow(picture.topLeft()), picture.size() * m_scale};
 }
 
-QRectF PictureViewport::ToPicture(const QRectF &window) const
+QRectF PictureZoom::toPicture(const QRectF &window) const
 {
-    return {ToPicture(window.topLeft()), window.size() / m_scale};
+    return {toPicture(window.topLeft()), window.size() / m_scale};
 }
 
-void PictureViewport::ShowAll()
+void PictureZoom::showAll()
 {
     m_scale = fittingScale();
     keepInTouch();
 }
 
-void PictureViewport::ZoomBy(double factor, QPointF fixed)
+void PictureZoom::zoomBy(double factor, QPointF fixed)
 {
     setScale(m_scale * factor, fixed);
 }
 
-void PictureViewport::PanBy(QPointF way)
+void PictureZoom::panBy(QPointF way)
 {
     m_origin += way;
     keepInTouch();
 }
 
-void PictureViewport::ZoomTo(const QRectF &part)
+void PictureZoom::zoomTo(const QRectF &part)
 {
     constexpr double kPart = 1.0 / 3;
     const double scale = std::min(fitting(m_window.width() * kPart, part.width()),
                                   fitting(m_window.height() * kPart, part.height()));
     const QPointF middle = part.center();
-    setScale(scale, ToWindow(middle));
-    PanBy(QRectF(QPointF(), m_window).center() - ToWindow(middle));
+    setScale(scale, toWindow(middle));
+    panBy(QRectF(QPointF(), m_window).center() - toWindow(middle));
 }
 
-void PictureViewport::BringInSight(const QRectF &part)
+void PictureZoom::bringInSight(const QRectF &part)
 {
-    const QRectF shown = ToWindow(part);
+    const QRectF shown = toWindow(part);
     const bool isLost = std::max(shown.width(), shown.height()) < kSmallest;
     const bool isTooLarge = shown.width() > m_window.width() || shown.height() > m_window.height();
     if (isLost || isTooLarge)
-        return ZoomTo(part);
-    PanBy({wayInto(shown.left(), shown.right(), m_window.width()),
+        return zoomTo(part);
+    panBy({wayInto(shown.left(), shown.right(), m_window.width()),
            wayInto(shown.top(), shown.bottom(), m_window.height())});
 }
 
-double PictureViewport::fittingScale() const
+double PictureZoom::fittingScale() const
 {
     const double scale = std::min(fitting(m_window.width(), m_picture.width()),
                                   fitting(m_window.height(), m_picture.height()));
     return std::isnormal(scale) ? scale : 1;
 }
 
-void PictureViewport::setScale(double scale, QPointF fixed)
+void PictureZoom::setScale(double scale, QPointF fixed)
 {
-    const QPointF at = ToPicture(fixed);
+    const QPointF at = toPicture(fixed);
     const double least = fittingScale();
-    m_scale = std::clamp(scale, least, least * MostZoom());
+    m_scale = std::clamp(scale, least, least * mostZoom());
     m_origin = fixed - at * m_scale;
     keepInTouch();
 }
 
-void PictureViewport::keepInTouch()
+void PictureZoom::keepInTouch()
 {
-    const QRectF shown = ToWindow(m_picture);
+    const QRectF shown = toWindow(m_picture);
     const QPointF inTouch(touching(shown.left(), shown.width(), m_window.width()),
                           touching(shown.top(), shown.height(), m_window.height()));
     m_origin += inTouch - shown.topLeft();

@@ -1,0 +1,83 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
+# What goes with a program that people get: it finds the library beside which it is installed, and
+# has manual page, completion and icons.
+
+# From the folder of the programs to that of the library: the installed tree may be moved.
+set(from ${CMAKE_INSTALL_FULL_BINDIR})
+cmake_path(RELATIVE_PATH CMAKE_INSTALL_FULL_LIBDIR BASE_DIRECTORY ${from} OUTPUT_VARIABLE to)
+if(NOT APPLE)
+  set(kelo_program_rpath "$ORIGIN/${to}")
+else()
+  set(kelo_program_rpath "@loader_path/${to}")
+endif()
+
+set(kelo_manuals_dir ${PROJECT_BINARY_DIR}/manuals)
+if(KELO_BASE_PACKAGING)
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+  find_program(KELO_GZIP gzip REQUIRED)
+  find_program(KELO_HELP2MAN help2man REQUIRED)  # called by packaging/manual.sh
+  find_program(KELO_RSVG_CONVERT rsvg-convert REQUIRED)
+  file(MAKE_DIRECTORY ${kelo_manuals_dir})
+endif()
+
+# Declares that people get this program.
+function(kelo_program name)
+  set_target_properties(${name} PROPERTIES INSTALL_RPATH "${kelo_program_rpath}")
+  if(KELO_BASE_PACKAGING)
+    kelo_manual_page(${name})
+    kelo_completion(${name})
+    kelo_icons(${name})
+  endif()
+endfunction()
+
+# How the help is asked for: in English, and without a screen.
+set(kelo_in_english ${CMAKE_COMMAND} -E env --unset=LANGUAGE LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen)
+
+# Manual page and completion are made of what the program prints for --help, so they cannot disagree.
+function(kelo_manual_page name)
+  set(page ${kelo_manuals_dir}/${name}.1)
+  set(maker ${PROJECT_SOURCE_DIR}/packaging/manual.sh)
+  add_custom_command(OUTPUT ${page}.gz
+    DEPENDS ${name} ${maker} ${PROJECT_SOURCE_DIR}/packaging/manual.h2m
+    COMMAND ${kelo_in_english} ${maker} $<TARGET_FILE:${name}> ${PROJECT_VERSION} ${page}
+    COMMAND ${KELO_GZIP} -9nf ${page} VERBATIM)
+  add_custom_target(${name}_manual ALL DEPENDS ${page}.gz)
+  install(FILES ${page}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+endfunction()
+
+function(kelo_completion name)
+  set(bash ${kelo_manuals_dir}/${name})
+  set(zsh ${kelo_manuals_dir}/_${name})
+  set(fish ${kelo_manuals_dir}/${name}.fish)
+  set(maker ${PROJECT_SOURCE_DIR}/packaging/completion.py)
+  add_custom_command(OUTPUT ${bash} ${zsh} ${fish} DEPENDS ${name} ${maker}
+    COMMAND ${kelo_in_english} ${Python3_EXECUTABLE} ${maker} $<TARGET_FILE:${name}>
+      ${kelo_manuals_dir} VERBATIM)
+  add_custom_target(${name}_completion ALL DEPENDS ${bash} ${zsh} ${fish})
+  install(FILES ${bash} DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+  install(FILES ${zsh} DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+  install(FILES ${fish} DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+endfunction()
+
+# Of programs that have a picture; the sizes are the icon theme's. The smallest may have one of their
+# own, NAME-small.svg.
+function(kelo_icons name)
+  get_target_property(folder ${name} SOURCE_DIR)
+  set(picture ${folder}/${name}.svg)
+  if(NOT EXISTS ${picture})
+    return()
+  endif()
+  foreach(size IN ITEMS 16 22 24 32 48 64 128 256 512)
+    set(icon ${kelo_manuals_dir}/${name}-${size}.png)
+    set(source ${picture})
+    if(size LESS_EQUAL 24 AND EXISTS ${folder}/${name}-small.svg)
+      set(source ${folder}/${name}-small.svg)
+    endif()
+    add_custom_command(OUTPUT ${icon} DEPENDS ${source}
+      COMMAND ${KELO_RSVG_CONVERT} --width ${size} --height ${size} --output ${icon} ${source})
+    install(FILES ${icon} RENAME ${name}.png
+      DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps)
+    list(APPEND icons ${icon})
+  endforeach()
+  add_custom_target(${name}_icons ALL DEPENDS ${icons})
+endfunction()
