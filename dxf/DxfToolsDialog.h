@@ -26,6 +26,10 @@ public:
     explicit DxfToolsDialog(QWidget *parent = nullptr, QSettings *store = nullptr);
     ~DxfToolsDialog() override;
 
+    /// Makes it a part of another window, for good: no button to close it, results below the steps,
+    /// and drops are left to the window. To be called before it is shown.
+    void SetEmbedded();
+
     /// Reads, analyses and shows a plan; returns when that is done.
     /// @return false when the plan shown is still the one of before: the reason stands in the
     ///     dialog. Also while another plan is being read or a table written, which goes on.

@@ -236,6 +236,62 @@ class Plan:
                 values[b"block"] = self.coding.text(f"Mappe_{index + 1}")
             yield (unnumbered if fault in ("no-number", "nested") else insert) % values
             yield noise[index % len(noise)] % values
+        if self.options.backdrop:
+            for index in range(self.sheets):
+                yield self.coding.template(self.village(index)) % {
+                    b"h": self.handle(2 * self.sheets + index)}
+
+    # What a village looks like on a sheet: a street from west to east, houses at both sides
+
+    def village(self, index):
+        dice = random.Random(self.options.seed * 1000 + index)
+        x, y, turn = self.centre(index)
+        cosine, sine = math.cos(turn), math.sin(turn)
+        number = iter(range(2, 0xFFF, 8))  # handles; a frame takes six
+
+        def place(along, across):
+            return x + cosine * along - sine * across, y + sine * along + cosine * across
+
+        def rectangle(along, across, width, depth):
+            return self.polyline(next(number), "GEBÄUDE" if self.options.umlauts else "WEGE",
+                                 [place(along + a * width, across + b * depth)
+                                  for a, b in ((0, 0), (1, 0), (1, 1), (0, 1))])
+
+        def stroke(begin, end):
+            pairs = self.head("LINE", next(number), "WEGE", "AcDbLine")
+            return pairs + point(*place(*begin)) + point(*place(*end), 11)
+
+        def words(along, across, height, value):
+            pairs = self.head("TEXT", next(number), "0", "AcDbText") + point(*place(along, across))
+            return pairs + [(40, height), (1, value), (50, math.degrees(turn))]
+
+        half = WIDTH / 2
+        pairs = stroke((-half, -6), (half, -6)) + stroke((-half, 6), (half, 6))
+        pairs += words(-60, -3, 7, self.streets[index // self.columns % 4])
+        for side in (1, -1):
+            pairs += stroke((-half, side * 105), (half, side * 105))  # the ends of the gardens
+            along = -half + dice.uniform(5, 20)
+            while along < half - 60:
+                width, depth = dice.uniform(14, 26), dice.uniform(11, 17)
+                across = side * dice.uniform(16, 30) - (depth if side < 0 else 0)
+                pairs += rectangle(along, across, width, depth)
+                pairs += words(along + 3, across + 3, 4, str(dice.randrange(1, 90)))
+                if dice.random() < 0.4:
+                    pairs += rectangle(along + width + 3, side * 60, 9, 7)
+                for _ in range(dice.randrange(3)):
+                    tree = place(along + dice.uniform(0, 35), side * dice.uniform(50, 100))
+                    pairs += self.head("CIRCLE", next(number), "0", "AcDbCircle")
+                    pairs += point(*tree) + [(40, dice.uniform(2, 4.5))]
+                along += width + dice.uniform(18, 32)
+                pairs += stroke((along - 8, side * 6), (along - 8, side * 105))
+            if index % 3 == 1:  # a way to the fields, with a place to turn
+                pairs += stroke((-4, side * 105), (-4, side * 170))
+                pairs += stroke((4, side * 105), (4, side * 170))
+                pairs += self.head("ARC", next(number), "WEGE", "AcDbCircle")
+                start = math.degrees(turn) + (-60 if side > 0 else 120)
+                pairs += point(*place(0, side * 177)) + [(40, 8.0), (50, start),
+                                                         (51, start + 300)]
+        return pairs
 
     # What else is drawn
 
@@ -308,6 +364,7 @@ def arguments():
     add("--attributes", type=int, choices=(1, 2, 3), default=1,
         help="attributes of an insert: BL_NR, MASSSTAB, TITEL (1)")
     add("--noise", type=int, default=0, help="other entities for each sheet (0)")
+    add("--backdrop", action="store_true", help="streets, houses and trees on the sheets")
     add("--rotated", action="store_true", help="sheets follow winding roads")
     add("--umlauts", action="store_true", help="umlauts in names and titles")
     add("--fault", choices=FAULTS, action="append", default=[],

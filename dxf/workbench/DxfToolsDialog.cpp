@@ -22,6 +22,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QShortcut>
+#include <QSplitter>
 #include <QTimer>
 #include <QUrl>
 #include <algorithm>
@@ -115,6 +116,14 @@ DxfToolsDialog::~DxfToolsDialog()
 {
     if (isVisible())
         m_parts->layout.save();
+}
+
+void DxfToolsDialog::SetEmbedded()
+{
+    setWindowFlags(Qt::Widget);
+    setAcceptDrops(false);
+    m_parts->form.closeButton().hide();
+    m_parts->form.sides().setOrientation(Qt::Vertical); // as wide as a column of them
 }
 
 bool DxfToolsDialog::ReadFile(const QString &path)

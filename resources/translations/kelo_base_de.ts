@@ -35,6 +35,49 @@
     </message>
 </context>
 <context>
+    <name>CommandLine</name>
+    <message>
+        <source>Shows the sheets of DXF plans with what is drawn around them.</source>
+        <translation>Zeigt die Blätter von DXF-Plänen mit dem, was um sie herum gezeichnet ist.</translation>
+    </message>
+    <message>
+        <source>DXF plans to open; a sample when there is none.</source>
+        <translation>Zu öffnende DXF-Pläne; ohne Angabe ein Beispiel.</translation>
+    </message>
+    <message>
+        <source>Exchange commands with the partner in this folder.</source>
+        <translation>Befehle mit dem Partnerprogramm in diesem Ordner austauschen.</translation>
+    </message>
+    <message>
+        <source>Write a picture of the window as PNG, and leave.</source>
+        <translation>Ein Bild des Fensters als PNG schreiben und enden.</translation>
+    </message>
+    <message>
+        <source>Size of the picture in pixels, as in 1280x800.</source>
+        <translation>Größe des Bildes in Pixeln, wie in 1280x800.</translation>
+    </message>
+    <message>
+        <source>Show this place from this height, in metres; the angle, in degrees, is that between east and the right of the screen.</source>
+        <translation>Diesen Ort aus dieser Höhe in Metern zeigen; der Winkel in Grad ist der zwischen Osten und der rechten Seite des Bildschirms.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no size: wanted is WIDTHxHEIGHT, each from 1 to 16384</source>
+        <translation>„%1“ ist keine Größe: verlangt ist BREITExHÖHE, beide von 1 bis 16384</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no view: wanted is X,Y,HEIGHT or X,Y,HEIGHT,ANGLE with a height above 0</source>
+        <translation>„%1“ ist keine Ansicht: verlangt ist X,Y,HÖHE oder X,Y,HÖHE,WINKEL mit einer Höhe über 0</translation>
+    </message>
+    <message>
+        <source>Colours of the picture: light or dark.</source>
+        <translation>Farben des Bildes: light (hell) oder dark (dunkel).</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no theme: wanted is light or dark</source>
+        <translation>„%1“ ist kein Thema: verlangt ist light oder dark</translation>
+    </message>
+</context>
+<context>
     <name>CoreFacadeI</name>
     <message>
         <source>&apos;%1&apos; could not be started: %2.</source>
@@ -1023,6 +1066,91 @@
     </message>
 </context>
 <context>
+    <name>FileCommands</name>
+    <message>
+        <source>it is a folder</source>
+        <translation>es ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>it is write-protected</source>
+        <translation>sie ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>%1 was not written: %2</source>
+        <translation>%1 wurde nicht geschrieben: %2</translation>
+    </message>
+    <message>
+        <source>%1 is the plan itself</source>
+        <translation>%1 ist der Plan selbst</translation>
+    </message>
+    <message>
+        <source>%1 is no GK2 file, and stays as it is</source>
+        <translation>%1 ist keine GK2-Datei und bleibt, wie sie ist</translation>
+    </message>
+    <message>
+        <source>There are no sheets to be written, and %1 stays as it is</source>
+        <translation>Es sind keine Blätter zu schreiben, und %1 bleibt, wie es ist</translation>
+    </message>
+    <message>
+        <source>Open plans</source>
+        <translation>Pläne öffnen</translation>
+    </message>
+    <message>
+        <source>DXF plans (*.dxf *.DXF);;All files (*)</source>
+        <translation>DXF-Pläne (*.dxf *.DXF);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Export as GK2</source>
+        <translation>Als GK2 exportieren</translation>
+    </message>
+    <message>
+        <source>GK2 files (*.txt);;All files (*)</source>
+        <translation>GK2-Dateien (*.txt);;Alle Dateien (*)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sheets were written to %1</source>
+        <translation>
+            <numerusform>%n Blätter wurden in %1 geschrieben</numerusform>
+            <numerusform>%n Blätter wurden in %1 geschrieben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Export as table</source>
+        <translation>Als Tabelle exportieren</translation>
+    </message>
+    <message>
+        <source>Tables (*.xlsx *.ods *.csv *.pdf);;All files (*)</source>
+        <translation>Tabellen (*.xlsx *.ods *.csv *.pdf);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>%1 has none of the endings .xlsx, .ods, .csv and .pdf</source>
+        <translation>%1 hat keine der Endungen .xlsx, .ods, .csv und .pdf</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n rows were written to %1</source>
+        <translation>
+            <numerusform>%n Zeilen wurden in %1 geschrieben</numerusform>
+            <numerusform>%n Zeilen wurden in %1 geschrieben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Save picture</source>
+        <translation>Bild speichern</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png)</source>
+        <translation>Bilder (*.png)</translation>
+    </message>
+    <message>
+        <source>1 sheet was written to %1</source>
+        <translation>1 Blatt wurde in %1 geschrieben</translation>
+    </message>
+    <message>
+        <source>1 row was written to %1</source>
+        <translation>1 Zeile wurde in %1 geschrieben</translation>
+    </message>
+</context>
+<context>
     <name>FindingModel</name>
     <message>
         <source>Line %1: %2</source>
@@ -1030,10 +1158,64 @@
     </message>
 </context>
 <context>
+    <name>LinkDock</name>
+    <message>
+        <source>Linked sheets</source>
+        <translation>Verknüpfte Blätter</translation>
+    </message>
+    <message>
+        <source>Sheets that show it:</source>
+        <translation>Blätter, die es zeigen:</translation>
+    </message>
+    <message>
+        <source>Objects of this sheet:</source>
+        <translation>Objekte dieses Blattes:</translation>
+    </message>
+    <message>
+        <source>No sheet shows the object %1</source>
+        <translation>Kein Blatt zeigt das Objekt %1</translation>
+    </message>
+    <message>
+        <source>There is no database</source>
+        <translation>Es gibt keine Datenbank</translation>
+    </message>
+    <message>
+        <source>Sheets that show %1:</source>
+        <translation>Blätter, die %1 zeigen:</translation>
+    </message>
+    <message>
+        <source>%1, sheet %2</source>
+        <translation>%1, Blatt %2</translation>
+    </message>
+    <message>
+        <source>Link an object</source>
+        <translation>Objekt verknüpfen</translation>
+    </message>
+    <message>
+        <source>Identifier of the object at the middle of the view:</source>
+        <translation>Kennung des Objekts in der Mitte der Ansicht:</translation>
+    </message>
+</context>
+<context>
     <name>LinkedObjects</name>
     <message>
         <source>A link lacks its object or a finite number.</source>
         <translation>Einer Verknüpfung fehlt das Objekt oder eine endliche Zahl.</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>%1 - Plan viewer</source>
+        <translation>%1 - Planbetrachter</translation>
+    </message>
+    <message>
+        <source>Plan viewer</source>
+        <translation>Planbetrachter</translation>
     </message>
 </context>
 <context>
@@ -1231,6 +1413,13 @@
     </message>
 </context>
 <context>
+    <name>NoticeBar</name>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
     <name>OfferModel</name>
     <message>
         <source>%1 (1 insert)</source>
@@ -1247,6 +1436,61 @@
     <message>
         <source>(empty)</source>
         <translation>(leer)</translation>
+    </message>
+</context>
+<context>
+    <name>PartnerChannel</name>
+    <message>
+        <source>The partner does not carry the command out</source>
+        <translation>Das Partnerprogramm führt den Befehl nicht aus</translation>
+    </message>
+    <message>
+        <source>The partner does not answer</source>
+        <translation>Das Partnerprogramm antwortet nicht</translation>
+    </message>
+    <message>
+        <source>Commands cannot be exchanged in %1: another viewer uses it, or it cannot be written to</source>
+        <translation>In %1 lassen sich keine Befehle austauschen: ein anderer Betrachter benutzt es, oder es ist nicht beschreibbar</translation>
+    </message>
+    <message>
+        <source>Partner: off</source>
+        <translation>Partner: aus</translation>
+    </message>
+    <message>
+        <source>Partner: not available</source>
+        <translation>Partner: nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Partner: runs</source>
+        <translation>Partner: läuft</translation>
+    </message>
+    <message>
+        <source>Partner: waiting</source>
+        <translation>Partner: wartet</translation>
+    </message>
+    <message>
+        <source>Commands are not exchanged: see the menu &quot;Partner&quot;</source>
+        <translation>Es werden keine Befehle ausgetauscht: siehe das Menü „Partner“</translation>
+    </message>
+    <message>
+        <source>Sent to the partner</source>
+        <translation>An das Partnerprogramm gesendet</translation>
+    </message>
+    <message>
+        <source>No object is linked to this sheet</source>
+        <translation>Mit diesem Blatt ist kein Objekt verknüpft</translation>
+    </message>
+    <message>
+        <source>Start partner</source>
+        <translation>Partnerprogramm starten</translation>
+    </message>
+    <message>
+        <source>Program and arguments:</source>
+        <translation>Programm und Argumente:</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; could not be started</source>
+        <translation>„%1“ ließ sich nicht starten</translation>
     </message>
 </context>
 <context>
@@ -1469,6 +1713,28 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
 </context>
 <context>
+    <name>PlanOpener</name>
+    <message>
+        <source>%1, line %2: %3</source>
+        <translation>%1, Zeile %2: %3</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: there is not enough memory</source>
+        <translation>%1: der Speicher reicht nicht aus</translation>
+    </message>
+</context>
+<context>
+    <name>PlanView</name>
+    <message>
+        <source>Plan</source>
+        <translation>Plan</translation>
+    </message>
+</context>
+<context>
     <name>QtPieMenu</name>
     <message>
         <source>right</source>
@@ -1508,6 +1774,17 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
 </context>
 <context>
+    <name>RecentPlans</name>
+    <message>
+        <source>Open re&amp;cent</source>
+        <translation>&amp;Zuletzt gelesen</translation>
+    </message>
+    <message>
+        <source>None yet</source>
+        <translation>Noch keine</translation>
+    </message>
+</context>
+<context>
     <name>RemainingTime</name>
     <message numerus="yes">
         <source>about %n seconds left</source>
@@ -1541,6 +1818,21 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>about 1 hour left</source>
         <translation>noch etwa 1 Stunde</translation>
+    </message>
+</context>
+<context>
+    <name>Screenshot</name>
+    <message>
+        <source>%1 cannot be written</source>
+        <translation>%1 lässt sich nicht schreiben</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 lässt sich nicht schreiben: %2</translation>
+    </message>
+    <message>
+        <source>The scale of the view is not known</source>
+        <translation>Der Maßstab der Ansicht ist nicht bekannt</translation>
     </message>
 </context>
 <context>
@@ -1948,6 +2240,272 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>%1 wrote nothing</source>
         <translation>%1 hat nichts geschrieben</translation>
+    </message>
+</context>
+<context>
+    <name>StatusLine</name>
+    <message>
+        <source>Reading</source>
+        <translation>Lesen</translation>
+    </message>
+    <message>
+        <source>Sheet %1</source>
+        <translation>Blatt %1</translation>
+    </message>
+    <message>
+        <source>1 : %1, from %2 m</source>
+        <translation>1 : %1, aus %2 m</translation>
+    </message>
+    <message>
+        <source>%1  %2</source>
+        <translation>%1  %2</translation>
+    </message>
+    <message>
+        <source>Reading a plan; Escape cancels</source>
+        <translation>Ein Plan wird gelesen; Esc bricht ab</translation>
+    </message>
+    <message>
+        <source>Reading what is drawn around the sheets; Escape cancels</source>
+        <translation>Es wird gelesen, was um die Blätter herum gezeichnet ist; Esc bricht ab</translation>
+    </message>
+</context>
+<context>
+    <name>StoredViewDock</name>
+    <message>
+        <source>Stored views</source>
+        <translation>Gespeicherte Ansichten</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Store...</source>
+        <translation>&amp;Speichern …</translation>
+    </message>
+    <message>
+        <source>Sheet %1</source>
+        <translation>Blatt %1</translation>
+    </message>
+    <message>
+        <source>Store view</source>
+        <translation>Ansicht speichern</translation>
+    </message>
+    <message>
+        <source>Name of the view:</source>
+        <translation>Name der Ansicht:</translation>
+    </message>
+    <message>
+        <source>%1 cannot be shown: its plan or sheet is not there</source>
+        <translation>%1 lässt sich nicht zeigen: der Plan oder das Blatt ist nicht da</translation>
+    </message>
+</context>
+<context>
+    <name>ToolCommands</name>
+    <message>
+        <source>About this viewer</source>
+        <translation>Über diesen Betrachter</translation>
+    </message>
+    <message>
+        <source>Shows the sheets of DXF plans with what is drawn around them.</source>
+        <translation>Zeigt die Blätter von DXF-Plänen mit dem, was um sie herum gezeichnet ist.</translation>
+    </message>
+</context>
+<context>
+    <name>ViewCommands</name>
+    <message>
+        <source>There is not enough memory to place the sheets</source>
+        <translation>Der Speicher reicht nicht aus, um die Blätter zu platzieren</translation>
+    </message>
+    <message>
+        <source>Go to sheet</source>
+        <translation>Gehe zu Blatt</translation>
+    </message>
+    <message>
+        <source>Number of the sheet:</source>
+        <translation>Blattnummer:</translation>
+    </message>
+    <message>
+        <source>%1 has no sheet %2</source>
+        <translation>%1 hat kein Blatt %2</translation>
+    </message>
+    <message>
+        <source>Go to coordinates</source>
+        <translation>Gehe zu Koordinaten</translation>
+    </message>
+    <message>
+        <source>East, north, height and angle, with commas between:</source>
+        <translation>Rechtswert, Hochwert, Höhe und Winkel, mit Kommas dazwischen:</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no place: wanted are east, north and height in metres, and perhaps an angle, with commas between</source>
+        <translation>„%1“ ist kein Ort: verlangt sind Rechtswert, Hochwert und Höhe in Metern und vielleicht ein Winkel, mit Kommas dazwischen</translation>
+    </message>
+    <message>
+        <source>The scale of this view is not known</source>
+        <translation>Der Maßstab dieser Ansicht ist nicht bekannt</translation>
+    </message>
+</context>
+<context>
+    <name>ViewerActions</name>
+    <message>
+        <source>&amp;Open...</source>
+        <translation>Ö&amp;ffnen …</translation>
+    </message>
+    <message>
+        <source>&amp;Read again</source>
+        <translation>Neu &amp;lesen</translation>
+    </message>
+    <message>
+        <source>Export as &amp;GK2...</source>
+        <translation>Als &amp;GK2 exportieren …</translation>
+    </message>
+    <message>
+        <source>Export as &amp;table...</source>
+        <translation>Als &amp;Tabelle exportieren …</translation>
+    </message>
+    <message>
+        <source>Save &amp;picture...</source>
+        <translation>&amp;Bild speichern …</translation>
+    </message>
+    <message>
+        <source>&amp;Close plan</source>
+        <translation>Plan &amp;schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>B&amp;eenden</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;in</source>
+        <translation>Ver&amp;größern</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;out</source>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>Whole &amp;plan</source>
+        <translation>Ganzer &amp;Plan</translation>
+    </message>
+    <message>
+        <source>Whole &amp;sheet</source>
+        <translation>Ganzes &amp;Blatt</translation>
+    </message>
+    <message>
+        <source>Turn &amp;left</source>
+        <translation>Nach &amp;links drehen</translation>
+    </message>
+    <message>
+        <source>Turn &amp;right</source>
+        <translation>Nach &amp;rechts drehen</translation>
+    </message>
+    <message>
+        <source>&amp;North up</source>
+        <translation>&amp;Norden oben</translation>
+    </message>
+    <message>
+        <source>Pre&amp;vious view</source>
+        <translation>&amp;Vorige Ansicht</translation>
+    </message>
+    <message>
+        <source>Ne&amp;xt view</source>
+        <translation>Nä&amp;chste Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Backdrop</source>
+        <translation>&amp;Hintergrund</translation>
+    </message>
+    <message>
+        <source>Sheets where their inserts &amp;put them</source>
+        <translation>Blätter, wo ihre Blockeinfügungen sie hinse&amp;tzen</translation>
+    </message>
+    <message>
+        <source>&amp;Controls over the view</source>
+        <translation>Be&amp;dienelemente über der Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Full screen</source>
+        <translation>Voll&amp;bild</translation>
+    </message>
+    <message>
+        <source>Go to &amp;sheet...</source>
+        <translation>Gehe zu &amp;Blatt …</translation>
+    </message>
+    <message>
+        <source>Go to &amp;coordinates...</source>
+        <translation>Gehe zu &amp;Koordinaten …</translation>
+    </message>
+    <message>
+        <source>Store &amp;view...</source>
+        <translation>Ansicht &amp;speichern …</translation>
+    </message>
+    <message>
+        <source>&amp;Show in partner</source>
+        <translation>Im &amp;Partnerprogramm zeigen</translation>
+    </message>
+    <message>
+        <source>Show linked &amp;object in partner</source>
+        <translation>Verknüpftes &amp;Objekt im Partnerprogramm zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Link an object to this sheet...</source>
+        <translation>Objekt mit diesem Blatt &amp;verknüpfen …</translation>
+    </message>
+    <message>
+        <source>S&amp;tart partner...</source>
+        <translation>Partnerprogramm &amp;starten …</translation>
+    </message>
+    <message>
+        <source>&amp;Exchange commands</source>
+        <translation>Befehle &amp;austauschen</translation>
+    </message>
+    <message>
+        <source>&amp;Workbench</source>
+        <translation>&amp;Werkbank</translation>
+    </message>
+    <message>
+        <source>Stored &amp;views</source>
+        <translation>Gespeicherte &amp;Ansichten</translation>
+    </message>
+    <message>
+        <source>Linked s&amp;heets</source>
+        <translation>&amp;Verknüpfte Blätter</translation>
+    </message>
+    <message>
+        <source>&amp;Right button opens the sector menu</source>
+        <translation>&amp;Rechte Taste öffnet das Sektormenü</translation>
+    </message>
+    <message>
+        <source>&amp;About this viewer</source>
+        <translation>Ü&amp;ber diesen Betrachter</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Go</source>
+        <translation>&amp;Gehe zu</translation>
+    </message>
+    <message>
+        <source>&amp;Partner</source>
+        <translation>&amp;Partner</translation>
+    </message>
+    <message>
+        <source>&amp;Tools</source>
+        <translation>&amp;Extras</translation>
+    </message>
+</context>
+<context>
+    <name>WorkbenchDock</name>
+    <message>
+        <source>Workbench</source>
+        <translation>Werkbank</translation>
     </message>
 </context>
 <context>

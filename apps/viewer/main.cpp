@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The viewer: a host of the library to try, and to copy from.
+#include "CommandLine.h"
+#include "Viewer.h"
+#include <QApplication>
+#include <kelo_base/core/Translation.h>
+
+int main(int argc, char **argv)
+{
+    if (needsNoScreen(argc, argv) && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication app(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("kelo"));
+    QApplication::setApplicationName(QStringLiteral("viewer"));
+    QApplication::setApplicationVersion(QStringLiteral(VIEWER_VERSION));
+    InstallTranslation();
+    const CommandLine line = CommandLine::parse(QApplication::arguments());
+    if (!line.screenshot.isEmpty()) // a storage tree that is never written: the same everywhere
+        QApplication::setApplicationName(QStringLiteral("viewer-picture"));
+    return Viewer(line).run();
+}
