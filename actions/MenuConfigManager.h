@@ -44,6 +44,8 @@ public:
 
     /// The store to load from and save to, which is not owned and may die first; null: none.
     void SetSettings(QSettings *settings) { m_settings = settings; }
+    /// Null when there is none, or it has died.
+    [[nodiscard]] QSettings *GetSettings() const { return m_settings; }
     /// Initially "Default". Any name is taken; one that is no plain name, see IsConfigName(), works
     /// as a path of groups in the store, and is not among GetConfigNames().
     void SetConfigName(const QString &name);

@@ -41,6 +41,12 @@ const ActionInfo *ActionCatalogue::find(int id) const
     return place == m_places.cend() ? nullptr : &m_actions[*place];
 }
 
+std::optional<std::size_t> ActionCatalogue::placeOf(int id) const
+{
+    const auto place = m_places.constFind(id);
+    return place == m_places.cend() ? std::nullopt : std::optional(*place);
+}
+
 QString ActionCatalogue::nameOf(int id) const
 {
     const ActionInfo *info = find(id);

@@ -5,6 +5,7 @@
 #include "actions/configuration/contexts_p.h"
 #include <QHash>
 #include <QString>
+#include <optional>
 #include <vector>
 
 class ActionManager;
@@ -31,6 +32,8 @@ public:
     [[nodiscard]] const std::vector<ActionInfo> &actions() const { return m_actions; }
     /// Null for an id that is not registered.
     [[nodiscard]] const ActionInfo *find(int id) const;
+    /// Where in actions() the function stands.
+    [[nodiscard]] std::optional<std::size_t> placeOf(int id) const;
     /// The text of the function; for an unknown id a text that gives the number.
     [[nodiscard]] QString nameOf(int id) const;
     [[nodiscard]] QString categoryText(int category) const { return m_categories.value(category); }

@@ -1219,6 +1219,153 @@
     </message>
 </context>
 <context>
+    <name>MenuConfigDialog</name>
+    <message>
+        <source>&amp;Shortcuts</source>
+        <translation>Tastenkürze&amp;l</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>Rüc&amp;kgängig</translation>
+    </message>
+    <message>
+        <source>R&amp;edo</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>The menu configuration has gone; nothing can be applied any more.</source>
+        <translation>Die Menükonfiguration gibt es nicht mehr; es lässt sich nichts mehr anwenden.</translation>
+    </message>
+    <message>
+        <source>The functions have gone; nothing can be applied any more.</source>
+        <translation>Die Funktionen gibt es nicht mehr; es lässt sich nichts mehr anwenden.</translation>
+    </message>
+    <message>
+        <source>Configure Shortcuts and Menus</source>
+        <translation>Tastenkürzel und Menüs einrichten</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written; nothing was applied.</source>
+        <translation>%1 lässt sich nicht schreiben; nichts wurde angewendet.</translation>
+    </message>
+    <message>
+        <source>The shortcuts are in force, but %1 could not be written.</source>
+        <translation>Die Tastenkürzel gelten, aber %1 ließ sich nicht schreiben.</translation>
+    </message>
+    <message>
+        <source>Exchan&amp;ge</source>
+        <translation>Austau&amp;schen</translation>
+    </message>
+    <message>
+        <source>&amp;Import…</source>
+        <translation>&amp;Importieren…</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exportieren…</translation>
+    </message>
+    <message>
+        <source>Import a Configuration</source>
+        <translation>Konfiguration importieren</translation>
+    </message>
+    <message>
+        <source>Configurations (*.ini)</source>
+        <translation>Konfigurationen (*.ini)</translation>
+    </message>
+    <message>
+        <source>%1 is no longer as it was shown; nothing was imported.</source>
+        <translation>%1 ist nicht mehr wie angezeigt; nichts wurde importiert.</translation>
+    </message>
+    <message>
+        <source>import</source>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>Export the Configuration</source>
+        <translation>Konfiguration exportieren</translation>
+    </message>
+    <message>
+        <source>Conte&amp;xt Menu</source>
+        <translation>&amp;Kontextmenü</translation>
+    </message>
+</context>
+<context>
+    <name>MenuConfigFile</name>
+    <message>
+        <source>%1 claims to have %2 elements</source>
+        <translation>%1 soll %2 Einträge haben</translation>
+    </message>
+    <message>
+        <source>function %1 comes twice</source>
+        <translation>Funktion %1 kommt zweimal vor</translation>
+    </message>
+    <message>
+        <source>the keys of function %1 are too long</source>
+        <translation>die Tasten der Funktion %1 sind zu lang</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2.</source>
+        <translation>%1 lässt sich nicht lesen: %2.</translation>
+    </message>
+    <message>
+        <source>%1 is too large for a configuration.</source>
+        <translation>%1 ist zu groß für eine Konfiguration.</translation>
+    </message>
+    <message>
+        <source>%1 holds no menu configuration.</source>
+        <translation>%1 enthält keine Menükonfiguration.</translation>
+    </message>
+    <message>
+        <source>%1 is damaged: %2.</source>
+        <translation>%1 ist beschädigt: %2.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written.</source>
+        <translation>%1 lässt sich nicht schreiben.</translation>
+    </message>
+</context>
+<context>
+    <name>MenuConfigImport</name>
+    <message>
+        <source>This program does not know the function; it is kept.</source>
+        <translation>Dieses Programm kennt die Funktion nicht; sie bleibt erhalten.</translation>
+    </message>
+</context>
+<context>
+    <name>MenuConfigRivals</name>
+    <message>
+        <source>%1 is taken: %2.</source>
+        <translation>%1 ist vergeben: %2.</translation>
+    </message>
+    <message>
+        <source>%1 begins with %2, which is taken: %3.</source>
+        <translation>%1 beginnt mit %2, und das ist vergeben: %3.</translation>
+    </message>
+    <message>
+        <source>%1 is the beginning of %2, which is taken: %3.</source>
+        <translation>%1 ist der Anfang von %2, und das ist vergeben: %3.</translation>
+    </message>
+    <message>
+        <source>reserved by the program</source>
+        <translation>vom Programm reserviert</translation>
+    </message>
+    <message>
+        <source>a bookmark</source>
+        <translation>ein Lesezeichen</translation>
+    </message>
+    <message>
+        <source>%1 One more is in the way.</source>
+        <translation>%1 Eine weitere ist im Weg.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 %n more are in the way.</source>
+        <translation>
+            <numerusform>%1 %n weitere sind im Weg.</numerusform>
+            <numerusform>%1 %n weitere sind im Weg.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>MenuConfigTexts</name>
     <message>
         <source>Function %1</source>
@@ -1227,7 +1374,7 @@
     <message>
         <source>none</source>
         <comment>shortcut</comment>
-        <translation>keine</translation>
+        <translation>keines</translation>
     </message>
 </context>
 <context>
@@ -2895,6 +3042,53 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
 </context>
 <context>
+    <name>menuconfig::ImportDialog</name>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>What the import changes</source>
+        <translation>Was der Import ändert</translation>
+    </message>
+    <message>
+        <source>Take</source>
+        <translation>Übernehmen</translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <translation>Jetzt</translation>
+    </message>
+    <message>
+        <source>Then</source>
+        <translation>Danach</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Anmerkung</translation>
+    </message>
+    <message>
+        <source>&amp;Import</source>
+        <translation>&amp;Importieren</translation>
+    </message>
+    <message>
+        <source>Take &amp;all</source>
+        <translation>&amp;Alle übernehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Skip all</source>
+        <translation>A&amp;lle überspringen</translation>
+    </message>
+    <message>
+        <source>Context menu</source>
+        <translation>Kontextmenü</translation>
+    </message>
+    <message>
+        <source>slots: %1</source>
+        <translation>Plätze: %1</translation>
+    </message>
+</context>
+<context>
     <name>menuconfig::MenuPreview</name>
     <message>
         <source>Preview of the context menu</source>
@@ -2903,6 +3097,187 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>More than one entry is chosen by the letter: %1</source>
         <translation>Mehr als ein Eintrag wird gewählt mit dem Buchstaben: %1</translation>
+    </message>
+</context>
+<context>
+    <name>menuconfig::ShortcutEditor</name>
+    <message>
+        <source>Shortcut</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Type a shortcut, such as Ctrl+K, or record it</source>
+        <translation>Tastenkürzel eingeben, etwa Strg+K, oder aufnehmen</translation>
+    </message>
+    <message>
+        <source>Re&amp;move</source>
+        <translation>&amp;Entfernen</translation>
+    </message>
+    <message>
+        <source>Reassi&amp;gn</source>
+        <translation>&amp;Umverteilen</translation>
+    </message>
+    <message>
+        <source>&amp;Keep both</source>
+        <translation>&amp;Beide behalten</translation>
+    </message>
+    <message>
+        <source>Kee&amp;p the old one</source>
+        <translation>Altes behalte&amp;n</translation>
+    </message>
+    <message>
+        <source>Shortcut of “%1”</source>
+        <translation>Tastenkürzel von „%1“</translation>
+    </message>
+    <message>
+        <source>Choose a function to change its shortcut</source>
+        <translation>Zum Ändern eines Tastenkürzels eine Funktion auswählen</translation>
+    </message>
+    <message>
+        <source>Press up to four keys; a pause ends the recording.</source>
+        <translation>Bis zu vier Tasten drücken; eine Pause beendet die Aufnahme.</translation>
+    </message>
+    <message>
+        <source>This cannot be read as keys.</source>
+        <translation>Das lässt sich nicht als Tasten lesen.</translation>
+    </message>
+    <message>
+        <source>remove the shortcut of “%1”</source>
+        <translation>Tastenkürzel von „%1“ entfernen</translation>
+    </message>
+    <message>
+        <source>shortcut of “%1”</source>
+        <translation>Tastenkürzel von „%1“</translation>
+    </message>
+    <message>
+        <source>reassign %1</source>
+        <translation>%1 umverteilen</translation>
+    </message>
+    <message>
+        <source>Recor&amp;d (F2)</source>
+        <translation>Au&amp;fnehmen (F2)</translation>
+    </message>
+    <message>
+        <source>Ass&amp;ign</source>
+        <translation>&amp;Zuweisen</translation>
+    </message>
+    <message>
+        <source>S&amp;top recording</source>
+        <translation>Au&amp;fnahme beenden</translation>
+    </message>
+</context>
+<context>
+    <name>menuconfig::ShortcutModel</name>
+    <message>
+        <source>group %1</source>
+        <translation>Gruppe %1</translation>
+    </message>
+    <message>
+        <source>sub-context %1</source>
+        <translation>Unterkontext %1</translation>
+    </message>
+    <message>
+        <source>some modes</source>
+        <translation>manche Modi</translation>
+    </message>
+    <message>
+        <source>everywhere</source>
+        <translation>überall</translation>
+    </message>
+    <message>
+        <source>Function</source>
+        <translation>Funktion</translation>
+    </message>
+    <message>
+        <source>Shortcut</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>Offered</source>
+        <translation>Angeboten</translation>
+    </message>
+</context>
+<context>
+    <name>menuconfig::ShortcutsPage</name>
+    <message>
+        <source>Functions and their shortcuts</source>
+        <translation>Funktionen und ihre Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Find by text or keys</source>
+        <translation>Nach Text oder Tasten suchen</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Find functions by pressing their keys</source>
+        <translation>Funktionen finden, indem man ihre Tasten drückt</translation>
+    </message>
+    <message>
+        <source>&amp;Reset</source>
+        <translation>Zu&amp;rücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;This shortcut</source>
+        <translation>&amp;Dieses Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>This &amp;category…</source>
+        <translation>Diese &amp;Kategorie…</translation>
+    </message>
+    <message>
+        <source>&amp;Everything…</source>
+        <translation>&amp;Alles…</translation>
+    </message>
+    <message>
+        <source>C&amp;hanged only (%1)</source>
+        <translation>Nur ge&amp;änderte (%1)</translation>
+    </message>
+    <message>
+        <source>reset a shortcut</source>
+        <translation>ein Tastenkürzel zurücksetzen</translation>
+    </message>
+    <message>
+        <source>reset a category</source>
+        <translation>eine Kategorie zurücksetzen</translation>
+    </message>
+    <message>
+        <source>reset all shortcuts</source>
+        <translation>alle Tastenkürzel zurücksetzen</translation>
+    </message>
+    <message>
+        <source>%1: %2 → %3</source>
+        <translation>%1: %2 → %3</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>All of these have their defaults already.</source>
+        <translation>Alle diese haben schon ihren Standard.</translation>
+    </message>
+    <message>
+        <source>These shortcuts will change:</source>
+        <translation>Diese Tastenkürzel ändern sich:</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
+    <message>
+        <source>Press ke&amp;ys</source>
+        <translation>&amp;Tasten drücken</translation>
+    </message>
+    <message>
+        <source>Con&amp;flicts only (%1)</source>
+        <translation>Nur Konfl&amp;ikte (%1)</translation>
     </message>
 </context>
 <context>
@@ -3031,16 +3406,16 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
 <context>
     <name>navcontrols::PresentationMenu</name>
     <message>
-        <source>Stored views</source>
-        <translation>Gespeicherte Ansichten</translation>
-    </message>
-    <message>
         <source>Presentation</source>
         <translation>Präsentation</translation>
     </message>
     <message>
         <source>Previous view</source>
         <translation>Vorige Ansicht</translation>
+    </message>
+    <message>
+        <source>Stored views</source>
+        <translation>Gespeicherte Ansichten</translation>
     </message>
     <message>
         <source>Next view</source>

@@ -1,0 +1,278 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The configuration dialog as people use it, down to the bytes in the store.
+#include "tests/support/FileBytes.h"
+#include "tests/support/TemporaryHome.h"
+#include <QAction>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QToolButton>
+#include <QTreeView>
+#include <QTreeWidget>
+#include <QtTest>
+#include <kelo_base/actions/ActionManager.h>
+#include <kelo_base/actions/MenuConfigDialog.h>
+#include <kelo_base/actions/MenuConfigManager.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Functions 1 to 3 with F6, F7 and none, in a window that a user could have.
+struct Program
+{
+    explicit Program(const QString &storeName = u"store.ini"_s)
+        : store(home.filePath(storeName), QSettings::IniFormat)
+    {
+        for (int id = 1; id <= 3; ++id) {
+            auto *action = new QAction(u"Function %1"_s.arg(QChar(u'@' + id)), &window);
+            if (id < 3)
+                action->setShortcut(QKeySequence(Qt::Key_F5 + id));
+            actions->RegisterAction(id, MakeActionData(id, 1, 0, action, false, 0), &window);
+        }
+        manager->SetSettings(&store);
+        manager->SetUpActions(*actions);
+        dialog = std::make_unique<MenuConfigDialog>(*manager, *actions);
+        dialog->show();
+    }
+    template <typename Widget>
+    Widget *find(const char *name) const
+    {
+        return dialog->findChild<Widget *>(QLatin1StringView(name));
+    }
+    void click(const char *name) const { find<QAbstractButton>(name)->click(); }
+    void type(const QString &keys) const
+    {
+        auto *field = find<QLineEdit>("edtShortcut");
+        field->setFocus();
+        field->selectAll();
+        QTest::keyClicks(field, keys);
+    }
+    [[nodiscard]] QString keysOf(int id) const
+    {
+        return actions->FindActionDataById(id)->action->shortcut().toString();
+    }
+    [[nodiscard]] QString sentence() const { return find<QLabel>("lblSentence")->text(); }
+
+    TemporaryHome home;
+    QSettings store;
+    QWidget window;
+    std::unique_ptr<ActionManager> actions = std::make_unique<ActionManager>();
+    std::unique_ptr<MenuConfigManager> manager = std::make_unique<MenuConfigManager>();
+    std::unique_ptr<MenuConfigDialog> dialog;
+};
+
+/// Answers the next message box, and keeps what it said.
+struct Answer
+{
+    explicit Answer(QMessageBox::StandardButton button)
+    {
+        QTimer::singleShot(0, &context, [this, button] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            text = box->informativeText();
+            box->button(button)->click();
+        });
+    }
+    QObject context;
+    QString text;
+};
+
+} // namespace
+
+class TestMenuConfigDialog : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void recordsReassignsUndoesAndApplies()
+    {
+        Program program;
+        program.dialog->ShowAction(3);
+        QTest::keyClick(program.find<QTreeView>("treeShortcuts"), Qt::Key_F2);
+        auto *field = program.find<QLineEdit>("edtShortcut");
+        QTest::keyClick(field, Qt::Key_F6);
+        QVERIFY2(program.sentence().contains(u"Function A"_s), qPrintable(program.sentence()));
+        program.click("btnRecord"); // ends it
+        QVERIFY(!program.find<QPushButton>("btnKeepBoth")->isVisible());
+        program.click("btnReassign");
+        QCOMPARE(program.sentence(), QString());
+        program.click("btnUndo");
+        QCOMPARE(field->text(), QString());
+        program.click("btnRedo");
+        QCOMPARE(field->text(), u"F6"_s);
+        QCOMPARE(program.keysOf(1), u"F6"_s); // nothing before it is applied
+
+        QVERIFY(program.dialog->Apply());
+        QCOMPARE(program.keysOf(1), QString());
+        const QByteArray stored = bytesOf(program.store.fileName());
+        QVERIFY(stored.contains("ShortcutList\\2\\ActionId=3"));
+        QVERIFY(stored.contains("ShortcutList\\2\\KeySequence=F6"));
+        QVERIFY(stored.contains("ClearedList\\1\\ActionId=1"));
+        program.dialog->close();
+        program.window.show();
+        program.window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&program.window));
+        QSignalSpy fired(program.actions->FindActionDataById(3)->action, &QAction::triggered);
+        QTest::keyClick(&program.window, Qt::Key_F6);
+        QCOMPARE(fired.count(), 1);
+    }
+
+    void recordsKeysThatUsuallyLeave()
+    {
+        Program program;
+        program.dialog->ShowAction(3);
+        program.click("btnRecord");
+        auto *field = program.find<QLineEdit>("edtShortcut");
+        for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backspace, Qt::Key_Escape, Qt::Key_Return})
+            QTest::keyClick(field, key); // the fourth ends it
+        QVERIFY(program.dialog->isVisible());
+        QCOMPARE(field->text(), u"Tab, Backspace, Esc, Return"_s);
+        QTest::keyClick(field, Qt::Key_Escape);
+        QVERIFY(!program.dialog->isVisible());
+        QCOMPARE(program.keysOf(3), QString());
+    }
+
+    void refusesWhatIsReservedAndWhatIsNoKey()
+    {
+        Program program;
+        program.dialog->ShowAction(3);
+        program.type(u"Ctrl+W"_s);
+        QVERIFY(!program.sentence().isEmpty());
+        for (const char *button : {"btnReassign", "btnKeepBoth"})
+            QVERIFY(!program.find<QPushButton>(button)->isVisible());
+        program.type(u"Ctrl+Wrong"_s);
+        QVERIFY(!program.find<QPushButton>("btnAssign")->isEnabled());
+        QTest::keyClick(program.find<QLineEdit>("edtShortcut"), Qt::Key_Return);
+        QVERIFY(program.dialog->isVisible());
+        program.type(u"ctrl+j"_s);
+        QTest::keyClick(program.find<QLineEdit>("edtShortcut"), Qt::Key_Return);
+        program.dialog->accept();
+        QCOMPARE(program.keysOf(3), u"Ctrl+J"_s);
+    }
+
+    void filtersAndStillShowsTheRowAskedFor()
+    {
+        Program program;
+        auto *tree = program.find<QTreeView>("treeShortcuts");
+        program.click("btnFindKeys");
+        QTest::keyClick(program.find<QLineEdit>("edtFilter"), Qt::Key_F7);
+        QCOMPARE(tree->model()->rowCount(tree->model()->index(0, 0)), 1);
+        program.dialog->ShowAction(1);
+        QCOMPARE(tree->currentIndex().data().toString(), u"Function A"_s);
+        QCOMPARE(tree->model()->rowCount(tree->model()->index(0, 0)), 3);
+    }
+
+    void listsWhatAResetChanges()
+    {
+        Program program;
+        program.dialog->ShowAction(3);
+        program.type(u"F6, A"_s);
+        program.click("btnReassign"); // from function 1
+        QAction *everything = program.find<QToolButton>("btnReset")->menu()->actions().last();
+        {
+            const Answer no(QMessageBox::Cancel);
+            everything->trigger();
+            QVERIFY2(no.text.contains(u"Function A"_s), qPrintable(no.text));
+            QVERIFY2(no.text.contains(u"Function C"_s), qPrintable(no.text));
+        }
+        QCOMPARE(program.find<QLineEdit>("edtShortcut")->text(), u"F6, A"_s);
+        const Answer yes(QMessageBox::Ok);
+        everything->trigger();
+        QCOMPARE(program.find<QLineEdit>("edtShortcut")->text(), QString());
+        program.dialog->accept();
+        QCOMPARE(program.keysOf(1), u"F6"_s);
+    }
+
+    void importsInOneStep_data()
+    {
+        QTest::addColumn<bool>("vanishes");
+        QTest::newRow("as shown") << false;
+        QTest::newRow("the file vanishes while it is shown") << true;
+    }
+    void importsInOneStep()
+    {
+        QFETCH(const bool, vanishes);
+        Program program;
+        program.dialog->ShowAction(1);
+        const QString path = program.home.filePath(u"other.ini"_s);
+        writeBytes(path, "[MenuConfig]\n"
+                         "Default\\KeyboardShortcuts\\ShortcutList\\1\\ActionId=3\n"
+                         "Default\\KeyboardShortcuts\\ShortcutList\\1\\KeySequence=F6\n"
+                         "Default\\KeyboardShortcuts\\ShortcutList\\size=1\n");
+        int rows = 0;
+        QTimer driver; // the two dialogs, one after the other
+        connect(&driver, &QTimer::timeout, &driver, [&] {
+            QWidget *top = QApplication::activeModalWidget();
+            if (auto *files = qobject_cast<QFileDialog *>(top)) {
+                files->findChild<QLineEdit *>()->setText(path);
+                QMetaObject::invokeMethod(files, "accept");
+            } else if (auto *list =
+                           top ? top->findChild<QTreeWidget *>(u"listImport"_s) : nullptr) {
+                rows = list->topLevelItemCount();
+                if (vanishes)
+                    QFile::remove(path);
+                qobject_cast<QDialog *>(top)->accept();
+            }
+        });
+        driver.start(10);
+        program.find<QPushButton>("btnExchange")->menu()->actions().first()->trigger();
+        driver.stop();
+        QCOMPARE(rows, 1);
+        QCOMPARE(program.find<QLabel>("lblMessage")->text().contains(u"other.ini"_s), vanishes);
+        auto *field = program.find<QLineEdit>("edtShortcut");
+        QCOMPARE(field->text(), vanishes ? u"F6"_s : QString());
+        program.click("btnUndo");
+        QCOMPARE(field->text(), u"F6"_s);
+    }
+
+    void appliesNothingToAStoreThatCannotBeWritten()
+    {
+        Program program(u"file/store.ini"_s);
+        writeBytes(program.home.filePath(u"file"_s), "in the way of the folder");
+        program.dialog->ShowAction(1);
+        program.click("btnRemove");
+        program.dialog->accept();
+        QVERIFY(program.dialog->isVisible());
+        QVERIFY(program.find<QLabel>("lblMessage")->text().contains(u"store.ini"_s));
+        QCOMPARE(program.keysOf(1), u"F6"_s);
+        QVERIFY(program.manager->GetKeyboardShortcutList().HasSequenceAssigned(1));
+    }
+
+    void survivesTheOthers_data()
+    {
+        QTest::addColumn<bool>("isManager");
+        QTest::newRow("the manager dies") << true;
+        QTest::newRow("the registry dies") << false;
+    }
+    void survivesTheOthers()
+    {
+        QFETCH(const bool, isManager);
+        Program program;
+        program.dialog->ShowAction(1);
+        delete program.actions->FindActionDataById(2)->action;
+        program.click("btnRemove");
+        isManager ? program.manager.reset() : program.actions.reset();
+        QVERIFY(!program.find<QLabel>("lblMessage")->text().isEmpty());
+        QVERIFY(!program.dialog->Apply());
+        program.dialog->grab();
+        program.dialog->reject();
+    }
+
+    void survivesAListenerThatDeletesTheDialog()
+    {
+        Program program;
+        program.dialog->ShowAction(1);
+        program.click("btnRemove");
+        connect(program.manager.get(), &MenuConfigManager::changed, &program.window,
+                [&] { program.dialog.reset(); });
+        program.dialog->accept();
+        QVERIFY(!program.dialog);
+        QCOMPARE(program.keysOf(1), QString());
+    }
+};
+
+QTEST_MAIN(TestMenuConfigDialog)
+#include "tst_menuconfigdialog.moc"
