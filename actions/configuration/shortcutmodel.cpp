@@ -257,8 +257,7 @@ QVariant ShortcutModel::textOf(const ActionInfo &info, int column) const
         return info.text;
     case ShortcutColumn: {
         const std::size_t place = m_given.catalogue.placeOf(info.id).value();
-        const QString text =
-            m_copy.current().shortcuts.GetSequenceById(info.id).toString(QKeySequence::NativeText);
+        const QString text = keysOf(m_copy.current().shortcuts.GetSequenceById(info.id));
         return m_isInConflict[place] ? QString(u'⚠' + QStringLiteral(" ") + text) : text;
     }
     case DefaultColumn:
