@@ -47,7 +47,7 @@ struct Data
 
 qint64 benchRows()
 {
-    return 10 * std::max(100, qEnvironmentVariableIntValue("KELO_BENCH_SHEETS"));
+    return 10LL * std::max(100, qEnvironmentVariableIntValue("KELO_BENCH_SHEETS"));
 }
 
 /// What this process has of main memory, in MB. @param name  "VmRSS" now, "VmHWM" at most
@@ -172,7 +172,7 @@ void byProgramPeer(benchmark::State &state)
     const Data data(state.range(0));
     const QTemporaryDir folder;
     const QString workbook = folder.filePath(u"peer.xlsx"_s);
-    writeRows(data, {workbook, Format::Xlsx, {}, {}, {}, {}});
+    static_cast<void>(writeRows(data, {workbook, Format::Xlsx, {}, {}, {}, {}}));
     const QString program = QStandardPaths::findExecutable(u"soffice"_s);
     for (auto _ : state) {
         QFile::remove(folder.filePath(u"peer.ods"_s));

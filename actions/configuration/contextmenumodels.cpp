@@ -63,7 +63,7 @@ void SlotModel::follow()
         endRemoveRows();
     }
     if (m_rows > 0)
-        emit dataChanged(index(0, 0), index(m_rows - 1, columnCount() - 1));
+        emit dataChanged(index(0, 0), index(m_rows - 1, SlotModel::columnCount() - 1));
 }
 
 void SlotModel::carryOut(const SlotEdit &edit, const QString &step)
@@ -183,8 +183,10 @@ void TrayModel::follow()
     const ContextMenuLayout &layout = m_copy.current().layout;
     for (unsigned int slot = layout.NumberOfSlots(); slot-- > 0;)
         m_slots.insert(layout.GetAssignedActionId(slot), static_cast<int>(slot));
-    if (!m_places.empty())
-        emit dataChanged(index(0, columnCount() - 1), index(rowCount() - 1, columnCount() - 1));
+    if (!m_places.empty()) {
+        const int last = TrayModel::columnCount() - 1;
+        emit dataChanged(index(0, last), index(TrayModel::rowCount() - 1, last));
+    }
 }
 
 void TrayModel::search(const QString &text)

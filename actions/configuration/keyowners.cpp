@@ -72,10 +72,9 @@ bool KeyOwners::areRivals(const Owner &one, const Owner &other)
 
 std::span<const KeyOwners::Owner> KeyOwners::ownersOf(const Strokes &strokes) const
 {
-    const auto precedes = [](const auto &one, const auto &other) { return one < other; };
-    const auto found = std::ranges::equal_range(m_owners, strokes, precedes,
-                                                [](const Owner &owner) { return owner.strokes; });
-    return {found.begin(), found.end()};
+    const auto begin = std::ranges::lower_bound(m_owners, strokes, {}, &Owner::strokes);
+    const auto end = std::ranges::upper_bound(m_owners, strokes, {}, &Owner::strokes);
+    return {begin, end};
 }
 
 std::span<const KeyOwners::Owner> KeyOwners::ownersBehind(const Strokes &strokes) const
@@ -83,9 +82,8 @@ std::span<const KeyOwners::Owner> KeyOwners::ownersBehind(const Strokes &strokes
     Strokes last = strokes;
     std::fill(last.begin() + static_cast<std::ptrdiff_t>(lengthOf(strokes)), last.end(),
               0xFFFFFFFFU);
-    const auto strokesOfOwner = [](const Owner &owner) { return owner.strokes; };
-    const auto begin = std::ranges::upper_bound(m_owners, strokes, {}, strokesOfOwner);
-    const auto end = std::ranges::upper_bound(m_owners, last, {}, strokesOfOwner);
+    const auto begin = std::ranges::upper_bound(m_owners, strokes, {}, &Owner::strokes);
+    const auto end = std::ranges::upper_bound(m_owners, last, {}, &Owner::strokes);
     return {begin, end};
 }
 

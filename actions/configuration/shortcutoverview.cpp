@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QTextDocument>
+#include <QTextOption>
 #include <kelo_base/actions/ActionShortCutList.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -77,7 +78,8 @@ void paintTitle(QPainter &painter, const QRectF &area, const QString &title)
     painter.setFont(font);
     const QString cut =
         painter.fontMetrics().elidedText(title, Qt::ElideRight, static_cast<int>(area.width()));
-    painter.drawText(area, Qt::AlignTop | (isMirrored() ? Qt::AlignRight : Qt::AlignLeft), cut);
+    const Qt::Alignment side = isMirrored() ? Qt::AlignRight : Qt::AlignLeft;
+    painter.drawText(area, cut, QTextOption(Qt::AlignTop | side));
     painter.restore();
 }
 

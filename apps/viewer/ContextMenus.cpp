@@ -7,6 +7,7 @@
 #include "ViewerActions.h"
 #include <QAction>
 #include <kelo_base/actions/ActionManager.h>
+#include <kelo_base/actions/ContextMenu.h>
 #include <kelo_base/actions/ContextMenuLayout.h>
 #include <kelo_base/actions/FunctionFilter.h>
 #include <kelo_base/actions/MenuConfigManager.h>
@@ -38,7 +39,10 @@ void ContextMenus::popup(const QPoint &globalPos)
 {
     const ViewerActions &actions = m_window.actions();
     if (!actions.action(ViewerAction::SectorMenu).isChecked()) {
-        fillMenu();
+        FillContextMenu(*m_menu, actions.manager(), m_configuration.GetContextMenuLayout(),
+                        filterOf(actions));
+        if (m_menu->isEmpty())
+            m_menu->addAction(&actions.action(ViewerAction::WholePlan));
         m_menu->popup(globalPos);
         return;
     }
@@ -50,25 +54,4 @@ void ContextMenus::popup(const QPoint &globalPos)
     }
     m_sectors->fillByLayout(m_configuration.GetContextMenuLayout(), filterOf(actions));
     m_sectors->popup(globalPos);
-}
-
-/// An empty slot is a line between the others.
-void ContextMenus::fillMenu()
-{
-    const ActionManager &manager = m_window.actions().manager();
-    const ContextMenuLayout &layout = m_configuration.GetContextMenuLayout();
-    const FilterByContextId filter = filterOf(m_window.actions());
-    m_menu->clear();
-    for (unsigned int slot = 0; slot < layout.NumberOfSlots(); ++slot) {
-        const ActionData *record =
-            layout.HasAssignedAction(slot)
-                ? manager.FindActionDataById(layout.GetAssignedActionId(slot))
-                : nullptr;
-        if (!layout.HasAssignedAction(slot))
-            m_menu->addSeparator();
-        else if (record && IsOffered(*record, filter))
-            m_menu->addAction(record->action);
-    }
-    if (m_menu->isEmpty())
-        m_menu->addAction(&m_window.actions().action(ViewerAction::WholePlan));
 }

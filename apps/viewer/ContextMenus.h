@@ -21,8 +21,6 @@ public:
     void popup(const QPoint &globalPos);
 
 private:
-    void fillMenu();
-
     MainWindow &m_window;
     const MenuConfigManager &m_configuration;
     std::unique_ptr<QMenu> m_menu;

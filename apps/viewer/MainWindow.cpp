@@ -120,7 +120,7 @@ void MainWindow::addCommands(MenuConfigManager &configuration)
 {
     new FileCommands(*this);
     new ViewCommands(*this);
-    new ToolCommands(*this);
+    new ToolCommands(*this, configuration);
     new ContextMenus(*this, configuration);
 }
 

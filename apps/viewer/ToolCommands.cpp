@@ -1,17 +1,24 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Full screen, and what can be said of this run.
+// Full screen, shortcuts and menus, and what can be said of this run.
 #include "ToolCommands.h"
 
 #include "MainWindow.h"
 #include "ViewerActions.h"
 #include <QAction>
 #include <QMessageBox>
+#include <kelo_base/actions/AmbiguityNotice.h>
+#include <kelo_base/actions/MenuConfigDialog.h>
 #include <kelo_base/core/Environment.h>
 
-ToolCommands::ToolCommands(MainWindow &window) : QObject(&window), m_window(window)
+ToolCommands::ToolCommands(MainWindow &window, MenuConfigManager &configuration)
+    : QObject(&window), m_window(window), m_configuration(configuration)
 {
     const ViewerActions &actions = window.actions();
     actions.on(ViewerAction::FullScreen, this, [this] { showFullScreen(); });
+    actions.on(ViewerAction::Configure, this, [this] { configure(); });
+    const auto *notice = new AmbiguityNotice(actions.manager(), this);
+    connect(notice, &AmbiguityNotice::configureRequested, this,
+            [this](int id) { configure().ShowAction(id); });
     actions.on(ViewerAction::About, this, [this] { showAbout(); });
 }
 
@@ -21,6 +28,17 @@ void ToolCommands::showFullScreen()
         m_window.showFullScreen();
     else
         m_window.showNormal();
+}
+
+MenuConfigDialog &ToolCommands::configure()
+{
+    if (!m_dialog) {
+        m_dialog = new MenuConfigDialog(m_configuration, m_window.actions().manager(), &m_window);
+        m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    m_dialog->show();
+    m_dialog->activateWindow();
+    return *m_dialog;
 }
 
 void ToolCommands::showAbout()

@@ -3,19 +3,25 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 
 class MainWindow;
+class MenuConfigDialog;
+class MenuConfigManager;
 
 class ToolCommands : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit ToolCommands(MainWindow &window);
+    ToolCommands(MainWindow &window, MenuConfigManager &configuration);
 
 private:
     void showFullScreen();
+    MenuConfigDialog &configure();
     void showAbout();
 
     MainWindow &m_window;
+    MenuConfigManager &m_configuration;
+    QPointer<MenuConfigDialog> m_dialog;
 };

@@ -46,6 +46,7 @@ enum class ViewerAction : int {
     Workbench = 501,
     StoredViews = 502,
     Links = 503,
+    Configure = 504,
     SectorMenu = 505,
     About = 506,
 };

@@ -2500,6 +2500,10 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <source>&amp;Tools</source>
         <translation>&amp;Extras</translation>
     </message>
+    <message>
+        <source>&amp;Keyboard and menus...</source>
+        <translation>&amp;Tastatur und Menüs ...</translation>
+    </message>
 </context>
 <context>
     <name>WorkbenchDock</name>
