@@ -26,6 +26,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
@@ -57,7 +58,7 @@ MainWindow::MainWindow(ViewerActions &actions, MenuConfigManager &configuration)
       m_status(new StatusLine(this))
 {
     setAcceptDrops(true);
-    resize(1280, 800);
+    resize(QSize(1280, 800).boundedTo(screen()->availableSize() * 0.94)); // and its frame
     layOut();
     addDocks();
     addCommands(configuration);
