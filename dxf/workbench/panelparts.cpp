@@ -2,6 +2,7 @@
 // Pieces that the panels of the workbench dialog are put together from.
 #include "dxf/workbench/panelparts_p.h"
 
+#include "core/contrast_p.h"
 #include "dxf/workbench/inkicon_p.h"
 #include <QColor>
 #include <QLabel>
@@ -9,8 +10,6 @@
 #include <QPalette>
 #include <QPushButton>
 #include <QToolButton>
-#include <algorithm>
-#include <cmath>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -27,16 +26,6 @@ public:
     }
     [[nodiscard]] QSize minimumSizeHint() const override { return QPushButton::sizeHint(); }
 };
-
-double luminance(const QColor &colour)
-{
-    const auto linear = [](float part) {
-        const double p = part;
-        return p <= 0.04045 ? p / 12.92 : std::pow((p + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
 
 } // namespace
 
@@ -89,18 +78,9 @@ QColor workbench::quietInk(const QPalette &palette)
     const QColor ground = palette.color(QPalette::Base);
     constexpr int kSteps = 16;
     for (int step = kSteps / 2; step < kSteps; ++step) {
-        const auto part = static_cast<float>(step) / kSteps;
-        const QColor mixed = QColor::fromRgbF(std::lerp(ground.redF(), ink.redF(), part),
-                                              std::lerp(ground.greenF(), ink.greenF(), part),
-                                              std::lerp(ground.blueF(), ink.blueF(), part));
-        if (contrast(mixed, ground) >= kReadable)
-            return mixed;
+        const QColor fainter = colors::mixed(ground, ink, static_cast<double>(step) / kSteps);
+        if (colors::contrast(fainter, ground) >= kReadable)
+            return fainter;
     }
     return ink;
-}
-
-double workbench::contrast(const QColor &one, const QColor &other)
-{
-    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
-    return (light + 0.05) / (dark + 0.05);
 }

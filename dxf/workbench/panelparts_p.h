@@ -30,8 +30,5 @@ namespace workbench {
 
 /// Between the palette's text and its base: as faint as can be and still be read by everybody.
 [[nodiscard]] QColor quietInk(const QPalette &palette);
-/// How much one colour stands out from another, from 1 to 21: (L1 + 0.05) / (L2 + 0.05), L being
-/// the relative luminance of sRGB.
-[[nodiscard]] double contrast(const QColor &one, const QColor &other);
 
 } // namespace workbench

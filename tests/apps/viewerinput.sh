@@ -6,39 +6,10 @@
 set -euo pipefail
 viewer=$1 plan=$2
 
-for tool in Xvfb openbox xdotool; do
-  command -v "$tool" >/dev/null || { echo "viewerinput: $tool is missing"; exit 77; }
-done
-
-folder=$(mktemp -d)
-started=()
-# shellcheck disable=SC2317  # called by the trap
-finish() {
-  kill "${started[@]}" 2>/dev/null || true
-  wait
-  rm -rf "$folder"
-}
-trap finish EXIT
-
-# Waits until a command succeeds, for twenty seconds at most.
-await() {
-  for _ in $(seq 400); do
-    if "$@" >/dev/null 2>&1; then return 0; fi
-    sleep 0.05
-  done
-  echo "viewerinput: waited in vain for: $*" >&2
-  exit 1
-}
-
-mkfifo "$folder/display"
-Xvfb -displayfd 3 -screen 0 1366x768x24 -nolisten tcp 3<>"$folder/display" 2>>"$folder/errors" &
-started+=($!)
-read -r number <"$folder/display"
-export DISPLAY=:$number QT_QPA_PLATFORM=xcb HOME=$folder/home LC_ALL=C.UTF-8
+# shellcheck source=tests/support/realscreen.sh
+source "$(dirname "$0")/../support/realscreen.sh"
+export HOME=$folder/home LC_ALL=C.UTF-8
 mkdir "$HOME"
-openbox >>"$folder/errors" 2>&1 &
-started+=($!)
-await xdotool get_desktop  # answered by the window manager
 
 failed=0
 process=

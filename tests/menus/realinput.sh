@@ -5,39 +5,9 @@
 set -euo pipefail
 program=$1
 
-for tool in Xvfb openbox xdotool; do
-  command -v "$tool" >/dev/null || { echo "realinput: $tool is missing"; exit 77; }
-done
-
-folder=$(mktemp -d)
-started=()
-# shellcheck disable=SC2317  # called by the trap
-finish() {
-  kill "${started[@]}" 2>/dev/null || true
-  wait
-  rm -rf "$folder"
-}
-trap finish EXIT
-
-# Waits until a command succeeds, for ten seconds at most.
-await() {
-  for _ in $(seq 200); do
-    if "$@" 2>/dev/null; then return 0; fi
-    sleep 0.05
-  done
-  echo "realinput: waited in vain for: $*" >&2
-  exit 1
-}
-
-mkfifo "$folder/display"
-Xvfb -displayfd 3 -screen 0 1366x768x24 -nolisten tcp 3<>"$folder/display" 2>>"$folder/errors" &
-started+=($!)
-read -r number <"$folder/display"
-export DISPLAY=:$number
-openbox >>"$folder/errors" 2>&1 &
-started+=($!)
-await xdotool get_desktop >/dev/null  # answered by the window manager
-QT_QPA_PLATFORM=xcb "$program" >>"$folder/told" 2>>"$folder/errors" &
+# shellcheck source=tests/support/realscreen.sh
+source "$(dirname "$0")/../support/realscreen.sh"
+"$program" >>"$folder/told" 2>>"$folder/errors" &
 started+=($!)
 await grep -q ready "$folder/told"
 sleep 0.5  # for the window manager to give it the focus
