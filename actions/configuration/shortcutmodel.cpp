@@ -180,7 +180,7 @@ QModelIndex ShortcutModel::index(int row, int column, const QModelIndex &parent)
 {
     if (!hasIndex(row, column, parent))
         return {};
-    const auto category = static_cast<quintptr>(parent.row() + 1);
+    const auto category = static_cast<quintptr>(parent.row()) + 1;
     return createIndex(row, column, parent.isValid() ? category : kCategory);
 }
 
