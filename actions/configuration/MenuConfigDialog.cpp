@@ -2,9 +2,11 @@
 // The window around the pages, and the way of their work into force.
 #include <kelo_base/actions/MenuConfigDialog.h>
 
+#include "actions/configuration/configurationbar_p.h"
 #include "actions/configuration/configurationfile_p.h"
 #include "actions/configuration/contextmenupage_p.h"
 #include "actions/configuration/importdialog_p.h"
+#include "actions/configuration/shortcutoverview_p.h"
 #include "actions/configuration/shortcutspage_p.h"
 #include "actions/configuration/workingcopy_p.h"
 #include <QAccessible>
@@ -17,6 +19,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
@@ -70,17 +73,21 @@ struct MenuConfigDialog::Parts
     void layOut();
     void connectAll();
     void lookAgain();
+    void startAnew();
+    [[nodiscard]] bool mayLeave();
     void say(const QString &sentence);
     void showState();
     void saveLayout();
     void restoreLayout();
     void importFile();
     void exportFile();
+    void saveOverview();
 
     MenuConfigDialog *dialog;
     QPointer<MenuConfigManager> manager;
     QPointer<ActionManager> actions;
     WorkingCopy copy;
+    ConfigurationBar *bar;
     ShortcutsPage *shortcuts;
     ContextMenuPage *contextMenu;
     QTabWidget *pages;
@@ -99,6 +106,7 @@ MenuConfigDialog::Parts::Parts(MenuConfigDialog *owner, MenuConfigManager &menuM
       manager(&menuManager),
       actions(&actionManager),
       copy(configurationOf(menuManager, actionManager)),
+      bar(new ConfigurationBar(menuManager, actionManager, [this] { return mayLeave(); })),
       shortcuts(new ShortcutsPage(actionManager, copy)),
       contextMenu(new ContextMenuPage(actionManager, copy)),
       pages(new QTabWidget),
@@ -129,10 +137,12 @@ void MenuConfigDialog::Parts::layOut()
     auto *menu = new QMenu(exchange);
     menu->addAction(MenuConfigDialog::tr("&Import…"), dialog, [this] { importFile(); });
     menu->addAction(MenuConfigDialog::tr("&Export…"), dialog, [this] { exportFile(); });
+    menu->addAction(MenuConfigDialog::tr("&Save Overview…"), dialog, [this] { saveOverview(); });
     exchange->setMenu(menu);
     for (QAbstractButton *button : buttons->buttons())
         qobject_cast<QPushButton *>(button)->setAutoDefault(false); // Return belongs to the field
     auto *rows = new QVBoxLayout(dialog);
+    rows->addWidget(bar);
     rows->addWidget(pages, 1);
     rows->addWidget(message);
     rows->addWidget(buttons);
@@ -152,6 +162,8 @@ void MenuConfigDialog::Parts::connectAll()
     connect(history, &QUndoStack::indexChanged, dialog, [this] { showState(); });
     connect(history, &QUndoStack::cleanChanged, dialog, [this] { showState(); });
 
+    connect(bar, &ConfigurationBar::switched, dialog, [this] { startAnew(); });
+    connect(bar, &ConfigurationBar::reported, dialog, [this](const QString &text) { say(text); });
     soon.setSingleShot(true);
     connect(&soon, &QTimer::timeout, dialog, [this] { lookAgain(); });
     connect(actions, &ActionManager::actionRegistered, dialog, [this] { soon.start(0); });
@@ -189,6 +201,31 @@ void MenuConfigDialog::Parts::lookAgain()
     shortcuts->setSurroundings(surroundingsOf(*manager, *actions));
 }
 
+void MenuConfigDialog::Parts::startAnew()
+{
+    copy.startWith(configurationOf(*manager, *actions));
+    shortcuts->setSurroundings(surroundingsOf(*manager, *actions));
+}
+
+/// Whether another configuration may take the place of this one: asks what becomes of the edits.
+bool MenuConfigDialog::Parts::mayLeave()
+{
+    if (copy.history().isClean())
+        return true;
+    MenuConfigDialog *const owner = dialog; // it may die while it asks, and this with it
+    const QPointer<QMessageBox> box =
+        new QMessageBox(QMessageBox::Question, MenuConfigDialog::tr("Configuration"),
+                        MenuConfigDialog::tr("Changes to “%1” have not been applied.")
+                            .arg(manager->GetPlainConfigName()),
+                        QMessageBox::Apply | QMessageBox::Discard | QMessageBox::Cancel, owner);
+    box->setTextFormat(Qt::PlainText);
+    const int answer = box->exec();
+    if (!box)
+        return false;
+    box->deleteLater();
+    return answer == QMessageBox::Discard || (answer == QMessageBox::Apply && owner->Apply());
+}
+
 void MenuConfigDialog::Parts::say(const QString &sentence)
 {
     message->setText(sentence);
@@ -203,6 +240,7 @@ void MenuConfigDialog::Parts::showState()
     const bool isAlive = manager && actions;
     const QUndoStack &history = copy.history();
     buttons->button(QDialogButtonBox::Ok)->setEnabled(isAlive);
+    bar->setEnabled(isAlive);
     exchange->setEnabled(isAlive);
     buttons->button(QDialogButtonBox::Apply)->setEnabled(isAlive && !history.isClean());
     undo->setEnabled(isAlive && history.canUndo());
@@ -277,6 +315,16 @@ void MenuConfigDialog::Parts::exportFile()
         say(writeConfigurationFile(path, name, copy.current()));
 }
 
+void MenuConfigDialog::Parts::saveOverview()
+{
+    const QString name = manager->GetPlainConfigName();
+    const QString path = QFileDialog::getSaveFileName(
+        dialog, MenuConfigDialog::tr("Save the Overview"), name + ".pdf"_L1,
+        MenuConfigDialog::tr("PDF or HTML (*.pdf *.html *.htm)"));
+    if (!path.isEmpty() && actions)
+        say(saveShortcutOverview(path, ActionCatalogue(*actions), copy.current().shortcuts, name));
+}
+
 MenuConfigDialog::MenuConfigDialog(MenuConfigManager &manager, ActionManager &actions,
                                    QWidget *parent)
     : QDialog(parent), m_parts(std::make_unique<Parts>(this, manager, actions))
@@ -296,6 +344,13 @@ void MenuConfigDialog::ShowAction(int id)
 {
     m_parts->pages->setCurrentWidget(m_parts->shortcuts);
     m_parts->shortcuts->showAction(id);
+}
+
+void MenuConfigDialog::SetSectorPicture(
+    std::function<QPixmap(const ContextMenuLayout &, QSize)> picture)
+{
+    if (m_parts->actions) // the page goes with the registry
+        m_parts->contextMenu->setSectorPicture(std::move(picture));
 }
 
 bool MenuConfigDialog::Apply()

@@ -6,12 +6,15 @@
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QTextDocument>
 #include <QTextOption>
 #include <kelo_base/actions/ActionShortCutList.h>
+#include <kelo_base/core/ReplacedFile.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -37,6 +40,10 @@ public:
     static QString page(int number, int count)
     {
         return tr("Page %1 of %2").arg(number).arg(count);
+    }
+    static QString notWritten(const QString &path)
+    {
+        return tr("%1 cannot be written.").arg(QDir::toNativeSeparators(path));
     }
     static QString nothing() { return tr("No function has a shortcut."); }
 };
@@ -163,6 +170,22 @@ bool writeShortcutOverviewPdf(QIODevice &device, const ActionCatalogue &catalogu
         }
     }
     return device.write(pdf.data()) == pdf.size();
+}
+
+QString saveShortcutOverview(const QString &path, const ActionCatalogue &catalogue,
+                             const ActionShortCutList &shortcuts, const QString &configName)
+{
+    const QString ending = QFileInfo(path).suffix().toLower();
+    const bool isHtml = ending == u"html"_s || ending == u"htm"_s;
+    const auto write = [&](QIODevice &device) {
+        if (!isHtml)
+            return writeShortcutOverviewPdf(device, catalogue, shortcuts, configName);
+        const QByteArray html = shortcutOverviewHtml(catalogue, shortcuts, configName).toUtf8();
+        return device.write(html) == html.size();
+    };
+    ReplacedFile file(path);
+    const bool isWritten = file.Open() && write(file.Device()) && file.Commit();
+    return isWritten ? QString() : OverviewTexts::notWritten(path);
 }
 
 } // namespace menuconfig

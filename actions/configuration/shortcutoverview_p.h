@@ -21,4 +21,10 @@ class ActionCatalogue;
 bool writeShortcutOverviewPdf(QIODevice &device, const ActionCatalogue &catalogue,
                               const ActionShortCutList &shortcuts, const QString &configName);
 
+/// Replaces the file, or leaves it as it was: HTML where its name ends like that, else PDF. A
+/// sentence when that fails; else empty.
+[[nodiscard]] QString saveShortcutOverview(const QString &path, const ActionCatalogue &catalogue,
+                                           const ActionShortCutList &shortcuts,
+                                           const QString &configName);
+
 } // namespace menuconfig

@@ -80,6 +80,28 @@ struct Answer
     QString text;
 };
 
+/// Answers the dialogs that come one after the other: a text for a name or a file, a button for a
+/// question.
+struct Answers
+{
+    explicit Answers(QVariantList answers) : left(std::move(answers))
+    {
+        QObject::connect(&driver, &QTimer::timeout, &driver, [this] {
+            QWidget *top = QApplication::activeModalWidget();
+            if (!top || left.isEmpty())
+                return;
+            const QVariant answer = left.takeFirst();
+            if (auto *box = qobject_cast<QMessageBox *>(top))
+                return box->button(answer.value<QMessageBox::StandardButton>())->click();
+            top->findChild<QLineEdit *>()->setText(answer.toString());
+            QMetaObject::invokeMethod(top, "accept");
+        });
+        driver.start(10);
+    }
+    QTimer driver;
+    QVariantList left;
+};
+
 } // namespace
 
 class TestMenuConfigDialog : public QObject
@@ -226,6 +248,66 @@ private slots:
         QCOMPARE(field->text(), vanishes ? u"F6"_s : QString());
         program.click("btnUndo");
         QCOMPARE(field->text(), u"F6"_s);
+    }
+
+    void keepsNamedConfigurations()
+    {
+        Program program;
+        auto *menu = program.find<QPushButton>("btnConfiguration")->menu();
+        QStringList names;
+        const auto choose = [&](const QString &text, const QVariantList &answers) {
+            const Answers given(answers);
+            QMetaObject::invokeMethod(menu, "aboutToShow");
+            for (QAction *action : menu->actions()) {
+                if (action->text() == text && action->isEnabled())
+                    return action->trigger(), given.left.size();
+            }
+            return qsizetype(-1);
+        };
+        const auto sentence = [&] { return program.find<QLabel>("lblMessage")->text(); };
+        const auto edit = [&] {
+            program.dialog->ShowAction(1);
+            program.click("btnRemove");
+        };
+        QCOMPARE(choose(u"&Delete…"_s, {}), -1); // the last one
+        for (const QString name : {u"a/b"_s, u"default"_s}) {
+            QCOMPARE(choose(u"&New…"_s, {name}), 0);
+            QVERIFY2(sentence().contains(name), qPrintable(sentence()));
+        }
+        edit();
+        QCOMPARE(choose(u"&Copy…"_s, {u"Plan & 1"_s, QMessageBox::Apply}), 0);
+        QCOMPARE(sentence(), QString());
+        QCOMPARE(choose(u"&New…"_s, {u"Plan 2"_s}), 0);
+        QCOMPARE(program.keysOf(1), u"F6"_s); // the default
+        edit();
+        QCOMPARE(choose(u"Default"_s, {QMessageBox::Cancel}), 0);
+        QCOMPARE(program.manager->GetPlainConfigName(), u"Plan 2"_s);
+        QCOMPARE(choose(u"Plan && 1"_s, {QMessageBox::Discard}), 0);
+        QCOMPARE(program.keysOf(1), QString());
+        QCOMPARE(choose(u"&Rename…"_s, {u"PLAN & 1"_s}), 0);
+        QMetaObject::invokeMethod(menu, "aboutToShow");
+        for (const QAction *action : menu->actions().first(3))
+            names << action->text();
+        QCOMPARE(names, (QStringList{u"PLAN && 1"_s, u"Plan 2"_s, u"Default"_s}));
+        QCOMPARE(choose(u"&Delete…"_s, {QMessageBox::Yes}), 0);
+        QCOMPARE(program.keysOf(1), u"F6"_s);
+        QCOMPARE(program.manager->GetConfigNames(), (QStringList{u"Default"_s, u"Plan 2"_s}));
+        QVERIFY(bytesOf(program.store.fileName()).contains("MRU.Array\\1\\Text=Plan 2"));
+    }
+
+    void savesTheOverview()
+    {
+        Program program;
+        QAction *save = program.find<QPushButton>("btnExchange")->menu()->actions().last();
+        for (const auto &[name, start] : {std::pair("a.HTM", "<!DOCTYPE"), {"a.pdf", "%PDF"}}) {
+            const QString path = program.home.filePath(QLatin1StringView(name));
+            const Answers given({path});
+            save->trigger();
+            QVERIFY2(bytesOf(path).startsWith(start), name);
+        }
+        const Answers given({program.home.filePath(u"none/a.pdf"_s)});
+        save->trigger();
+        QVERIFY(program.find<QLabel>("lblMessage")->text().contains(u"a.pdf"_s));
     }
 
     void appliesNothingToAStoreThatCannotBeWritten()
