@@ -1288,6 +1288,26 @@
         <source>Conte&amp;xt Menu</source>
         <translation>&amp;Kontextmenü</translation>
     </message>
+    <message>
+        <source>&amp;Save Overview…</source>
+        <translation>Übersicht &amp;speichern…</translation>
+    </message>
+    <message>
+        <source>Configuration</source>
+        <translation>Konfiguration</translation>
+    </message>
+    <message>
+        <source>Changes to “%1” have not been applied.</source>
+        <translation>Änderungen an „%1“ sind noch nicht angewendet.</translation>
+    </message>
+    <message>
+        <source>Save the Overview</source>
+        <translation>Übersicht speichern</translation>
+    </message>
+    <message>
+        <source>PDF or HTML (*.pdf *.html *.htm)</source>
+        <translation>PDF oder HTML (*.pdf *.html *.htm)</translation>
+    </message>
 </context>
 <context>
     <name>MenuConfigFile</name>
@@ -2039,6 +2059,10 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>No function has a shortcut.</source>
         <translation>Keine Funktion hat ein Tastenkürzel.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written.</source>
+        <translation>%1 lässt sich nicht schreiben.</translation>
     </message>
 </context>
 <context>
@@ -2964,6 +2988,89 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>--table wants a file that ends in .xlsx, .ods or .csv</source>
         <translation>--table braucht eine Datei, die auf .xlsx, .ods oder .csv endet</translation>
+    </message>
+</context>
+<context>
+    <name>menuconfig::ConfigurationBar</name>
+    <message>
+        <source>A configuration needs a name.</source>
+        <translation>Eine Konfiguration braucht einen Namen.</translation>
+    </message>
+    <message>
+        <source>“%1” cannot be the name of a configuration, since it has a slash, a backslash or a control character.</source>
+        <translation>„%1“ kann keine Konfiguration heißen, denn darin steht ein Schrägstrich, ein umgekehrter Schrägstrich oder ein Steuerzeichen.</translation>
+    </message>
+    <message>
+        <source>There is a configuration called “%1” already.</source>
+        <translation>Eine Konfiguration namens „%1“ gibt es schon.</translation>
+    </message>
+    <message>
+        <source>Co&amp;nfiguration:</source>
+        <translation>Konfi&amp;guration:</translation>
+    </message>
+    <message>
+        <source>Configuration: %1</source>
+        <translation>Konfiguration: %1</translation>
+    </message>
+    <message>
+        <source>&amp;New…</source>
+        <translation>&amp;Neu…</translation>
+    </message>
+    <message>
+        <source>&amp;Copy…</source>
+        <translation>&amp;Kopieren…</translation>
+    </message>
+    <message>
+        <source>&amp;Rename…</source>
+        <translation>&amp;Umbenennen…</translation>
+    </message>
+    <message>
+        <source>&amp;Delete…</source>
+        <translation>&amp;Löschen…</translation>
+    </message>
+    <message>
+        <source>New Configuration</source>
+        <translation>Neue Konfiguration</translation>
+    </message>
+    <message>
+        <source>Copy the Configuration</source>
+        <translation>Konfiguration kopieren</translation>
+    </message>
+    <message>
+        <source>The configuration could not be copied.</source>
+        <translation>Die Konfiguration ließ sich nicht kopieren.</translation>
+    </message>
+    <message>
+        <source>Rename the Configuration</source>
+        <translation>Konfiguration umbenennen</translation>
+    </message>
+    <message>
+        <source>The configuration could not be renamed.</source>
+        <translation>Die Konfiguration ließ sich nicht umbenennen.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Delete the configuration “%1”?</source>
+        <translation>Die Konfiguration „%1“ löschen?</translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>Das lässt sich nicht rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written; nothing was changed.</source>
+        <translation>%1 lässt sich nicht schreiben; nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>Name of the configuration:</source>
+        <translation>Name der Konfiguration:</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 ließ sich nicht schreiben.</translation>
     </message>
 </context>
 <context>

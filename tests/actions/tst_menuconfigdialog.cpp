@@ -65,23 +65,7 @@ struct Program
     std::unique_ptr<MenuConfigDialog> dialog;
 };
 
-/// Answers the next message box, and keeps what it said.
-struct Answer
-{
-    explicit Answer(QMessageBox::StandardButton button)
-    {
-        QTimer::singleShot(0, &context, [this, button] {
-            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            text = box->informativeText();
-            box->button(button)->click();
-        });
-    }
-    QObject context;
-    QString text;
-};
-
-/// Answers the dialogs that come one after the other: a text for a name or a file, a button for a
-/// question.
+/// Answers dialogs, one after the other: a text for a name or a file, a button for a question.
 struct Answers
 {
     explicit Answers(QVariantList answers) : left(std::move(answers))
@@ -91,8 +75,10 @@ struct Answers
             if (!top || left.isEmpty())
                 return;
             const QVariant answer = left.takeFirst();
-            if (auto *box = qobject_cast<QMessageBox *>(top))
+            if (auto *box = qobject_cast<QMessageBox *>(top)) {
+                text = box->informativeText();
                 return box->button(answer.value<QMessageBox::StandardButton>())->click();
+            }
             top->findChild<QLineEdit *>()->setText(answer.toString());
             QMetaObject::invokeMethod(top, "accept");
         });
@@ -100,6 +86,7 @@ struct Answers
     }
     QTimer driver;
     QVariantList left;
+    QString text; ///< of the latest question
 };
 
 } // namespace
@@ -195,13 +182,13 @@ private slots:
         program.click("btnReassign"); // from function 1
         QAction *everything = program.find<QToolButton>("btnReset")->menu()->actions().last();
         {
-            const Answer no(QMessageBox::Cancel);
+            const Answers no({QMessageBox::Cancel});
             everything->trigger();
             QVERIFY2(no.text.contains(u"Function A"_s), qPrintable(no.text));
             QVERIFY2(no.text.contains(u"Function C"_s), qPrintable(no.text));
         }
         QCOMPARE(program.find<QLineEdit>("edtShortcut")->text(), u"F6, A"_s);
-        const Answer yes(QMessageBox::Ok);
+        const Answers yes({QMessageBox::Ok});
         everything->trigger();
         QCOMPARE(program.find<QLineEdit>("edtShortcut")->text(), QString());
         program.dialog->accept();
@@ -254,7 +241,6 @@ private slots:
     {
         Program program;
         auto *menu = program.find<QPushButton>("btnConfiguration")->menu();
-        QStringList names;
         const auto choose = [&](const QString &text, const QVariantList &answers) {
             const Answers given(answers);
             QMetaObject::invokeMethod(menu, "aboutToShow");
@@ -264,19 +250,19 @@ private slots:
             }
             return qsizetype(-1);
         };
-        const auto sentence = [&] { return program.find<QLabel>("lblMessage")->text(); };
+        auto *message = program.find<QLabel>("lblMessage");
         const auto edit = [&] {
             program.dialog->ShowAction(1);
             program.click("btnRemove");
         };
         QCOMPARE(choose(u"&Delete…"_s, {}), -1); // the last one
-        for (const QString name : {u"a/b"_s, u"default"_s}) {
+        for (const QString &name : {u"a/b"_s, u"default"_s}) {
             QCOMPARE(choose(u"&New…"_s, {name}), 0);
-            QVERIFY2(sentence().contains(name), qPrintable(sentence()));
+            QVERIFY2(message->text().contains(name), qPrintable(message->text()));
         }
         edit();
         QCOMPARE(choose(u"&Copy…"_s, {u"Plan & 1"_s, QMessageBox::Apply}), 0);
-        QCOMPARE(sentence(), QString());
+        QCOMPARE(message->text(), QString());
         QCOMPARE(choose(u"&New…"_s, {u"Plan 2"_s}), 0);
         QCOMPARE(program.keysOf(1), u"F6"_s); // the default
         edit();
@@ -285,10 +271,7 @@ private slots:
         QCOMPARE(choose(u"Plan && 1"_s, {QMessageBox::Discard}), 0);
         QCOMPARE(program.keysOf(1), QString());
         QCOMPARE(choose(u"&Rename…"_s, {u"PLAN & 1"_s}), 0);
-        QMetaObject::invokeMethod(menu, "aboutToShow");
-        for (const QAction *action : menu->actions().first(3))
-            names << action->text();
-        QCOMPARE(names, (QStringList{u"PLAN && 1"_s, u"Plan 2"_s, u"Default"_s}));
+        QCOMPARE(menu->actions().at(1)->text(), u"Plan 2"_s);
         QCOMPARE(choose(u"&Delete…"_s, {QMessageBox::Yes}), 0);
         QCOMPARE(program.keysOf(1), u"F6"_s);
         QCOMPARE(program.manager->GetConfigNames(), (QStringList{u"Default"_s, u"Plan 2"_s}));
