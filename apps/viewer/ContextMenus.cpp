@@ -47,10 +47,8 @@ void ContextMenus::popup(const QPoint &globalPos)
         return;
     }
     if (!m_sectors) {
-        constexpr int kInner = 40;
-        constexpr int kOuter = 140;
-        m_sectors =
-            std::make_unique<ActionSectorMenu>(actions.manager(), kInner, kOuter, &m_window);
+        m_sectors = std::make_unique<ActionSectorMenu>(actions.manager(), kInnerRadius,
+                                                       kOuterRadius, &m_window);
     }
     m_sectors->fillByLayout(m_configuration.GetContextMenuLayout(), filterOf(actions));
     m_sectors->popup(globalPos);

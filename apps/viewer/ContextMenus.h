@@ -16,6 +16,9 @@ class ContextMenus : public QObject
     Q_OBJECT
 
 public:
+    static constexpr int kInnerRadius = 40; ///< of the sector menu, in pixels
+    static constexpr int kOuterRadius = 140;
+
     ContextMenus(MainWindow &window, const MenuConfigManager &configuration);
     ~ContextMenus() override;
     void popup(const QPoint &globalPos);

@@ -2,13 +2,26 @@
 // Full screen, shortcuts and menus, and what can be said of this run.
 #include "ToolCommands.h"
 
+#include "ContextMenus.h"
 #include "MainWindow.h"
 #include "ViewerActions.h"
 #include <QAction>
 #include <QMessageBox>
+#include <QPixmap>
 #include <kelo_base/actions/AmbiguityNotice.h>
+#include <kelo_base/actions/FunctionFilter.h>
 #include <kelo_base/actions/MenuConfigDialog.h>
 #include <kelo_base/core/Environment.h>
+#include <kelo_base/menus/ActionSectorMenu.h>
+
+namespace {
+
+struct Everything : FunctionFilter
+{
+    bool accept(const ActionData & /*data*/) const override { return true; }
+};
+
+} // namespace
 
 ToolCommands::ToolCommands(MainWindow &window, MenuConfigManager &configuration)
     : QObject(&window), m_window(window), m_configuration(configuration)
@@ -35,6 +48,12 @@ MenuConfigDialog &ToolCommands::configure()
     if (!m_dialog) {
         m_dialog = new MenuConfigDialog(m_configuration, m_window.actions().manager(), &m_window);
         m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+        m_dialog->SetSectorPicture([this](const ContextMenuLayout &layout, QSize most) {
+            ActionSectorMenu menu(m_window.actions().manager(), ContextMenus::kInnerRadius,
+                                  ContextMenus::kOuterRadius);
+            menu.fillByLayout(layout, Everything());
+            return menu.picture(most);
+        });
     }
     m_dialog->show();
     m_dialog->activateWindow();
