@@ -10,6 +10,52 @@
 
 namespace menuconfig {
 
+namespace {
+
+/// In which contexts there is somebody, and in which more than one.
+class ContextCells
+{
+public:
+    void add(const Contexts &contexts, bool isMany)
+    {
+        anyCell(contexts, [&](std::size_t cell) {
+            m_many[cell] |= isMany ? contexts.modes : m_some[cell] & contexts.modes;
+            m_some[cell] |= contexts.modes;
+            return false;
+        });
+    }
+    [[nodiscard]] bool hasSome(const Contexts &contexts) const { return meets(contexts, m_some); }
+    [[nodiscard]] bool hasMany(const Contexts &contexts) const { return meets(contexts, m_many); }
+
+private:
+    static constexpr std::size_t kPlaces = 17;            ///< the bits of Contexts::kAny
+    using Cells = std::array<quint32, kPlaces * kPlaces>; ///< modes by group and sub-context
+
+    template <typename Visit>
+    static bool anyCell(const Contexts &contexts, Visit visit)
+    {
+        for (std::size_t group = 0; group < kPlaces; ++group) {
+            if (((contexts.groups >> group) & 1U) == 0)
+                continue;
+            for (std::size_t sub = 0; sub < kPlaces; ++sub) {
+                if (((contexts.subs >> sub) & 1U) != 0 && visit(group * kPlaces + sub))
+                    return true;
+            }
+        }
+        return false;
+    }
+    [[nodiscard]] static bool meets(const Contexts &contexts, const Cells &cells)
+    {
+        return anyCell(contexts,
+                       [&](std::size_t cell) { return (cells[cell] & contexts.modes) != 0; });
+    }
+
+    Cells m_some{};
+    Cells m_many{};
+};
+
+} // namespace
+
 KeyOwners::KeyOwners(const ActionCatalogue &catalogue, const ActionShortCutList &shortcuts,
                      const ActionShortCutList &defaults, const KeySequenceList &reserved,
                      const KeySequenceList &bookmarks)
@@ -148,8 +194,7 @@ std::vector<KeyOwners::Run> KeyOwners::runs() const
     return runs;
 }
 
-/// Thousands may want the same keys, but then most are of few classes, or in conflict soon.
-void KeyOwners::markRivals(Run &one, Run &other)
+void KeyOwners::markPairs(std::span<Class> one, std::span<Class> other)
 {
     for (Class &first : one) {
         for (Class &second : other) {
@@ -161,6 +206,46 @@ void KeyOwners::markRivals(Run &one, Run &other)
             second.isInConflict = true;
         }
     }
+}
+
+/// In one step for each class: of actions the contexts alone matter.
+void KeyOwners::markActions(std::span<Class> one, std::span<Class> other)
+{
+    const auto cellsOf = [](std::span<const Class> classes) {
+        ContextCells cells;
+        for (const Class &each : classes)
+            cells.add(each.owners.front().contexts, each.owners.size() > 1);
+        return cells;
+    };
+    const ContextCells cells = cellsOf(one);
+    if (one.data() == other.data()) {
+        for (Class &each : one)
+            each.isInConflict |= cells.hasMany(each.owners.front().contexts);
+        return;
+    }
+    const ContextCells otherCells = cellsOf(other);
+    for (Class &each : one)
+        each.isInConflict |= otherCells.hasSome(each.owners.front().contexts);
+    for (Class &each : other)
+        each.isInConflict |= cells.hasSome(each.owners.front().contexts);
+}
+
+/// Thousands may want the same keys, each in contexts of its own.
+void KeyOwners::markRivals(Run &one, Run &other)
+{
+    constexpr std::size_t kFewPairs = 1'000; // for which the cells would take longer
+    if (one.size() * other.size() <= kFewPairs)
+        return markPairs(one, other);
+    const auto actionsOf = [](Run &run) {
+        const auto end = std::ranges::find_if(
+            run, [](const Class &each) { return each.owners.front().kind != OwnerKind::Action; });
+        return std::span<Class>(run.begin(), end);
+    };
+    const std::span<Class> actions = actionsOf(one);
+    const std::span<Class> otherActions = actionsOf(other);
+    markActions(actions, otherActions);
+    markPairs(actions, std::span<Class>(other).subspan(otherActions.size()));
+    markPairs(std::span<Class>(one).subspan(actions.size()), otherActions);
 }
 
 std::vector<int> KeyOwners::actionsInConflict() const

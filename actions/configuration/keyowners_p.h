@@ -74,12 +74,14 @@ private:
         std::span<const Owner> owners;
         bool isInConflict = false;
     };
-    using Run = std::vector<Class>; ///< all with the same strokes
+    using Run = std::vector<Class>; ///< all with the same strokes; actions first
 
     [[nodiscard]] static Strokes strokesOf(const QKeySequence &sequence);
     [[nodiscard]] static QKeySequence sequenceOf(const Strokes &strokes);
     [[nodiscard]] static std::size_t lengthOf(const Strokes &strokes);
     [[nodiscard]] static bool areRivals(const Owner &one, const Owner &other);
+    static void markPairs(std::span<Class> one, std::span<Class> other);
+    static void markActions(std::span<Class> one, std::span<Class> other);
     static void markRivals(Run &one, Run &other);
     void add(OwnerKind kind, const KeySequenceList &list);
     void addRivals(std::span<const Owner> owners, const Owner &claimant, Overlap overlap,

@@ -38,6 +38,7 @@ protected:
 private:
     void layOut();
     void connectAll();
+    void expandCategories();
     void filter();
     void select(int id);
     void showCounts();

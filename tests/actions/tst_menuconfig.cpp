@@ -129,6 +129,34 @@ private slots:
         }
     }
 
+    void findsConflictsInACrowd()
+    {
+        constexpr int kFunctions = 400;
+        QRandomGenerator random(17);
+        Surroundings given = surroundings();
+        std::vector<ActionInfo> infos;
+        ActionShortCutList list;
+        for (int id = 0; id < kFunctions; ++id) {
+            const int group = 1 << random.bounded(16);
+            const int sub = random.bounded(20) == 0 ? 0 : 1 << random.bounded(16);
+            const auto modes = static_cast<int>(3U << random.bounded(32)); // one or two
+            infos.push_back({id, 1, Contexts::of(group << 16 | sub, modes), u"Function"_s});
+            list.AssignKeySequence(id, keys(id % 50 == 0  ? u"Ctrl+W"_s
+                                            : id % 3 == 0 ? u"A,B"_s
+                                                          : u"A"_s));
+        }
+        given.catalogue = ActionCatalogue(infos, {});
+        const KeyOwners owners = given.ownersIn(list);
+        std::vector<int> expected;
+        for (int id = 0; id < kFunctions; ++id) {
+            if (!owners.rivalsOf(list.GetSequenceById(id), given.claimantOf(id)).empty())
+                expected.push_back(id);
+        }
+        QCOMPARE(owners.actionsInConflict(), expected);
+        QCOMPARE_GT(expected.size(), 50U);
+        QCOMPARE_LT(expected.size(), 350U);
+    }
+
     void readsTypedKeys_data()
     {
         QTest::addColumn<QString>("text");

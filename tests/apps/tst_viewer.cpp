@@ -14,11 +14,14 @@
 #include "SheetNeighbours.h"
 #include "ViewHistory.h"
 #include "ViewNavigation.h"
+#include "ViewerActions.h"
 #include <QRandomGenerator>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QWheelEvent>
 #include <QtTest>
+#include <kelo_base/actions/ActionManager.h>
+#include <kelo_base/actions/MenuConfigManager.h>
 #include <kelo_base/navigation/ViewGeometry.h>
 #include <numbers>
 
@@ -160,6 +163,7 @@ private slots:
     void turnedPicturesShowTheSame_data();
     void turnedPicturesShowTheSame();
     void wheelKeepsThePlace();
+    void shippedShortcutsNeverClash();
 };
 
 void TestViewer::posesMapThereAndBack()
@@ -711,6 +715,32 @@ void TestViewer::wheelKeepsThePlace()
     QCOMPARE(view->pose().angle(), 15.0);
     view->goBack(); // all that came in one go
     QCOMPARE(view->pose(), start);
+}
+
+/// Whatever the context. A reserved sequence may be a function's own, but not begin its keys.
+void TestViewer::shippedShortcutsNeverClash()
+{
+    ActionManager registry;
+    const ViewerActions actions(registry);
+    MenuConfigManager configuration;
+    configuration.SetUpActions(registry);
+    const ActionShortCutList &defaults = configuration.GetDefaultKeyboardShortcutList();
+    std::vector<int> ids;
+    defaults.GetActionIds(ids);
+    QVERIFY(!ids.empty());
+    for (const int id : ids) {
+        const QKeySequence keys = defaults.GetSequenceById(id);
+        for (const int other : ids) {
+            if (other != id && keys.matches(defaults.GetSequenceById(other)))
+                QFAIL(qPrintable(u"%1 and %2: %3"_s.arg(id).arg(other).arg(keys.toString())));
+        }
+        for (const QKeySequence &reserved :
+             configuration.GetReservedSequenceList().GetSequences()) {
+            const bool isInTheWay = keys.matches(reserved) == QKeySequence::PartialMatch ||
+                                    reserved.matches(keys) == QKeySequence::PartialMatch;
+            QVERIFY2(!isInTheWay, qPrintable(keys.toString() + u' ' + reserved.toString()));
+        }
+    }
 }
 
 QTEST_MAIN(TestViewer)
