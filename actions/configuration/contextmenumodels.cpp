@@ -42,7 +42,7 @@ const Dragged *draggedIn(const QMimeData *data)
 SlotModel::SlotModel(const ActionManager &manager, std::shared_ptr<const ActionCatalogue> catalogue,
                      WorkingCopy &copy, QObject *parent)
     : QAbstractTableModel(parent),
-      m_manager(manager),
+      m_manager(&manager),
       m_catalogue(std::move(catalogue)),
       m_copy(copy)
 {
@@ -100,7 +100,7 @@ QVariant SlotModel::data(const QModelIndex &index, int role) const
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return text;
     if (role == Qt::DecorationRole && !isEmpty)
-        return iconOf(m_manager, id);
+        return iconOf(m_manager.data(), id);
     if (role == Qt::ForegroundRole && (isEmpty || !m_catalogue->find(id)))
         return QPalette().brush(QPalette::PlaceholderText);
     return {};
@@ -166,7 +166,7 @@ bool SlotModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int r
 TrayModel::TrayModel(const ActionManager &manager, std::shared_ptr<const ActionCatalogue> catalogue,
                      WorkingCopy &copy, SlotModel &target, QObject *parent)
     : QAbstractTableModel(parent),
-      m_manager(manager),
+      m_manager(&manager),
       m_catalogue(std::move(catalogue)),
       m_copy(copy),
       m_target(target),
@@ -218,7 +218,7 @@ QVariant TrayModel::data(const QModelIndex &index, int role) const
     const ActionInfo *info = m_catalogue->find(idAt(index.row()));
     const bool isText = role == Qt::DisplayRole || role == Qt::ToolTipRole;
     if (index.column() == 0 && role == Qt::DecorationRole)
-        return iconOf(m_manager, info->id);
+        return iconOf(m_manager.data(), info->id);
     if (!isText)
         return {};
     if (index.column() == 0)
@@ -277,9 +277,9 @@ bool TrayModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int r
     return true;
 }
 
-QIcon iconOf(const ActionManager &manager, int id)
+QIcon iconOf(const ActionManager *manager, int id)
 {
-    const ActionData *record = manager.FindActionDataById(id);
+    const ActionData *record = manager ? manager->FindActionDataById(id) : nullptr;
     return record && record->action ? record->action->icon() : QIcon();
 }
 

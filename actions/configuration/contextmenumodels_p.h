@@ -7,6 +7,7 @@
 #include "actions/configuration/slotmoves_p.h"
 #include <QAbstractTableModel>
 #include <QIcon>
+#include <QPointer>
 #include <memory>
 #include <vector>
 
@@ -48,7 +49,7 @@ signals:
 private:
     void follow();
 
-    const ActionManager &m_manager;
+    QPointer<const ActionManager> m_manager;
     std::shared_ptr<const ActionCatalogue> m_catalogue;
     WorkingCopy &m_copy;
     int m_rows = 0;
@@ -84,7 +85,7 @@ public:
 private:
     void follow();
 
-    const ActionManager &m_manager;
+    QPointer<const ActionManager> m_manager;
     std::shared_ptr<const ActionCatalogue> m_catalogue;
     WorkingCopy &m_copy;
     SlotModel &m_target;
@@ -94,6 +95,6 @@ private:
 };
 
 /// The icon of a function; null when it has none.
-[[nodiscard]] QIcon iconOf(const ActionManager &manager, int id);
+[[nodiscard]] QIcon iconOf(const ActionManager *manager, int id);
 
 } // namespace menuconfig

@@ -17,7 +17,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace menuconfig {
 
 MenuPreview::MenuPreview(const ActionManager &manager, QWidget *parent)
-    : QWidget(parent), m_manager(manager)
+    : QWidget(parent), m_manager(&manager)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAccessibleName(tr("Preview of the context menu"));
@@ -27,7 +27,7 @@ void MenuPreview::show(const MenuConfiguration &configuration)
 {
     m_menu.clear();
     const auto isAlive = [this](int id) {
-        const ActionData *record = m_manager.FindActionDataById(id);
+        const ActionData *record = m_manager ? m_manager->FindActionDataById(id) : nullptr;
         return record && record->action;
     };
     for (const int id : ContextMenuEntries(configuration.layout, isAlive)) {
@@ -35,7 +35,7 @@ void MenuPreview::show(const MenuConfiguration &configuration)
             m_menu.addSeparator();
             continue;
         }
-        const QAction &action = *m_manager.FindActionDataById(id)->action;
+        const QAction &action = *m_manager->FindActionDataById(id)->action;
         QString keys =
             configuration.shortcuts.GetSequenceById(id).toString(QKeySequence::NativeText);
         keys = keys.isEmpty() ? QString() : u'\t' + keys; // shown, but not to be pressed

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QMenu>
+#include <QPointer>
 #include <QWidget>
 #include <vector>
 
@@ -36,7 +37,7 @@ private:
     void findClashes();
     [[nodiscard]] int gutter() const;
 
-    const ActionManager &m_manager;
+    QPointer<const ActionManager> m_manager;
     QMenu m_menu;
     std::vector<QAction *> m_clashing; ///< of the menu
     QString m_warning;
