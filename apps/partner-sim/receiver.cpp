@@ -47,8 +47,13 @@ void Receiver::poll()
     const QString claimed = m_file + u".claimed"_s;
     if (!QFile::exists(claimed) && !renameFile(m_file, claimed))
         return;
+    QFile file(claimed);
+    const bool isFile = QFileInfo(claimed).isFile(); // a pipe would be opened once somebody writes
+    if (!isFile || !file.open(QIODevice::ReadOnly))
+        return; // the directory is away: once it is back the command is, too
     const qint64 age = ageInSeconds(claimed);
-    const auto fields = fieldsOf(readFile(claimed));
+    const auto fields = fieldsOf(file.readAll());
+    file.close();
     const QString sender = fields.value(u"Sender"_s);
     const quint64 number = fields.value(u"SerialNumber"_s).toULongLong();
     const bool isRepeated = number != 0 && number <= m_last.value(sender);
