@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Where users choose their keyboard shortcuts.
+// Where users choose their keyboard shortcuts and put their context menu together.
 #pragma once
 
 #include <QDialog>

@@ -43,25 +43,32 @@ constexpr QLatin1StringView kPageKey{"MenuConfigDialog/Page"};
 
 constexpr QSize kFirstSize(980, 640); ///< where the screen has that much
 
-/// The manager's list, and the shortcuts of actions that it does not know: who never told the
-/// manager of them keeps them.
 MenuConfiguration configurationOf(const MenuConfigManager &manager, const ActionManager &actions)
 {
-    MenuConfiguration configuration{manager.GetKeyboardShortcutList(),
-                                    manager.GetContextMenuLayout()};
-    ActionShortCutList present;
-    SetupKeyboardShortcutListFromActionManager(actions, present);
-    for (const int id : idsOf(present)) {
-        if (!configuration.shortcuts.HasEntry(id))
-            configuration.shortcuts.AssignKeySequence(id, present.GetSequenceById(id));
-    }
-    return configuration;
+    const ActionShortCutList &own = manager.GetKeyboardShortcutList();
+    return {withOthersOf(actions, own, own), manager.GetContextMenuLayout()};
 }
 
 Surroundings surroundingsOf(const MenuConfigManager &manager, const ActionManager &actions)
 {
     return {ActionCatalogue(actions), manager.GetDefaultKeyboardShortcutList(),
             manager.GetReservedSequenceList(), manager.GetBookmarkSequenceList()};
+}
+
+/// Empty when the user cancels, or @p parent is deleted meanwhile.
+QString askForFile(QWidget *parent, QFileDialog::AcceptMode mode, const QString &title,
+                   const QString &files, const QString &name = {})
+{
+    // Not on the stack: it is its parent's.
+    const QPointer<QFileDialog> question = new QFileDialog(parent, title, QString(), files);
+    question->setAcceptMode(mode);
+    question->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
+                                                          : QFileDialog::AnyFile);
+    question->selectFile(name);
+    const bool isChosen = question->exec() == QDialog::Accepted && question;
+    const QString path = isChosen ? question->selectedFiles().value(0) : QString();
+    delete question.data();
+    return path;
 }
 
 } // namespace
@@ -280,10 +287,11 @@ void MenuConfigDialog::Parts::restoreLayout()
 
 void MenuConfigDialog::Parts::importFile()
 {
+    const QPointer<MenuConfigDialog> alive(dialog); // this goes with it
     const QString path =
-        QFileDialog::getOpenFileName(dialog, MenuConfigDialog::tr("Import a Configuration"),
-                                     QString(), MenuConfigDialog::tr("Configurations (*.ini)"));
-    if (path.isEmpty() || !manager || !actions)
+        askForFile(dialog, QFileDialog::AcceptOpen, MenuConfigDialog::tr("Import a Configuration"),
+                   MenuConfigDialog::tr("Configurations (*.ini)"));
+    if (!alive || path.isEmpty() || !manager || !actions)
         return;
     ConfigurationFile file = readConfigurationFile(path, manager->GetPlainConfigName());
     if (!file.error.isEmpty())
@@ -291,7 +299,6 @@ void MenuConfigDialog::Parts::importFile()
     if (!file.hasLayout)
         file.configuration.layout = copy.current().layout;
     const Surroundings given = surroundingsOf(*manager, *actions);
-    const QPointer<MenuConfigDialog> alive(dialog);
     ImportDialog choice(planImport(copy.current(), file.configuration, given), given.catalogue,
                         nullptr);
     choice.setWindowModality(Qt::ApplicationModal);
@@ -308,20 +315,22 @@ void MenuConfigDialog::Parts::importFile()
 void MenuConfigDialog::Parts::exportFile()
 {
     const QString name = manager->GetPlainConfigName();
-    const QString path = QFileDialog::getSaveFileName(
-        dialog, MenuConfigDialog::tr("Export the Configuration"), name + ".ini"_L1,
-        MenuConfigDialog::tr("Configurations (*.ini)"));
-    if (!path.isEmpty())
+    const QPointer<MenuConfigDialog> alive(dialog); // this goes with it
+    const QString path = askForFile(
+        dialog, QFileDialog::AcceptSave, MenuConfigDialog::tr("Export the Configuration"),
+        MenuConfigDialog::tr("Configurations (*.ini)"), name + ".ini"_L1);
+    if (alive && !path.isEmpty())
         say(writeConfigurationFile(path, name, copy.current()));
 }
 
 void MenuConfigDialog::Parts::saveOverview()
 {
     const QString name = manager->GetPlainConfigName();
-    const QString path = QFileDialog::getSaveFileName(
-        dialog, MenuConfigDialog::tr("Save the Overview"), name + ".pdf"_L1,
-        MenuConfigDialog::tr("PDF or HTML (*.pdf *.html *.htm)"));
-    if (!path.isEmpty() && actions)
+    const QPointer<MenuConfigDialog> alive(dialog); // this goes with it
+    const QString path =
+        askForFile(dialog, QFileDialog::AcceptSave, MenuConfigDialog::tr("Save the Overview"),
+                   MenuConfigDialog::tr("PDF or HTML (*.pdf *.html *.htm)"), name + ".pdf"_L1);
+    if (alive && !path.isEmpty() && actions)
         say(saveShortcutOverview(path, ActionCatalogue(*actions), copy.current().shortcuts, name));
 }
 

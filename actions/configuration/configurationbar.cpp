@@ -2,6 +2,7 @@
 // Switches between named configurations, makes new ones, and does away with them.
 #include "actions/configuration/configurationbar_p.h"
 
+#include "actions/configuration/menuconfiguration_p.h"
 #include <QHBoxLayout>
 #include <QInputDialog>
 #include <QLabel>
@@ -34,22 +35,6 @@ void startFromDefaults(MenuConfigManager &next, const QString &name)
     next.SetConfigName(name);
     next.AssignKeyboardShortcutList(next.GetDefaultKeyboardShortcutList());
     next.AssignContextMenuLayout(next.GetDefaultContextMenuLayout());
-}
-
-/// What the actions get: the new list, and the shortcuts of actions that neither list knows.
-ActionShortCutList shortcutsAfter(const ActionShortCutList &before, const ActionShortCutList &after,
-                                  const ActionManager &actions)
-{
-    ActionShortCutList present;
-    SetupKeyboardShortcutListFromActionManager(actions, present);
-    std::vector<int> ids;
-    present.GetActionIds(ids);
-    ActionShortCutList list = after;
-    for (const int id : ids) {
-        if (!before.HasEntry(id) && !after.HasEntry(id))
-            list.AssignKeySequence(id, present.GetSequenceById(id));
-    }
-    return list;
 }
 
 } // namespace
@@ -308,8 +293,8 @@ bool ConfigurationBar::bring(const MenuConfigManager &next)
         recent.removeAll(name);
         recent.prepend(name);
     }
-    const ActionShortCutList wanted = shortcutsAfter(manager->GetKeyboardShortcutList(),
-                                                     next.GetKeyboardShortcutList(), *actions);
+    const ActionShortCutList wanted =
+        withOthersOf(*actions, next.GetKeyboardShortcutList(), manager->GetKeyboardShortcutList());
     *manager = next;
     if (actions)
         SetupActionManagerFromKeyboardShortcutList(wanted, *actions);

@@ -60,7 +60,6 @@ QWidget *newColumn(const QString &title, QWidget *buddy, const QWidgetList &widg
 
 ContextMenuPage::ContextMenuPage(ActionManager &manager, WorkingCopy &copy, QWidget *parent)
     : QWidget(parent),
-      m_manager(manager),
       m_copy(copy),
       m_catalogue(std::make_shared<const ActionCatalogue>(manager)),
       m_slots(new SlotModel(manager, m_catalogue, copy, this)),
@@ -70,7 +69,7 @@ ContextMenuPage::ContextMenuPage(ActionManager &manager, WorkingCopy &copy, QWid
     splitter->setChildrenCollapsible(false);
     splitter->addWidget(newTray());
     splitter->addWidget(newSlots());
-    splitter->addWidget(newPreviews());
+    splitter->addWidget(newPreviews(manager));
     splitter->setSizes({kTrayWidth, kSlotsWidth, kPreviewWidth});
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(splitter);
@@ -137,9 +136,9 @@ QWidget *ContextMenuPage::newSlots()
     return newColumn(tr("&Slots:"), m_slotView, {m_slotView, buttons});
 }
 
-QWidget *ContextMenuPage::newPreviews()
+QWidget *ContextMenuPage::newPreviews(const ActionManager &manager)
 {
-    m_menu = new MenuPreview(m_manager);
+    m_menu = new MenuPreview(manager);
     auto *area = new QScrollArea;
     area->setWidget(m_menu);
     area->setAlignment(Qt::AlignCenter);

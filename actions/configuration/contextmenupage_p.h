@@ -32,7 +32,8 @@ public:
     /// A picture of the sector menu that a layout gives, not larger than the size.
     using SectorPicture = std::function<QPixmap(const ContextMenuLayout &layout, QSize most)>;
 
-    /// The registry and the working copy live longer than the page.
+    /// The working copy lives longer than the page. The registry may die first: what is shown then
+    /// has no icons.
     ContextMenuPage(ActionManager &manager, WorkingCopy &copy, QWidget *parent = nullptr);
 
     /// Adds the preview of the sector menu, for a program that has one.
@@ -44,7 +45,7 @@ protected:
 private:
     [[nodiscard]] QWidget *newTray();
     [[nodiscard]] QWidget *newSlots();
-    [[nodiscard]] QWidget *newPreviews();
+    [[nodiscard]] QWidget *newPreviews(const ActionManager &manager);
     [[nodiscard]] std::vector<unsigned int> selectedSlots() const;
     [[nodiscard]] unsigned int currentSlot() const;
     void actOn(int key);
@@ -55,7 +56,6 @@ private:
     void shift(bool isUp);
     void preview();
 
-    ActionManager &m_manager;
     WorkingCopy &m_copy;
     std::shared_ptr<const ActionCatalogue> m_catalogue; ///< views look into it to their end
     SlotModel *m_slots;

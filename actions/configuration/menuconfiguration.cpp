@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <kelo_base/actions/MenuConfigManager.h>
 
 namespace menuconfig {
 
@@ -33,6 +34,18 @@ std::vector<int> idsOf(const ActionShortCutList &list)
     list.GetClearedActionIds(ids);
     std::inplace_merge(ids.begin(), ids.begin() + middle, ids.end());
     return ids;
+}
+
+ActionShortCutList withOthersOf(const ActionManager &actions, ActionShortCutList list,
+                                const ActionShortCutList &known)
+{
+    ActionShortCutList present;
+    SetupKeyboardShortcutListFromActionManager(actions, present);
+    for (const int id : idsOf(present)) {
+        if (!list.HasEntry(id) && !known.HasEntry(id))
+            list.AssignKeySequence(id, present.GetSequenceById(id));
+    }
+    return list;
 }
 
 Difference differenceOf(const MenuConfiguration &before, const MenuConfiguration &after)

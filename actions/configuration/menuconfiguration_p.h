@@ -8,6 +8,8 @@
 #include <optional>
 #include <vector>
 
+class ActionManager;
+
 namespace menuconfig {
 
 struct MenuConfiguration
@@ -54,6 +56,10 @@ struct Difference
 
 /// The entry of @p id; nothing when it has none.
 [[nodiscard]] std::optional<QKeySequence> entryOf(const ActionShortCutList &list, int id);
+/// @p list, and the shortcuts of actions for which neither it nor @p known has an entry: who never
+/// told the manager of them keeps them.
+[[nodiscard]] ActionShortCutList withOthersOf(const ActionManager &actions, ActionShortCutList list,
+                                              const ActionShortCutList &known);
 /// All ids with an entry, cleared ones too, ascending.
 [[nodiscard]] std::vector<int> idsOf(const ActionShortCutList &list);
 

@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QToolButton>
 #include <QTreeView>
 
@@ -219,23 +220,30 @@ void ShortcutsPage::reset(const std::vector<int> &ids, OwnKeys ownKeys, const QS
                      .arg(m_model->surroundings().catalogue.nameOf(change.id),
                           Texts::shortcut(change.before.value_or(QKeySequence())),
                           Texts::shortcut(change.after.value_or(QKeySequence())));
-    if (ids.size() > 1 || lines.size() > 1) {
-        QMessageBox box(QMessageBox::Question, tr("Reset"), QString(),
-                        lines.isEmpty() ? QMessageBox::Ok : QMessageBox::Ok | QMessageBox::Cancel,
-                        this);
-        constexpr qsizetype kShown = 15;
-        const qsizetype hidden = std::max<qsizetype>(lines.size() - kShown, 0);
-        box.setText(lines.isEmpty() ? tr("All of these have their defaults already.")
-                                    : tr("These shortcuts will change:"));
-        box.setInformativeText(lines.first(lines.size() - hidden).join(u'\n') +
-                               (hidden > 0 ? u'\n' + tr("and %1 more").arg(hidden) : QString()));
-        if (hidden > 0)
-            box.setDetailedText(lines.join(u'\n'));
-        box.setTextFormat(Qt::PlainText);
-        if (box.exec() != QMessageBox::Ok)
-            return;
-    }
-    m_copy.edit(next, step);
+    const bool isPlain = ids.size() <= 1 && lines.size() <= 1;
+    if (isPlain || agrees(lines))
+        m_copy.edit(next, step);
+}
+
+/// Shows what will change. False, and this may be gone, when the user wants none of it.
+bool ShortcutsPage::agrees(const QStringList &lines)
+{
+    constexpr qsizetype kShown = 15;
+    const qsizetype hidden = std::max<qsizetype>(lines.size() - kShown, 0);
+    // Not on the stack: it is its parent's, which may be deleted while it is open.
+    const QPointer<QMessageBox> box = new QMessageBox(
+        QMessageBox::Question, tr("Reset"), QString(),
+        lines.isEmpty() ? QMessageBox::Ok : QMessageBox::Ok | QMessageBox::Cancel, this);
+    box->setText(lines.isEmpty() ? tr("All of these have their defaults already.")
+                                 : tr("These shortcuts will change:"));
+    box->setInformativeText(lines.first(lines.size() - hidden).join(u'\n') +
+                            (hidden > 0 ? u'\n' + tr("and %1 more").arg(hidden) : QString()));
+    if (hidden > 0)
+        box->setDetailedText(lines.join(u'\n'));
+    box->setTextFormat(Qt::PlainText);
+    const bool isWanted = box->exec() == QMessageBox::Ok && box;
+    delete box.data();
+    return isWanted;
 }
 
 } // namespace menuconfig

@@ -47,6 +47,7 @@ private:
     void resetCategory();
     void resetAll();
     void reset(const std::vector<int> &ids, OwnKeys ownKeys, const QString &step);
+    [[nodiscard]] bool agrees(const QStringList &lines);
 
     WorkingCopy &m_copy;
     ShortcutModel *m_model;

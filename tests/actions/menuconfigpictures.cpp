@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Saves a picture of the configuration dialog with a shortcut that is in the way of another.
+#include "tests/support/DarkPalette.h"
 #include <QAction>
 #include <QApplication>
 #include <QCommandLineParser>
@@ -16,16 +17,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-QPalette darkPalette()
-{
-    QPalette palette(QColor(66, 66, 70), QColor(53, 53, 57));
-    palette.setColor(QPalette::Base, QColor(34, 34, 36));
-    palette.setColor(QPalette::AlternateBase, QColor(42, 42, 45));
-    palette.setColor(QPalette::Highlight, QColor(61, 126, 204));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
-}
 
 void registerActions(ActionManager &actions, QWidget &window)
 {

@@ -326,6 +326,37 @@ private slots:
         program.dialog->reject();
     }
 
+    void survivesItsEndWhileItAsks_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<int>("entry");
+        QTest::newRow("for a file to import") << u"btnExchange"_s << 0;
+        QTest::newRow("for a file to export to") << u"btnExchange"_s << 1;
+        QTest::newRow("for a file for the overview") << u"btnExchange"_s << 2;
+        QTest::newRow("whether all is to be reset") << u"btnReset"_s << 2;
+        QTest::newRow("for the name of a new configuration") << u"btnConfiguration"_s << -4;
+    }
+    void survivesItsEndWhileItAsks()
+    {
+        QFETCH(const QString, button);
+        QFETCH(const int, entry);
+        Program program;
+        const auto *push = program.dialog->findChild<QPushButton *>(button);
+        QMenu *menu =
+            push ? push->menu() : program.dialog->findChild<QToolButton *>(button)->menu();
+        QMetaObject::invokeMethod(menu, "aboutToShow");
+        QTimer driver;
+        connect(&driver, &QTimer::timeout, &driver, [&] {
+            if (QApplication::activeModalWidget())
+                program.dialog.reset();
+        });
+        driver.start(10);
+        const QList<QAction *> entries = menu->actions();
+        entries[entry < 0 ? entries.size() + entry : entry]->trigger();
+        QVERIFY(!program.dialog);
+        QCOMPARE(program.keysOf(1), u"F6"_s);
+    }
+
     void survivesAListenerThatDeletesTheDialog()
     {
         Program program;

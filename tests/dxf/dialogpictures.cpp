@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Saves a picture of the workbench dialog in a state that is worth looking at.
 #include "dxf/workbench/readingbar_p.h"
+#include "tests/support/DarkPalette.h"
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QGroupBox>
@@ -21,16 +22,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-QPalette darkPalette()
-{
-    QPalette palette(QColor(66, 66, 70), QColor(53, 53, 57));
-    palette.setColor(QPalette::Base, QColor(34, 34, 36));
-    palette.setColor(QPalette::AlternateBase, QColor(42, 42, 45));
-    palette.setColor(QPalette::Highlight, QColor(61, 126, 204));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
-}
 
 /// What of the dialog is on the screen, with the place for its frame: what lies beyond is cut off.
 QPixmap onScreen(QWidget &dialog)
