@@ -519,7 +519,7 @@ private slots:
     /// A review handles events while it works, in which anything may happen.
     void endsWhileItReviews()
     {
-        Bench bench(planOf(QByteArrayList(60'000, sheet("1", "city"))));
+        Bench bench(planOf(QByteArrayList(400'000, sheet("1", "city"))));
         QVERIFY(bench.read());
         bench.type("edtExcludeTag", u"none"_s);
         QElapsedTimer sinceLast;
