@@ -186,6 +186,12 @@ void PictureStore::refresh()
     m_job.reset(); // begins anew with all there is
 }
 
+void PictureStore::renew()
+{
+    refresh();
+    m_overviewJob.reset(); // knows what is gone
+}
+
 void PictureStore::forget()
 {
     ++m_revision;
@@ -293,7 +299,7 @@ bool PictureStore::work(int milliseconds)
             m_overview = m_overviewJob->takeImage();
             m_toOverview = m_nextOverview;
             m_overviewJob.reset();
-            m_overviewRevision = m_revision;
+            m_overviewRevision = m_nextOverviewRevision;
         }
     }
     return isNew;
@@ -320,6 +326,7 @@ void PictureStore::beginOverview()
     const QRectF rect = bounds.rect();
     const double longer = std::max({rect.width(), rect.height(), 1e-3});
     const double scale = kOverview / longer;
+    m_nextOverviewRevision = m_revision;
     m_nextOverview = QTransform(scale, 0, 0, -scale, -rect.left() * scale, rect.bottom() * scale);
     const QSize size(std::max(1, qRound(rect.width() * scale)),
                      std::max(1, qRound(rect.height() * scale)));

@@ -1217,6 +1217,14 @@
         <source>Plan viewer</source>
         <translation>Planbetrachter</translation>
     </message>
+    <message>
+        <source>%1 was read again</source>
+        <translation>%1 wurde neu gelesen</translation>
+    </message>
+    <message>
+        <source>%1; it is shown as it was read before</source>
+        <translation>%1; gezeigt wird, was vorher gelesen wurde</translation>
+    </message>
 </context>
 <context>
     <name>MenuConfigDialog</name>

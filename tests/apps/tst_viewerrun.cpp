@@ -122,6 +122,7 @@ private slots:
     void showsTheViewInThePartner();
     void opensLinkedSheets();
     void tellsWhatItCannotOpen();
+    void readsPlansAgain();
     void doesEverythingOnce();
     void writesScreenshots_data();
     void writesScreenshots();
@@ -258,6 +259,57 @@ void TestViewerRun::tellsWhatItCannotOpen()
         QVERIFY(window.notice().contains(u"broken.dxf"_s));
         QVERIFY(window.notice().contains(u"3"_s)); // the line
         QCOMPARE(window.tabs().count(), 1);
+    });
+}
+
+/// What is seen stays until there is something new, and for good when there is not.
+void TestViewerRun::readsPlansAgain()
+{
+    QFile file(m_home->filePath(u"plan.dxf"_s));
+    QVERIFY(QFile::copy(kSample, file.fileName()) && file.open(QIODevice::ReadWrite));
+    const QByteArray older = file.readAll();
+    const QByteArray newer =
+        QByteArray(older).replace("\n3\r\n  2\r\nBL_NR", "\n33\r\n  2\r\nBL_NR");
+    const auto write = [&](const QByteArray &text) {
+        QVERIFY(file.resize(0) && file.seek(0) && file.write(text) == text.size() && file.flush());
+    };
+    m_arguments[0] = file.fileName();
+    runViewer(m_arguments, [&](Viewer &, MainWindow &window) {
+        QAction &again = window.actions().action(Id::Reload);
+        PlanView *view = window.currentView();
+        const auto number = [&] { return view->plan().sheets().title(*view->currentSheet()); };
+        view->go(ViewPose(kPlace, 0.5, 30));
+        const ViewPose pose = view->pose();
+        QTRY_VERIFY(view->plan().backdrop().lineCount() > 0 && !view->plan().backdropReader());
+        const std::size_t lines = view->plan().backdrop().lineCount();
+        view->completePicture();
+        const QImage before = view->grab().toImage();
+        QCOMPARE(number(), u"3"_s);
+        int timesRead = 0;
+        connect(&view->plan(), &Plan::backdropRead, view, [&] { ++timesRead; });
+
+        write(newer);
+        again.trigger();
+        QCOMPARE(window.currentView(), view);
+        QCOMPARE(view->pose(), pose);
+        QVERIFY(view->canGoBack());
+        QCOMPARE(number(), u"33"_s);
+        QCOMPARE(view->grab().toImage(), before);
+        QCOMPARE(view->plan().backdrop().lineCount(), lines);
+        QTRY_COMPARE(timesRead, 1);
+        QCOMPARE(view->plan().backdrop().lineCount(), lines);
+        view->completePicture();
+        QVERIFY(view->grab().toImage() != before);
+
+        write("0\nSECTION\nabc\n");
+        again.trigger();
+        QVERIFY(window.notice().contains(u"plan.dxf, line 3"_s));
+        QCOMPARE(window.currentView(), view);
+        QCOMPARE(number(), u"33"_s);
+        write(older);
+        again.trigger();
+        QCOMPARE(number(), u"3"_s);
+        QCOMPARE(window.notice(), QString());
     });
 }
 
