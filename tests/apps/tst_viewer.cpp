@@ -10,18 +10,24 @@
 #include "PlanState.h"
 #include "PlanTabs.h"
 #include "PlanView.h"
+#include "RecentPlans.h"
 #include "SheetAddress.h"
 #include "SheetNeighbours.h"
 #include "ViewHistory.h"
 #include "ViewNavigation.h"
 #include "ViewerActions.h"
+#include <QMenuBar>
 #include <QRandomGenerator>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QWheelEvent>
 #include <QtTest>
 #include <kelo_base/actions/ActionManager.h>
+#include <kelo_base/actions/ContextMenu.h>
+#include <kelo_base/actions/ContextMenuLayout.h>
+#include <kelo_base/actions/FunctionFilter.h>
 #include <kelo_base/actions/MenuConfigManager.h>
+#include <kelo_base/core/Translation.h>
 #include <kelo_base/navigation/ViewGeometry.h>
 #include <numbers>
 
@@ -164,6 +170,8 @@ private slots:
     void turnedPicturesShowTheSame();
     void wheelKeepsThePlace();
     void shippedShortcutsNeverClash();
+    void shippedMnemonicsNeverClash_data();
+    void shippedMnemonicsNeverClash();
 };
 
 void TestViewer::posesMapThereAndBack()
@@ -739,6 +747,44 @@ void TestViewer::shippedShortcutsNeverClash()
             const bool isInTheWay = keys.matches(reserved) == QKeySequence::PartialMatch ||
                                     reserved.matches(keys) == QKeySequence::PartialMatch;
             QVERIFY2(!isInTheWay, qPrintable(keys.toString() + u' ' + reserved.toString()));
+        }
+    }
+}
+
+void TestViewer::shippedMnemonicsNeverClash_data()
+{
+    QTest::addColumn<QLocale>("locale");
+    QTest::newRow("English") << QLocale(QLocale::English);
+    QTest::newRow("German") << QLocale(QLocale::German);
+}
+
+/// Not in one menu, nor in the bar, nor in the context menu.
+void TestViewer::shippedMnemonicsNeverClash()
+{
+    QFETCH(const QLocale, locale);
+    InstallTranslation(locale);
+    const auto english = qScopeGuard([] { InstallTranslation(QLocale(QLocale::English)); });
+    QCOMPARE(InstalledTranslation(), locale.name().left(2));
+    ActionManager registry;
+    const ViewerActions actions(registry);
+    QMenuBar bar;
+    RecentPlans recent;
+    actions.fill(bar, recent);
+    QMenu context;
+    FillContextMenu(context, registry, ViewerActions::shippedLayout(),
+                    FilterByContextId(kPlanIsOpen, kOnSheet, -1));
+    QList<QWidget *> menus{&bar, &context};
+    for (QMenu *menu : bar.findChildren<QMenu *>())
+        menus << menu;
+    QCOMPARE(menus.size(), 7);
+    for (const QWidget *menu : menus) {
+        QHash<QKeySequence, QString> texts;
+        for (const QAction *action : menu->actions()) {
+            const QKeySequence letter = QKeySequence::mnemonic(action->text());
+            QVERIFY2(!texts.contains(letter),
+                     qPrintable(action->text() + " and "_L1 + texts.value(letter)));
+            if (!letter.isEmpty())
+                texts[letter] = action->text();
         }
     }
 }
