@@ -17,6 +17,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QDropEvent>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QMenu>
 #include <QMimeData>
 #include <QProcess>
@@ -27,6 +29,7 @@
 #include <kelo_base/menus/QtPieMenu.h>
 #include <kelo_base/navigation/NavCtrlMgrIfc.h>
 #include <kelo_base/navigation/ViewGeometry.h>
+#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 using Id = ViewerAction;
@@ -68,15 +71,30 @@ int sendAsPartner(const QString &folder, const QStringList &commands)
     return QTest::qWaitFor(isDone, 30'000) ? partner.exitCode() : -1;
 }
 
-/// What was sent to the partner: the next command that lies ready, which is taken.
-QByteArray takeCommand(const QString &folder)
+/// A partner that receives, as long as this lives.
+class Listener
 {
-    QFile file(folder + "/kelo-out.txt"_L1);
-    static_cast<void>(QTest::qWaitFor([&] { return file.exists(); }, 10'000));
-    const QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    file.remove();
-    return text;
-}
+public:
+    explicit Listener(const QString &folder, const QStringList &options = {})
+    {
+        m_partner.start(QStringLiteral(KELO_PARTNER_SIM),
+                        QStringList{folder, u"--json"_s, u"--poll"_s, u"50"_s} + options);
+    }
+    ~Listener()
+    {
+        m_partner.kill();
+        m_partner.waitForFinished();
+    }
+    /// What it prints of the next command; empty when none comes.
+    QJsonObject next()
+    {
+        static_cast<void>(QTest::qWaitFor([&] { return m_partner.canReadLine(); }, 20'000));
+        return QJsonDocument::fromJson(m_partner.readLine()).object();
+    }
+
+private:
+    QProcess m_partner;
+};
 
 /// The place in the middle, as the controls are told: between the corner pixels.
 QPointF middleOf(QWidget *view)
@@ -207,21 +225,26 @@ void TestViewerRun::showsTheViewInThePartner()
     runViewer(m_arguments, [&](Viewer &, MainWindow &window) {
         window.currentView()->go(ViewPose(kPlace, 0.5, 0));
         window.actions().action(Id::ShowInPartner).trigger();
-        const QByteArray move = takeCommand(m_exchange);
-        QVERIFY2(move.contains("MoveToPosition"), move);
-        QVERIFY2(move.contains("Center:4469400.250000;5318700.750000"), move);
-        const QByteArray highlight = takeCommand(m_exchange);
-        QVERIFY2(highlight.contains("HighlightPolygons"), highlight);
-        const qsizetype name = highlight.indexOf("kelo-data-");
-        QFile polygon(
-            m_exchange + u'/' +
-            QString::fromLatin1(highlight.mid(name, highlight.indexOf(".pol") + 4 - name)));
-        QVERIFY(polygon.open(QIODevice::ReadOnly));
+        std::optional<Listener> partner(std::in_place, m_exchange);
+        const QJsonObject move = partner->next();
+        QCOMPARE(move[u"id"], u"MoveToPosition"_s);
+        const QString where = move[u"parameters"].toString();
+        QVERIFY2(where.contains(u"Center:4469400.250000;5318700.750000"_s), qPrintable(where));
+        const QJsonObject highlight = partner->next();
+        QCOMPARE(highlight[u"id"], u"HighlightPolygons"_s);
+        const QString file = highlight[u"parameters"].toString();
+        QFile polygon(m_exchange + u'/' + file.section(u"PolygonFile:"_s, 1, 1));
+        QVERIFY2(polygon.open(QIODevice::ReadOnly), qPrintable(file));
         const QPointF corner =
             window.currentView()->pose().toMap({0, 0}, window.currentView()->size());
         QCOMPARE(polygon.readLine().trimmed(), QByteArray::number(corner.x(), 'f', 3) + ' ' +
                                                    QByteArray::number(corner.y(), 'f', 3));
         QVERIFY(window.status().channel().contains(u"waiting"_s));
+        QCOMPARE(window.notice(), QString());
+        partner.emplace(m_exchange, QStringList{u"--refuse"_s});
+        window.actions().action(Id::ShowInPartner).trigger();
+        QTRY_VERIFY_WITH_TIMEOUT(window.notice().contains(u"does not carry"_s), 20'000);
+        window.tell({});
         window.actions().action(Id::ChannelActive).trigger();
         window.actions().action(Id::ShowInPartner).trigger();
         QVERIFY(!window.notice().isEmpty());
