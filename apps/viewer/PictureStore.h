@@ -63,7 +63,7 @@ private:
     void finishJob();
     void beginOverview();
     void trim();
-    void fillGaps(QImage &frame, const QList<QRect> &gaps) const;
+    void paintGaps(QPainter &painter, const QList<QRect> &gaps) const;
     void paintTiles(QPainter &painter) const;
 
     const Scene &m_scene;
@@ -83,6 +83,5 @@ private:
     std::unique_ptr<ScenePainting> m_overviewJob;
     QTransform m_nextOverview;
     int m_nextOverviewRevision = 0;
-    QImage m_frame; ///< for what cannot be shown by tiles
     QElapsedTimer m_sinceTurn;
 };
