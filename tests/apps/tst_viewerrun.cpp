@@ -224,6 +224,7 @@ void TestViewerRun::showsTheViewInThePartner()
 {
     runViewer(m_arguments, [&](Viewer &, MainWindow &window) {
         window.currentView()->go(ViewPose(kPlace, 0.5, 0));
+        QTRY_VERIFY(window.status().channel().contains(u"waiting"_s));
         window.actions().action(Id::ShowInPartner).trigger();
         std::optional<Listener> partner(std::in_place, m_exchange);
         const QJsonObject move = partner->next();
@@ -239,7 +240,6 @@ void TestViewerRun::showsTheViewInThePartner()
             window.currentView()->pose().toMap({0, 0}, window.currentView()->size());
         QCOMPARE(polygon.readLine().trimmed(), QByteArray::number(corner.x(), 'f', 3) + ' ' +
                                                    QByteArray::number(corner.y(), 'f', 3));
-        QVERIFY(window.status().channel().contains(u"waiting"_s));
         QCOMPARE(window.notice(), QString());
         partner.emplace(m_exchange, QStringList{u"--refuse"_s});
         window.actions().action(Id::ShowInPartner).trigger();
