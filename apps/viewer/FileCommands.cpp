@@ -80,7 +80,10 @@ FileCommands::FileCommands(MainWindow &window) : QObject(&window), m_window(wind
 {
     const ViewerActions &actions = window.actions();
     actions.on(ViewerAction::Open, this, [this] { askAndOpen(); });
-    actions.on(ViewerAction::Reload, this, [this] { reload(); });
+    actions.on(ViewerAction::Reload, this, [this] {
+        if (PlanView *view = m_window.currentView())
+            m_window.readAgain(*view);
+    });
     actions.on(ViewerAction::ExportGk2, this, [this] { askAndExportGk2(); });
     actions.on(ViewerAction::ExportTable, this, [this] { askAndExportTable(); });
     actions.on(ViewerAction::SavePicture, this, [this] { askAndSavePicture(); });
@@ -103,19 +106,6 @@ void FileCommands::askAndOpen()
         &m_window, tr("Open plans"), folder, tr("DXF plans (*.dxf *.DXF);;All files (*)"));
     for (const QString &file : files)
         m_window.openPlan(file);
-}
-
-/// The view stays where it is.
-void FileCommands::reload()
-{
-    PlanView *view = m_window.currentView();
-    if (!view)
-        return;
-    const QString path = view->plan().path();
-    const ViewPose pose = view->pose();
-    m_window.tabs().close(view);
-    if (PlanView *again = m_window.openPlan(path))
-        again->place(pose);
 }
 
 void FileCommands::askAndExportGk2()

@@ -25,7 +25,6 @@ private:
     void askAndExportGk2();
     void askAndExportTable();
     void askAndSavePicture();
-    void reload();
     /// The plan's name with another ending, in its folder.
     [[nodiscard]] QString suggested(const QString &ending) const;
 

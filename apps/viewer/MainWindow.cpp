@@ -26,6 +26,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPointer>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
@@ -33,6 +34,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 #include <kelo_base/actions/ActionManager.h>
+#include <kelo_base/dxf/PlanSession.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -68,6 +70,7 @@ MainWindow::MainWindow(ViewerActions &actions, MenuConfigManager &configuration)
                            [this](const SheetAddress &sheet) { return m_links->linkedTo(sheet); }});
     m_controls = std::make_unique<ViewControls>(*this);
     connect(m_tabs, &PlanTabs::currentViewChanged, this, &MainWindow::showCurrent);
+    connect(m_opener, &PlanOpener::readingChanged, this, &MainWindow::updateContext);
     connect(m_opener, &PlanOpener::progress, m_status, &StatusLine::showReading);
     connect(m_recent, &RecentPlans::chosen, this, &MainWindow::openPlan);
     showCurrent(nullptr);
@@ -136,22 +139,42 @@ PlanView *MainWindow::openPlan(const QString &path)
         return nullptr;
     }
     QString why;
-    std::unique_ptr<Plan> plan = m_opener->open(path, why);
-    m_status->showReading(1);
+    std::unique_ptr<PlanSession> session = m_opener->open(path, why);
     PlanView *view = nullptr;
-    if (plan && !m_closesAfterwards) {
-        view = m_tabs->add(std::move(plan));
+    if (session && !m_closesAfterwards) {
+        view = m_tabs->add(std::make_unique<Plan>(std::move(session)));
         watch(view);
         m_recent->add(view->plan().path());
         emit planOpened(view);
     }
+    finishReading(why);
+    return view;
+}
+
+void MainWindow::readAgain(PlanView &view)
+{
+    if (m_opener->isReading())
+        return;
+    const QPointer<PlanView> alive(&view); // its tab can be closed meanwhile
+    QString why;
+    std::unique_ptr<PlanSession> session = m_opener->open(view.plan().path(), why);
+    if (session && alive) {
+        view.plan().renew(std::move(session));
+        tell({}); // of a time when it could not be read
+        statusBar()->showMessage(tr("%1 was read again").arg(view.plan().name()), 4000);
+    }
+    finishReading(why.isEmpty() ? why : tr("%1; it is shown as it was read before").arg(why));
+}
+
+void MainWindow::finishReading(const QString &why)
+{
+    m_status->showReading(1);
     if (!why.isEmpty())
         tell(why);
     if (m_closesAfterwards)
         QTimer::singleShot(0, this, &QWidget::close);
     else if (!m_waiting.isEmpty())
         QTimer::singleShot(0, this, [this, next = m_waiting.takeFirst()] { openPlan(next); });
-    return view;
 }
 
 void MainWindow::watch(PlanView *view)
@@ -176,6 +199,7 @@ void MainWindow::updateContext()
     const PlanView *view = currentView();
     const bool isOnSheet = view && view->currentSheet();
     m_actions.setContext(view ? kPlanIsOpen : 0U, isOnSheet ? kOnSheet : 0U);
+    m_actions.action(ViewerAction::Reload).setEnabled(view && !m_opener->isReading());
     m_actions.action(ViewerAction::PreviousView).setEnabled(view && view->canGoBack());
     m_actions.action(ViewerAction::NextView).setEnabled(view && view->canGoForth());
     m_actions.action(ViewerAction::ShowBackdrop).setChecked(view && view->plan().isBackdropShown());

@@ -41,6 +41,9 @@ public:
     /// Opens a plan in a tab, or brings its tab to the front. While another one is read it waits.
     /// @return null when it could not be read, or not yet; the notice bar says why
     PlanView *openPlan(const QString &path);
+    /// Reads the file of a plan again; the view stays as it is, also when that fails, which the
+    /// notice bar says. Nothing happens while a plan is being read.
+    void readAgain(PlanView &view);
     /// One sentence for the user, until it is taken away; empty: none.
     void tell(const QString &sentence);
     [[nodiscard]] QString notice() const;
@@ -60,6 +63,7 @@ private:
     void layOut();
     void addDocks();
     void addCommands(MenuConfigManager &configuration);
+    void finishReading(const QString &why);
     void watch(PlanView *view);
     void showCurrent(PlanView *view);
     void updateContext();

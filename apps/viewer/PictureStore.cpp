@@ -96,15 +96,15 @@ struct Pixels
     quint64 height;
 };
 
-/// Fills an area of a picture with the nearest pixels of the first one, beyond its edges with those
-/// of the second one, and with @p paper where neither has any. The toolkit's way takes thrice as
-/// long, which is more than a frame may take.
+/// Fills the top left of a picture, which shows an area of the view, with the nearest pixels of the
+/// first one, beyond its edges with those of the second one, and with @p paper where neither has
+/// any. The toolkit's way takes thrice as long, which is more than a frame may take.
 void sample(QImage &target, const QRect &area, Walk first, Walk second, QRgb paper)
 {
     const Pixels sharp(first.image);
     const Pixels coarse(second.image);
     for (int row = area.top(); row <= area.bottom(); ++row) {
-        auto *pixel = reinterpret_cast<QRgb *>(target.scanLine(row)) + area.left();
+        auto *pixel = reinterpret_cast<QRgb *>(target.scanLine(row - area.top()));
         first.beginRow(area.left(), row);
         second.beginRow(area.left(), row);
         int begin = 0;
@@ -186,6 +186,12 @@ void PictureStore::refresh()
     m_job.reset(); // begins anew with all there is
 }
 
+void PictureStore::renew()
+{
+    refresh();
+    m_overviewJob.reset(); // knows what is gone
+}
+
 void PictureStore::forget()
 {
     ++m_revision;
@@ -194,7 +200,6 @@ void PictureStore::forget()
     m_still = {};
     m_overview = {};
     m_overviewJob.reset();
-    m_frame = {};
 }
 
 /// The view's own pose in device pixels, relative to the anchor.
@@ -282,10 +287,7 @@ bool PictureStore::work(int milliseconds)
         if (deadline.hasExpired())
             return isNew;
     }
-    if (!m_still.isNull() || !m_frame.isNull()) {
-        m_still = {};
-        m_frame = {};
-    }
+    m_still = {};
     if (needsOverview()) {
         if (!m_overviewJob)
             beginOverview();
@@ -293,7 +295,7 @@ bool PictureStore::work(int milliseconds)
             m_overview = m_overviewJob->takeImage();
             m_toOverview = m_nextOverview;
             m_overviewJob.reset();
-            m_overviewRevision = m_revision;
+            m_overviewRevision = m_nextOverviewRevision;
         }
     }
     return isNew;
@@ -320,6 +322,7 @@ void PictureStore::beginOverview()
     const QRectF rect = bounds.rect();
     const double longer = std::max({rect.width(), rect.height(), 1e-3});
     const double scale = kOverview / longer;
+    m_nextOverviewRevision = m_revision;
     m_nextOverview = QTransform(scale, 0, 0, -scale, -rect.left() * scale, rect.bottom() * scale);
     const QSize size(std::max(1, qRound(rect.width() * scale)),
                      std::max(1, qRound(rect.height() * scale)));
@@ -354,7 +357,8 @@ void PictureStore::trim()
     }
 }
 
-void PictureStore::fillGaps(QImage &frame, const QList<QRect> &gaps) const
+/// A piece at a time, which is still in the processor's cache when it is painted.
+void PictureStore::paintGaps(QPainter &painter, const QList<QRect> &gaps) const
 {
     const QSizeF view = QSizeF(m_size) / m_ratio;
     const QTransform toLogical = QTransform::fromScale(1 / m_ratio, 1 / m_ratio);
@@ -368,9 +372,12 @@ void PictureStore::fillGaps(QImage &frame, const QList<QRect> &gaps) const
     const QPointF x = stillPixel({1, 0}) - origin;
     const QPointF y = stillPixel({0, 1}) - origin;
     const QTransform toStill(x.x(), x.y(), y.x(), y.y(), origin.x(), origin.y());
-    for (const QRect &gap : gaps)
-        sample(frame, gap, {m_still, toStill}, {m_overview, toMap * m_toOverview},
+    QImage piece(kTile, kTile, QImage::Format_RGB32);
+    for (const QRect &gap : gaps) {
+        sample(piece, gap, {m_still, toStill}, {m_overview, toMap * m_toOverview},
                m_colors.paper.rgb());
+        painter.drawImage(gap.topLeft(), piece, QRect(QPoint(), gap.size()));
+    }
 }
 
 void PictureStore::paintTiles(QPainter &painter) const
@@ -398,19 +405,13 @@ void PictureStore::paint(QPainter &painter)
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     const double ratio = painter.device()->devicePixelRatio();
     painter.scale(1 / ratio, 1 / ratio); // device pixels from here on
-    if (!gaps.isEmpty()) {
-        if (m_frame.size() != m_size)
-            m_frame = QImage(m_size, QImage::Format_RGB32);
-        fillGaps(m_frame, gaps);
-        for (const QRect &gap : gaps)
-            painter.drawImage(gap.topLeft(), m_frame, gap);
-    }
+    if (!gaps.isEmpty())
+        paintGaps(painter, gaps);
     paintTiles(painter);
     painter.restore();
 }
 
 qsizetype PictureStore::bytes() const
 {
-    return m_tiles.size() * kTile * kTile * 4 + m_still.sizeInBytes() + m_overview.sizeInBytes() +
-           m_frame.sizeInBytes();
+    return m_tiles.size() * kTile * kTile * 4 + m_still.sizeInBytes() + m_overview.sizeInBytes();
 }

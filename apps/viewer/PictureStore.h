@@ -25,6 +25,8 @@ public:
     void setColors(const SceneColors &colors);
     /// The scene has more to show; what there is stays until it is painted anew.
     void refresh();
+    /// The scene was read again, and shows much the same; likewise.
+    void renew();
     /// The scene shows something else: nothing that was painted counts any more.
     void forget();
 
@@ -61,7 +63,7 @@ private:
     void finishJob();
     void beginOverview();
     void trim();
-    void fillGaps(QImage &frame, const QList<QRect> &gaps) const;
+    void paintGaps(QPainter &painter, const QList<QRect> &gaps) const;
     void paintTiles(QPainter &painter) const;
 
     const Scene &m_scene;
@@ -80,6 +82,6 @@ private:
     int m_overviewRevision = 0;
     std::unique_ptr<ScenePainting> m_overviewJob;
     QTransform m_nextOverview;
-    QImage m_frame; ///< for what cannot be shown by tiles
+    int m_nextOverviewRevision = 0;
     QElapsedTimer m_sinceTurn;
 };

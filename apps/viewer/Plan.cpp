@@ -7,8 +7,9 @@
 #include <utility>
 
 Plan::Plan(std::unique_ptr<PlanSession> session, QObject *parent)
-    : QObject(parent), m_session(std::move(session)), m_sheets(*m_session)
+    : QObject(parent), m_session(std::move(session))
 {
+    m_sheets.build(*m_session);
     m_scene.sheets = &m_sheets;
     m_scene.backdrop = &m_backdrop;
     m_scene.readable = [this](const QByteArray &text) {
@@ -18,6 +19,17 @@ Plan::Plan(std::unique_ptr<PlanSession> session, QObject *parent)
 }
 
 Plan::~Plan() = default;
+
+void Plan::renew(std::unique_ptr<PlanSession> session)
+{
+    m_reader.reset();
+    m_nextBackdrop.reset();
+    m_session = std::move(session);
+    m_isPlaced = m_isPlaced && relabel(true);
+    m_sheets.build(*m_session);
+    m_hasBackdropBegun = false;
+    emit renewed();
+}
 
 QRectF Plan::bounds() const
 {
@@ -30,17 +42,38 @@ void Plan::readBackdrop()
 {
     if (path().isEmpty() || std::exchange(m_hasBackdropBegun, true))
         return;
-    m_reader = std::make_unique<BackdropReader>(path(), m_backdrop);
-    connect(m_reader.get(), &BackdropReader::grown, this, &Plan::grown);
+    if (m_backdrop.count() > 0)
+        m_nextBackdrop.emplace();
+    else
+        m_backdrop = {}; // an interrupted reader may have left what is not packed
+    m_reader =
+        std::make_unique<BackdropReader>(path(), m_nextBackdrop ? *m_nextBackdrop : m_backdrop);
+    connect(m_reader.get(), &BackdropReader::grown, this, [this] {
+        emit backdropProgress();
+        if (!m_nextBackdrop)
+            emit grown();
+    });
     connect(m_reader.get(), &BackdropReader::finished, this, [this] {
         m_reader.release()->deleteLater(); // it is at work right now
+        showNextBackdrop();
         emit backdropRead();
     });
 }
 
+void Plan::showNextBackdrop()
+{
+    if (!m_nextBackdrop)
+        return;
+    m_backdrop = std::move(*m_nextBackdrop);
+    m_nextBackdrop.reset();
+    emit renewed();
+}
+
+/// Of one that is read again, the former stays.
 void Plan::cancelBackdrop()
 {
     m_reader.reset();
+    m_nextBackdrop.reset();
     m_backdrop.finish();
     emit backdropRead();
 }
@@ -57,12 +90,17 @@ bool Plan::setPlaced(bool isPlaced)
 {
     if (isPlaced == m_isPlaced)
         return true;
-    AnalysisOptions options;
-    options.appliesPlacement = isPlaced;
-    const bool isDone = m_session->Relabel(options);
+    const bool isDone = relabel(isPlaced);
     if (isDone)
         m_isPlaced = isPlaced;
-    m_sheets.build();
+    m_sheets.build(*m_session);
     emit changed();
     return isDone;
+}
+
+bool Plan::relabel(bool isPlaced)
+{
+    AnalysisOptions options;
+    options.appliesPlacement = isPlaced;
+    return m_session->Relabel(options);
 }

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <kelo_base/dxf/PlanSession.h>
 #include <memory>
+#include <optional>
 
 class BackdropReader;
 
@@ -18,6 +19,9 @@ class Plan : public QObject
 public:
     explicit Plan(std::unique_ptr<PlanSession> session, QObject *parent = nullptr);
     ~Plan() override;
+    /// The file was read again: shows the sheets it has now. What was drawn around the former ones
+    /// stays until readBackdrop() has read that, too.
+    void renew(std::unique_ptr<PlanSession> session);
 
     [[nodiscard]] QString path() const { return m_session->Path(); }
     [[nodiscard]] QString name() const { return m_session->Name(); }
@@ -42,14 +46,20 @@ public:
     bool setPlaced(bool isPlaced);
 
 signals:
-    void grown();        ///< there is more backdrop to be seen
-    void backdropRead(); ///< all that there is
-    void changed();      ///< something else is to be seen
+    void grown();            ///< there is more backdrop to be seen
+    void backdropProgress(); ///< it is read on, seen or not
+    void backdropRead();     ///< all that there is
+    void renewed();          ///< sheets or backdrop were read again: much the same is to be seen
+    void changed();          ///< something else is to be seen
 
 private:
+    void showNextBackdrop();
+    bool relabel(bool isPlaced);
+
     std::unique_ptr<PlanSession> m_session;
     SheetLayer m_sheets;
     Backdrop m_backdrop;
+    std::optional<Backdrop> m_nextBackdrop; ///< read while the other one is seen
     Scene m_scene;
     std::unique_ptr<BackdropReader> m_reader;
     bool m_hasBackdropBegun = false;

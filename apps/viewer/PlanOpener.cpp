@@ -2,7 +2,6 @@
 // Opens a plan's session, and words its failures.
 #include "PlanOpener.h"
 
-#include "Plan.h"
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QPointer>
@@ -31,21 +30,23 @@ public:
 
 } // namespace
 
-std::unique_ptr<Plan> PlanOpener::open(const QString &path, QString &why)
+std::unique_ptr<PlanSession> PlanOpener::open(const QString &path, QString &why)
 {
     if (m_isReading)
         return nullptr;
     m_isReading = true;
     m_isCancelled = false;
+    emit readingChanged(true);
     m_sinceEvents.start();
     const QPointer<PlanOpener> alive(this);
     PlanOpening opening = PlanSession::Open(path, {}, {reporter(), reporter()});
     if (!alive)
         return nullptr;
     m_isReading = false;
+    emit readingChanged(false);
     switch (opening.outcome) {
     case PlanOpening::Outcome::Opened:
-        return std::make_unique<Plan>(std::move(opening.session));
+        return std::move(opening.session);
     case PlanOpening::Outcome::NotRead:
         why = Texts::NotRead(path, *opening.error);
         break;

@@ -55,6 +55,7 @@ PlanView::PlanView(Plan &plan, QWidget *parent)
         m_pictures.refresh();
         scheduleWork();
     });
+    connect(&plan, &Plan::renewed, this, &PlanView::renew);
     connect(&plan, &Plan::changed, this, [this] {
         m_pictures.forget();
         findCurrentSheet();
@@ -141,6 +142,16 @@ void PlanView::findCurrentSheet()
     if (sheet == m_currentSheet)
         return;
     m_currentSheet = sheet;
+    update();
+    emit documentChanged();
+}
+
+/// Pose and history stay, and the picture until it is painted anew.
+void PlanView::renew()
+{
+    m_pictures.renew();
+    m_areSheetsShown = false;
+    m_currentSheet = m_plan.sheets().sheetAt(m_pose.middle());
     update();
     emit documentChanged();
 }

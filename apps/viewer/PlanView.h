@@ -46,7 +46,7 @@ public:
     [[nodiscard]] const PictureStore &pictures() const { return m_pictures; }
 
 signals:
-    /// For the first time, all sheets that lie in the view have been painted.
+    /// For the first time since the plan was read, all sheets that lie in the view are painted.
     void sheetsShown();
     /// A menu is asked for, at a place of the screen. The button that asks is still down.
     void menuWanted(const QPoint &globalPos);
@@ -76,6 +76,7 @@ private:
     void dragTo(QPointF pixel);
     void paintCurrentSheet(QPainter &painter) const;
     void findCurrentSheet();
+    void renew();
     void scheduleWork();
 
     Plan &m_plan;

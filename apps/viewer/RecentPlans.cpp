@@ -21,7 +21,7 @@ QSettings &settings()
 
 } // namespace
 
-RecentPlans::RecentPlans(QWidget *parent) : QMenu(tr("Open re&cent"), parent)
+RecentPlans::RecentPlans(QWidget *parent) : QMenu(tr("Open rec&ent"), parent)
 {
     connect(this, &QMenu::aboutToShow, this, &RecentPlans::fill);
 }

@@ -76,9 +76,10 @@ bool SheetFrame::contains(QPointF map) const
         .containsPoint(map, Qt::OddEvenFill);
 }
 
-void SheetLayer::build()
+void SheetLayer::build(const PlanSession &session)
 {
-    const auto count = static_cast<quint32>(m_session.Sheets().size());
+    m_session = &session;
+    const auto count = static_cast<quint32>(m_session->Sheets().size());
     m_count = count;
     m_bounds = {};
     std::vector<SheetPlaceOnMap> places;
@@ -106,9 +107,9 @@ void SheetLayer::build()
 
 MapBounds SheetLayer::boundsOf(quint32 sheet) const
 {
-    const DxfDrawing &drawing = m_session.Drawing();
+    const DxfDrawing &drawing = m_session->Drawing();
     MapBounds bounds;
-    const DxfBlock *block = drawing.BlockOf(drawing.Inserts()[m_session.Sheets()[sheet]]);
+    const DxfBlock *block = drawing.BlockOf(drawing.Inserts()[m_session->Sheets()[sheet]]);
     if (!block)
         return bounds;
     for (const DxfPolyline &line : drawing.Polylines(*block))
@@ -130,9 +131,9 @@ void SheetLayer::collect(const MapBounds &area, std::vector<quint32> &sheets) co
 
 QList<QPolygonF> SheetLayer::outlines(quint32 sheet) const
 {
-    const DxfDrawing &drawing = m_session.Drawing();
+    const DxfDrawing &drawing = m_session->Drawing();
     QList<QPolygonF> lines;
-    const DxfBlock *block = drawing.BlockOf(drawing.Inserts()[m_session.Sheets()[sheet]]);
+    const DxfBlock *block = drawing.BlockOf(drawing.Inserts()[m_session->Sheets()[sheet]]);
     if (!block)
         return lines;
     const bool hasFrame = HasCorners(CornersOf(drawing, *block));
@@ -151,8 +152,8 @@ QList<QPolygonF> SheetLayer::outlines(quint32 sheet) const
 
 std::optional<SheetFrame> SheetLayer::labelledFrame(quint32 sheet) const
 {
-    const DxfDrawing &drawing = m_session.Drawing();
-    const DxfBlock *block = drawing.BlockOf(drawing.Inserts()[m_session.Sheets()[sheet]]);
+    const DxfDrawing &drawing = m_session->Drawing();
+    const DxfBlock *block = drawing.BlockOf(drawing.Inserts()[m_session->Sheets()[sheet]]);
     if (!block)
         return std::nullopt;
     const SheetCorners corners = CornersOf(drawing, *block);
@@ -178,8 +179,8 @@ SheetFrame SheetLayer::frame(quint32 sheet) const
 
 QString SheetLayer::number(quint32 sheet) const
 {
-    const DxfDrawing &drawing = m_session.Drawing();
-    const auto text = SheetNumberText(drawing, drawing.Inserts()[m_session.Sheets()[sheet]]);
+    const DxfDrawing &drawing = m_session->Drawing();
+    const auto text = SheetNumberText(drawing, drawing.Inserts()[m_session->Sheets()[sheet]]);
     return text ? drawing.DisplayText(*text).trimmed() : QString();
 }
 
@@ -188,9 +189,9 @@ QString SheetLayer::title(quint32 sheet) const
     const QString text = number(sheet);
     if (!text.isEmpty())
         return text;
-    const DxfDrawing &drawing = m_session.Drawing();
+    const DxfDrawing &drawing = m_session->Drawing();
     return drawing.DisplayText(
-        drawing.ShownBlockName(drawing.Inserts()[m_session.Sheets()[sheet]]));
+        drawing.ShownBlockName(drawing.Inserts()[m_session->Sheets()[sheet]]));
 }
 
 std::optional<quint32> SheetLayer::sheetAt(QPointF map) const

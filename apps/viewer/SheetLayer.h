@@ -41,13 +41,12 @@ struct SheetPlaceOnMap
     quint32 sheet = 0; ///< index into PlanSession::Sheets()
 };
 
-/// Sheets are counted as in PlanSession::Sheets(). The session is not owned, and outlives this;
-/// build() again when it has changed.
+/// Sheets are counted as in PlanSession::Sheets(). Empty until it is built, from a session that is
+/// not owned; built again when that has changed, or before it goes.
 class SheetLayer
 {
 public:
-    explicit SheetLayer(const PlanSession &session) : m_session(session) { build(); }
-    void build();
+    void build(const PlanSession &session);
 
     [[nodiscard]] qsizetype count() const { return m_count; }
     [[nodiscard]] const MapBounds &bounds() const { return m_bounds; }
@@ -71,7 +70,7 @@ public:
 private:
     [[nodiscard]] MapBounds boundsOf(quint32 sheet) const;
 
-    const PlanSession &m_session;
+    const PlanSession *m_session = nullptr;
     struct Pack
     {
         MapBounds bounds;

@@ -41,7 +41,7 @@ void StatusLine::show(PlanView *view)
         m_view->plan().disconnect(this);
     m_view = view;
     if (view) {
-        connect(&view->plan(), &Plan::grown, this, &StatusLine::showBackdrop);
+        connect(&view->plan(), &Plan::backdropProgress, this, &StatusLine::showBackdrop);
         connect(&view->plan(), &Plan::backdropRead, this, &StatusLine::showBackdrop);
     }
     m_place->clear();

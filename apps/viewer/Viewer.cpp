@@ -23,6 +23,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int kWrongUsage = 2;
+constexpr int kSoon = 100; ///< milliseconds in which the window has been painted
 
 /// The plan for those who have none: the installed one, else that of the tree it was built in.
 QString samplePlan()
@@ -66,8 +67,8 @@ int Viewer::runWithServices()
                {u"settings"_s, u"menus"_s}});
     core.Join({u"channel"_s,
                [this](QString &) {
-                   // The window is seen first: looking for the partner takes a while.
-                   QTimer::singleShot(0, m_window.get(), [this] {
+                   // The plan is seen first: looking for the partner takes a while.
+                   QTimer::singleShot(kSoon, m_window.get(), [this] {
                        m_channel =
                            std::make_unique<PartnerChannel>(*m_window, m_line.exchangeFolder);
                    });

@@ -74,7 +74,7 @@ constexpr Function kFunctions[] = {
     {Id::ShowBackdrop, ViewMenu, kPlan, true, QT_TRANSLATE_NOOP("ViewerActions", "&Backdrop"),
      "Ctrl+B", "3,8 7,6 11,8 15,6 21,8; 3,13 7,11 11,13 15,11 21,13; 3,18 7,16 11,18 15,16 21,18"},
     {Id::PlaceSheets, ViewMenu, kPlan, true,
-     QT_TRANSLATE_NOOP("ViewerActions", "Sheets where their inserts &put them"), "",
+     QT_TRANSLATE_NOOP("ViewerActions", "Sheets &where their inserts put them"), "",
      "4,4 12,4 12,10 4,10 4,4; 12,14 20,14 20,20 12,20 12,14; 8,13 8,17 10,17"},
     {Id::ShowControls, ViewMenu, kAnywhere, true,
      QT_TRANSLATE_NOOP("ViewerActions", "&Controls over the view"), "F8",
@@ -91,7 +91,7 @@ constexpr Function kFunctions[] = {
      "Ctrl+D", "7,3 17,3 17,21 12,16 7,21 7,3"},
 
     {Id::ShowInPartner, PartnerMenu, kPlan, false,
-     QT_TRANSLATE_NOOP("ViewerActions", "&Show in partner"), "Ctrl+P",
+     QT_TRANSLATE_NOOP("ViewerActions", "Sho&w in partner"), "Ctrl+P",
      "3,5 13,5 13,13 3,13 3,5; 11,16 11,19 21,19 21,11 16,11; 8,9 17,15; 17,11 17,15 13,15"},
     {Id::ShowObjectInPartner, PartnerMenu, kSheet, false,
      QT_TRANSLATE_NOOP("ViewerActions", "Show linked &object in partner"), "",

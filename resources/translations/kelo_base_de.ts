@@ -1217,6 +1217,14 @@
         <source>Plan viewer</source>
         <translation>Planbetrachter</translation>
     </message>
+    <message>
+        <source>%1 was read again</source>
+        <translation>%1 wurde neu gelesen</translation>
+    </message>
+    <message>
+        <source>%1; it is shown as it was read before</source>
+        <translation>%1; gezeigt wird, was vorher gelesen wurde</translation>
+    </message>
 </context>
 <context>
     <name>MenuConfigDialog</name>
@@ -1796,7 +1804,7 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
 <context>
     <name>RecentPlans</name>
     <message>
-        <source>Open re&amp;cent</source>
+        <source>Open rec&amp;ent</source>
         <translation>&amp;Zuletzt gelesen</translation>
     </message>
     <message>
@@ -2441,7 +2449,7 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <translation>&amp;Hintergrund</translation>
     </message>
     <message>
-        <source>Sheets where their inserts &amp;put them</source>
+        <source>Sheets &amp;where their inserts put them</source>
         <translation>Blätter, wo ihre Blockeinfügungen sie hinse&amp;tzen</translation>
     </message>
     <message>
@@ -2450,7 +2458,7 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
     <message>
         <source>&amp;Full screen</source>
-        <translation>Voll&amp;bild</translation>
+        <translation>V&amp;ollbild</translation>
     </message>
     <message>
         <source>Go to &amp;sheet...</source>
@@ -2465,8 +2473,8 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <translation>Ansicht &amp;speichern …</translation>
     </message>
     <message>
-        <source>&amp;Show in partner</source>
-        <translation>Im &amp;Partnerprogramm zeigen</translation>
+        <source>Sho&amp;w in partner</source>
+        <translation>Im Partnerprogramm &amp;zeigen</translation>
     </message>
     <message>
         <source>Show linked &amp;object in partner</source>

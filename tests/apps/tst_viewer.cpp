@@ -10,25 +10,36 @@
 #include "PlanState.h"
 #include "PlanTabs.h"
 #include "PlanView.h"
+#include "RecentPlans.h"
 #include "SheetAddress.h"
 #include "SheetNeighbours.h"
 #include "ViewHistory.h"
 #include "ViewNavigation.h"
 #include "ViewerActions.h"
+#include <QMenuBar>
+#include <QNativeGestureEvent>
+#include <QPointingDevice>
 #include <QRandomGenerator>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QWheelEvent>
 #include <QtTest>
+#include <functional>
 #include <kelo_base/actions/ActionManager.h>
+#include <kelo_base/actions/ContextMenu.h>
+#include <kelo_base/actions/ContextMenuLayout.h>
+#include <kelo_base/actions/FunctionFilter.h>
 #include <kelo_base/actions/MenuConfigManager.h>
+#include <kelo_base/core/Translation.h>
 #include <kelo_base/navigation/ViewGeometry.h>
 #include <numbers>
 
 using namespace Qt::Literals::StringLiterals;
 using Side = DocWindowXIfc::PageSide;
+using Input = std::function<void(PlanView &)>;
 
 Q_DECLARE_METATYPE(Side)
+Q_DECLARE_METATYPE(Input)
 
 namespace {
 
@@ -110,6 +121,35 @@ QStringList noted(const Backdrop &backdrop)
     return all;
 }
 
+constexpr QPointF kPointer(200, 100);
+
+const QPointingDevice *touchPad()
+{
+    static const QPointingDevice pad(u"pad"_s, 19, QInputDevice::DeviceType::TouchPad,
+                                     QPointingDevice::PointerType::Finger,
+                                     QInputDevice::Capability::Position, 5, 0);
+    return &pad;
+}
+
+Input scroll(QPoint pixels, QPoint angle, Qt::ScrollPhase phase, Qt::KeyboardModifiers keys = {},
+             const QPointingDevice *device = touchPad())
+{
+    return [=](PlanView &view) {
+        QWheelEvent event(kPointer, view.mapToGlobal(kPointer), pixels, angle, Qt::NoButton, keys,
+                          phase, false, Qt::MouseEventNotSynthesized, device);
+        QCoreApplication::sendEvent(&view, &event);
+    };
+}
+
+Input gesture(Qt::NativeGestureType type, double value = 0, QPointF delta = {})
+{
+    return [=](PlanView &view) {
+        QNativeGestureEvent event(type, touchPad(), 2, kPointer, kPointer,
+                                  view.mapToGlobal(kPointer), value, delta);
+        QCoreApplication::sendEvent(&view, &event);
+    };
+}
+
 /// A plan in a tab of 800 x 600.
 struct Opened
 {
@@ -163,7 +203,11 @@ private slots:
     void turnedPicturesShowTheSame_data();
     void turnedPicturesShowTheSame();
     void wheelKeepsThePlace();
+    void followsTouchPads_data();
+    void followsTouchPads();
     void shippedShortcutsNeverClash();
+    void shippedMnemonicsNeverClash_data();
+    void shippedMnemonicsNeverClash();
 };
 
 void TestViewer::posesMapThereAndBack()
@@ -717,6 +761,65 @@ void TestViewer::wheelKeepsThePlace()
     QCOMPARE(view->pose(), start);
 }
 
+void TestViewer::followsTouchPads_data()
+{
+    QTest::addColumn<QList<Input>>("inputs");
+    QTest::addColumn<double>("scale"); ///< metres a pixel; 1 at first
+    QTest::addColumn<double>("angle");
+    QTest::addColumn<QPointF>("way"); ///< of what lay under the pointer, in pixels
+    const QPointF rest;
+    QTest::newRow("two fingers move, and the picture rolls on")
+        << QList<Input>{scroll({}, {}, Qt::ScrollBegin),
+                        scroll({30, -20}, {60, -40}, Qt::ScrollUpdate),
+                        scroll({5, 1}, {10, 2}, Qt::ScrollUpdate), scroll({}, {}, Qt::ScrollEnd),
+                        scroll({2, 0}, {4, 0}, Qt::ScrollMomentum)}
+        << 1.0 << 0.0 << QPointF(37, -19);
+    QTest::newRow("a pad whose system tells no phases moves, too")
+        << QList<Input>{scroll({30, -20}, {60, -40}, Qt::NoScrollPhase)} << 1.0 << 0.0
+        << QPointF(30, -20);
+    QTest::newRow("with Control they zoom in small steps")
+        << QList<Input>(5, scroll({0, 60}, {0, 120}, Qt::ScrollUpdate, Qt::ControlModifier)) << 0.8
+        << 0.0 << rest;
+    QTest::newRow("a pad that counts no pixels zooms")
+        << QList<Input>{scroll({}, {0, 120}, Qt::ScrollUpdate)} << 0.8 << 0.0 << rest;
+    QTest::newRow("a wheel zooms, even when pixels are told")
+        << QList<Input>{scroll({0, 15}, {0, 120}, Qt::NoScrollPhase, {},
+                               QPointingDevice::primaryPointingDevice())}
+        << 0.8 << 0.0 << rest;
+    QTest::newRow("fingers that part zoom in")
+        << QList<Input>{gesture(Qt::BeginNativeGesture), gesture(Qt::ZoomNativeGesture, 0.25),
+                        gesture(Qt::ZoomNativeGesture, 0.6), gesture(Qt::EndNativeGesture)}
+        << 0.5 << 0.0 << rest;
+    QTest::newRow("and those that meet at once stop in time")
+        << QList<Input>{gesture(Qt::ZoomNativeGesture, -5)} << 10.0 << 0.0 << rest;
+    QTest::newRow("fingers that turn and move meanwhile")
+        << QList<Input>{gesture(Qt::BeginNativeGesture), gesture(Qt::RotateNativeGesture, 12),
+                        gesture(Qt::PanNativeGesture, 0, {8, 3}), gesture(Qt::ZoomNativeGesture, 0),
+                        gesture(Qt::EndNativeGesture)}
+        << 1.0 << 12.0 << QPointF(8, 3);
+}
+
+/// All that is done in one go is one step back.
+void TestViewer::followsTouchPads()
+{
+    QFETCH(const QList<Input>, inputs);
+    QFETCH(const double, scale);
+    QFETCH(const double, angle);
+    QFETCH(const QPointF, way);
+    Opened opened(planOfSheets(3, 3));
+    PlanView *view = opened.view;
+    const ViewPose start = view->pose();
+    const QPointF place = start.toMap(kPointer, view->size());
+    for (const Input &input : inputs)
+        input(*view);
+    QCOMPARE(view->pose().metresPerPixel(), scale);
+    QCOMPARE(view->pose().angle(), angle);
+    QVERIFY(QLineF(view->pose().toPixel(place, view->size()), kPointer + way).length() < 1e-6);
+    view->goBack();
+    QCOMPARE(view->pose(), start);
+    QVERIFY(!view->canGoBack());
+}
+
 /// Whatever the context. A reserved sequence may be a function's own, but not begin its keys.
 void TestViewer::shippedShortcutsNeverClash()
 {
@@ -739,6 +842,44 @@ void TestViewer::shippedShortcutsNeverClash()
             const bool isInTheWay = keys.matches(reserved) == QKeySequence::PartialMatch ||
                                     reserved.matches(keys) == QKeySequence::PartialMatch;
             QVERIFY2(!isInTheWay, qPrintable(keys.toString() + u' ' + reserved.toString()));
+        }
+    }
+}
+
+void TestViewer::shippedMnemonicsNeverClash_data()
+{
+    QTest::addColumn<QLocale>("locale");
+    QTest::newRow("English") << QLocale(QLocale::English);
+    QTest::newRow("German") << QLocale(QLocale::German);
+}
+
+/// Not in one menu, nor in the bar, nor in the context menu.
+void TestViewer::shippedMnemonicsNeverClash()
+{
+    QFETCH(const QLocale, locale);
+    InstallTranslation(locale);
+    const auto english = qScopeGuard([] { InstallTranslation(QLocale(QLocale::English)); });
+    QCOMPARE(InstalledTranslation(), locale.name().left(2));
+    ActionManager registry;
+    const ViewerActions actions(registry);
+    QMenuBar bar;
+    RecentPlans recent;
+    actions.fill(bar, recent);
+    QMenu context;
+    FillContextMenu(context, registry, ViewerActions::shippedLayout(),
+                    FilterByContextId(kPlanIsOpen, kOnSheet, -1));
+    QList<QWidget *> menus{&bar, &context};
+    for (QMenu *menu : bar.findChildren<QMenu *>())
+        menus << menu;
+    QCOMPARE(menus.size(), 7);
+    for (const QWidget *menu : menus) {
+        QHash<QKeySequence, QString> texts;
+        for (const QAction *action : menu->actions()) {
+            const QKeySequence letter = QKeySequence::mnemonic(action->text());
+            QVERIFY2(!texts.contains(letter),
+                     qPrintable(action->text() + " and "_L1 + texts.value(letter)));
+            if (!letter.isEmpty())
+                texts[letter] = action->text();
         }
     }
 }

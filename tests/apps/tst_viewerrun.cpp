@@ -17,6 +17,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QDropEvent>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QMenu>
 #include <QMimeData>
 #include <QProcess>
@@ -27,6 +29,7 @@
 #include <kelo_base/menus/QtPieMenu.h>
 #include <kelo_base/navigation/NavCtrlMgrIfc.h>
 #include <kelo_base/navigation/ViewGeometry.h>
+#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 using Id = ViewerAction;
@@ -68,15 +71,30 @@ int sendAsPartner(const QString &folder, const QStringList &commands)
     return QTest::qWaitFor(isDone, 30'000) ? partner.exitCode() : -1;
 }
 
-/// What was sent to the partner: the next command that lies ready, which is taken.
-QByteArray takeCommand(const QString &folder)
+/// A partner that receives, as long as this lives.
+class Listener
 {
-    QFile file(folder + "/kelo-out.txt"_L1);
-    static_cast<void>(QTest::qWaitFor([&] { return file.exists(); }, 10'000));
-    const QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    file.remove();
-    return text;
-}
+public:
+    explicit Listener(const QString &folder, const QStringList &options = {})
+    {
+        m_partner.start(QStringLiteral(KELO_PARTNER_SIM),
+                        QStringList{folder, u"--json"_s, u"--poll"_s, u"50"_s} + options);
+    }
+    ~Listener()
+    {
+        m_partner.kill();
+        m_partner.waitForFinished();
+    }
+    /// What it prints of the next command; empty when none comes.
+    QJsonObject next()
+    {
+        static_cast<void>(QTest::qWaitFor([&] { return m_partner.canReadLine(); }, 20'000));
+        return QJsonDocument::fromJson(m_partner.readLine()).object();
+    }
+
+private:
+    QProcess m_partner;
+};
 
 /// The place in the middle, as the controls are told: between the corner pixels.
 QPointF middleOf(QWidget *view)
@@ -122,6 +140,7 @@ private slots:
     void showsTheViewInThePartner();
     void opensLinkedSheets();
     void tellsWhatItCannotOpen();
+    void readsPlansAgain();
     void doesEverythingOnce();
     void writesScreenshots_data();
     void writesScreenshots();
@@ -205,22 +224,27 @@ void TestViewerRun::showsTheViewInThePartner()
 {
     runViewer(m_arguments, [&](Viewer &, MainWindow &window) {
         window.currentView()->go(ViewPose(kPlace, 0.5, 0));
+        QTRY_VERIFY(window.status().channel().contains(u"waiting"_s));
         window.actions().action(Id::ShowInPartner).trigger();
-        const QByteArray move = takeCommand(m_exchange);
-        QVERIFY2(move.contains("MoveToPosition"), move);
-        QVERIFY2(move.contains("Center:4469400.250000;5318700.750000"), move);
-        const QByteArray highlight = takeCommand(m_exchange);
-        QVERIFY2(highlight.contains("HighlightPolygons"), highlight);
-        const qsizetype name = highlight.indexOf("kelo-data-");
-        QFile polygon(
-            m_exchange + u'/' +
-            QString::fromLatin1(highlight.mid(name, highlight.indexOf(".pol") + 4 - name)));
-        QVERIFY(polygon.open(QIODevice::ReadOnly));
+        std::optional<Listener> partner(std::in_place, m_exchange);
+        const QJsonObject move = partner->next();
+        QCOMPARE(move[u"id"], u"MoveToPosition"_s);
+        const QString where = move[u"parameters"].toString();
+        QVERIFY2(where.contains(u"Center:4469400.250000;5318700.750000"_s), qPrintable(where));
+        const QJsonObject highlight = partner->next();
+        QCOMPARE(highlight[u"id"], u"HighlightPolygons"_s);
+        const QString file = highlight[u"parameters"].toString();
+        QFile polygon(m_exchange + u'/' + file.section(u"PolygonFile:"_s, 1, 1));
+        QVERIFY2(polygon.open(QIODevice::ReadOnly), qPrintable(file));
         const QPointF corner =
             window.currentView()->pose().toMap({0, 0}, window.currentView()->size());
         QCOMPARE(polygon.readLine().trimmed(), QByteArray::number(corner.x(), 'f', 3) + ' ' +
                                                    QByteArray::number(corner.y(), 'f', 3));
-        QVERIFY(window.status().channel().contains(u"waiting"_s));
+        QCOMPARE(window.notice(), QString());
+        partner.emplace(m_exchange, QStringList{u"--refuse"_s});
+        window.actions().action(Id::ShowInPartner).trigger();
+        QTRY_VERIFY_WITH_TIMEOUT(window.notice().contains(u"does not carry"_s), 20'000);
+        window.tell({});
         window.actions().action(Id::ChannelActive).trigger();
         window.actions().action(Id::ShowInPartner).trigger();
         QVERIFY(!window.notice().isEmpty());
@@ -258,6 +282,57 @@ void TestViewerRun::tellsWhatItCannotOpen()
         QVERIFY(window.notice().contains(u"broken.dxf"_s));
         QVERIFY(window.notice().contains(u"3"_s)); // the line
         QCOMPARE(window.tabs().count(), 1);
+    });
+}
+
+/// What is seen stays until there is something new, and for good when there is not.
+void TestViewerRun::readsPlansAgain()
+{
+    QFile file(m_home->filePath(u"plan.dxf"_s));
+    QVERIFY(QFile::copy(kSample, file.fileName()) && file.open(QIODevice::ReadWrite));
+    const QByteArray older = file.readAll();
+    const QByteArray newer =
+        QByteArray(older).replace("\n3\r\n  2\r\nBL_NR", "\n33\r\n  2\r\nBL_NR");
+    const auto write = [&](const QByteArray &text) {
+        QVERIFY(file.resize(0) && file.seek(0) && file.write(text) == text.size() && file.flush());
+    };
+    m_arguments[0] = file.fileName();
+    runViewer(m_arguments, [&](Viewer &, MainWindow &window) {
+        QAction &again = window.actions().action(Id::Reload);
+        PlanView *view = window.currentView();
+        const auto number = [&] { return view->plan().sheets().title(*view->currentSheet()); };
+        view->go(ViewPose(kPlace, 0.5, 30));
+        const ViewPose pose = view->pose();
+        QTRY_VERIFY(view->plan().backdrop().lineCount() > 0 && !view->plan().backdropReader());
+        const std::size_t lines = view->plan().backdrop().lineCount();
+        view->completePicture();
+        const QImage before = view->grab().toImage();
+        QCOMPARE(number(), u"3"_s);
+        int timesRead = 0;
+        connect(&view->plan(), &Plan::backdropRead, view, [&] { ++timesRead; });
+
+        write(newer);
+        again.trigger();
+        QCOMPARE(window.currentView(), view);
+        QCOMPARE(view->pose(), pose);
+        QVERIFY(view->canGoBack());
+        QCOMPARE(number(), u"33"_s);
+        QCOMPARE(view->grab().toImage(), before);
+        QCOMPARE(view->plan().backdrop().lineCount(), lines);
+        QTRY_COMPARE(timesRead, 1);
+        QCOMPARE(view->plan().backdrop().lineCount(), lines);
+        view->completePicture();
+        QVERIFY(view->grab().toImage() != before);
+
+        write("0\nSECTION\nabc\n");
+        again.trigger();
+        QVERIFY(window.notice().contains(u"plan.dxf, line 3"_s));
+        QCOMPARE(window.currentView(), view);
+        QCOMPARE(number(), u"33"_s);
+        write(older);
+        again.trigger();
+        QCOMPARE(number(), u"3"_s);
+        QCOMPARE(window.notice(), QString());
     });
 }
 
