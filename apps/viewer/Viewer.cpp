@@ -48,7 +48,7 @@ int Viewer::run()
     if (!m_line.text.isEmpty())
         return std::fputs(qUtf8Printable(m_line.text), stdout) < 0 ? 1 : 0;
     if (!m_line.fault.isEmpty()) {
-        std::fprintf(stderr, "viewer: %s\n", qUtf8Printable(m_line.fault));
+        std::fprintf(stderr, "kelo-viewer: %s\n", qUtf8Printable(m_line.fault));
         return kWrongUsage;
     }
     m_actions = std::make_unique<ViewerActions>(m_manager);
@@ -80,7 +80,7 @@ int Viewer::runWithServices()
                          if (m_window)
                              m_window->tell(sentence);
                          else
-                             std::fprintf(stderr, "viewer: %s\n", qUtf8Printable(sentence));
+                             std::fprintf(stderr, "kelo-viewer: %s\n", qUtf8Printable(sentence));
                      });
     core.Start();
     const bool hasWindow = m_window != nullptr;
