@@ -24,7 +24,7 @@ for window in dxf-workbench kelo-viewer; do
   QT_QPA_PLATFORM=offscreen timeout 5 $window /usr/share/kelo_base/samples/village.dxf \
     2>messages || status=$?
   [ "$status" -eq 124 ] || fail "$window ended with $status: $(cat messages)"
-  [ ! -s messages ] || fail "$window says: $(cat messages)"
+  ! grep -v 'does not support propagateSizeHints' messages || fail "$window said this"
 done
 kelo-viewer --screenshot village.png # of the sample, which it has to find itself
 [ "$(stat --format %s village.png)" -gt 20000 ] || fail "kelo-viewer shows nothing"
