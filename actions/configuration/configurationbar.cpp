@@ -2,6 +2,7 @@
 // Switches between named configurations, makes new ones, and does away with them.
 #include "actions/configuration/configurationbar_p.h"
 
+#include "actions/configuration/menuconfigtexts_p.h"
 #include "actions/configuration/menuconfiguration_p.h"
 #include <QHBoxLayout>
 #include <QInputDialog>
@@ -326,10 +327,7 @@ void ConfigurationBar::load(const QString &name)
 void ConfigurationBar::finish()
 {
     QSettings *const store = m_manager->GetSettings();
-    if (store)
-        store->sync();
-    const bool isStored = !store || store->status() == QSettings::NoError;
-    emit reported(isStored ? QString() : tr("%1 could not be written.").arg(store->fileName()));
+    emit reported(store ? Texts::sync(*store) : QString());
 }
 
 void ConfigurationBar::remember(const QStringList &recent)

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QKeySequence>
+#include <QSettings>
 #include <QString>
 
 namespace menuconfig {
@@ -18,6 +19,14 @@ public:
     static QString shortcut(const QKeySequence &sequence)
     {
         return sequence.isEmpty() ? noShortcut() : sequence.toString(QKeySequence::NativeText);
+    }
+    /// Brings to the disk what was done in the store; one sentence when that failed.
+    static QString sync(QSettings &store)
+    {
+        store.sync();
+        return store.status() == QSettings::NoError
+                   ? QString()
+                   : tr("%1 could not be written.").arg(store.fileName());
     }
 };
 

@@ -16,6 +16,7 @@
 #include <cstdio>
 #include <kelo_base/actions/ContextMenuLayout.h>
 #include <kelo_base/actions/MenuConfigService.h>
+#include <kelo_base/actions/StyleSheet.h>
 #include <kelo_base/core/CoreFacade.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -95,6 +96,9 @@ bool Viewer::openWindow()
     m_window->links().setDatabase(CoreFacadeI::Instance().GetDatabase());
     m_window->recentPlans().setKept(true);
     m_session = std::make_unique<Session>(*m_window);
+    if (const QString fault = UseStyleSheet(StoredStyleSheet(*m_configuration.GetSettings()));
+        !fault.isEmpty())
+        m_window->tell(fault);
     m_window->show();
     QTimer::singleShot(0, m_window.get(), [this] { openPlans(); });
     return true;

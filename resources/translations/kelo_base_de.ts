@@ -1286,7 +1286,7 @@
     </message>
     <message>
         <source>Conte&amp;xt Menu</source>
-        <translation>&amp;Kontextmenü</translation>
+        <translation>Konte&amp;xtmenü</translation>
     </message>
     <message>
         <source>&amp;Save Overview…</source>
@@ -1395,6 +1395,10 @@
         <source>none</source>
         <comment>shortcut</comment>
         <translation>keines</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 ließ sich nicht schreiben.</translation>
     </message>
 </context>
 <context>
@@ -2325,6 +2329,13 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
 </context>
 <context>
+    <name>StyleSheet</name>
+    <message>
+        <source>The style sheet %1 could not be read: %2.</source>
+        <translation>Die Stilvorlage %1 ließ sich nicht lesen: %2.</translation>
+    </message>
+</context>
+<context>
     <name>ToolCommands</name>
     <message>
         <source>About this viewer</source>
@@ -3068,10 +3079,6 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <source>Name of the configuration:</source>
         <translation>Name der Konfiguration:</translation>
     </message>
-    <message>
-        <source>%1 could not be written.</source>
-        <translation>%1 ließ sich nicht schreiben.</translation>
-    </message>
 </context>
 <context>
     <name>menuconfig::ContextMenuPage</name>
@@ -3420,6 +3427,18 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>Insert Functions</source>
         <translation>Funktionen einfügen</translation>
+    </message>
+</context>
+<context>
+    <name>menuconfig::StyleChoice</name>
+    <message>
+        <source>Sty&amp;le sheet:</source>
+        <translation>Stil&amp;vorlage:</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <comment>style sheet</comment>
+        <translation>keine</translation>
     </message>
 </context>
 <context>

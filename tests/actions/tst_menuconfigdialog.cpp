@@ -3,6 +3,7 @@
 #include "tests/support/FileBytes.h"
 #include "tests/support/TemporaryHome.h"
 #include <QAction>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -276,6 +277,36 @@ private slots:
         QCOMPARE(program.keysOf(1), u"F6"_s);
         QCOMPARE(program.manager->GetConfigNames(), (QStringList{u"Default"_s, u"Plan 2"_s}));
         QVERIFY(bytesOf(program.store.fileName()).contains("MRU.Array\\1\\Text=Plan 2"));
+    }
+
+    void looksAsChosen_data()
+    {
+        QTest::addColumn<bool>("vanishes");
+        QTest::newRow("by a style sheet that is there") << false;
+        QTest::newRow("and not at all when the file has gone") << true;
+    }
+    void looksAsChosen()
+    {
+        QFETCH(const bool, vanishes);
+        QDir folder(QCoreApplication::applicationDirPath() + "/plugins/styles"_L1);
+        QVERIFY(folder.mkpath(u"."_s));
+        const auto clear = qScopeGuard([&folder] {
+            folder.removeRecursively();
+            qApp->setStyleSheet(QString());
+        });
+        for (const char *name : {"B10.stylesheet", "b2.stylesheet", "b3.qss"})
+            writeBytes(folder.filePath(QLatin1StringView(name)), "QLabel { color: red }");
+        Program program;
+        auto *choice = program.find<QComboBox>("cmbStyleSheet");
+        QCOMPARE(choice->itemText(1) + u' ' + choice->itemText(2), u"b2 B10"_s);
+        if (vanishes)
+            QVERIFY(folder.remove(u"b2.stylesheet"_s));
+        choice->setCurrentIndex(1);
+        emit choice->activated(1);
+        QCOMPARE(qApp->styleSheet().isEmpty(), vanishes);
+        QCOMPARE(program.find<QLabel>("lblMessage")->text().contains(u"b2.style"_s), vanishes);
+        QCOMPARE(choice->currentIndex(), vanishes ? 0 : 1);
+        QCOMPARE(bytesOf(program.store.fileName()).contains("StyleSheetFile=b2.style"), !vanishes);
     }
 
     void savesTheOverview()
