@@ -4,6 +4,7 @@
 
 #include "actions/configuration/menuconfigtexts_p.h"
 #include "actions/configuration/menuconfiguration_p.h"
+#include "actions/recentconfigs_p.h"
 #include <QHBoxLayout>
 #include <QInputDialog>
 #include <QLabel>
@@ -13,7 +14,6 @@
 #include <QPushButton>
 #include <QSettings>
 #include <algorithm>
-#include <kelo_base/core/History.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -21,8 +21,6 @@ namespace menuconfig {
 
 namespace {
 
-constexpr QLatin1StringView kRecentGroup{"MenuConfigDialog"}; ///< in the store: a format
-constexpr qsizetype kMostRecent = 5;
 constexpr int kShownCharacters = 40; ///< of a name; a longer one would widen the dialog
 
 QString withoutMnemonic(QString name)
@@ -228,13 +226,7 @@ QStringList ConfigurationBar::others() const
 QStringList ConfigurationBar::recentNames() const
 {
     QSettings *const store = m_manager->GetSettings();
-    if (!store)
-        return {};
-    QStringList recent;
-    ReadHistoryFromFile(*store, kRecentGroup, recent);
-    recent.removeIf([known = names()](const QString &name) { return !known.contains(name); });
-    recent.removeDuplicates();
-    return recent.first(std::min(recent.size(), kMostRecent));
+    return store ? readRecentNames(*store, names()) : QStringList();
 }
 
 /// False when that was said.
@@ -333,8 +325,7 @@ void ConfigurationBar::finish()
 void ConfigurationBar::remember(const QStringList &recent)
 {
     if (QSettings *const store = m_manager->GetSettings(); store && store->isWritable())
-        WriteHistoryToFile(*store, kRecentGroup,
-                           recent.first(std::min(recent.size(), kMostRecent)));
+        writeRecentNames(*store, recent);
 }
 
 } // namespace menuconfig
