@@ -2,6 +2,7 @@
 // The configuration dialog as people use it, down to the bytes in the store.
 #include "tests/support/FileBytes.h"
 #include "tests/support/TemporaryHome.h"
+#include <QAccessible>
 #include <QAction>
 #include <QComboBox>
 #include <QFileDialog>
@@ -10,6 +11,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QToolButton>
 #include <QTreeView>
 #include <QTreeWidget>
@@ -19,6 +21,20 @@
 #include <kelo_base/actions/MenuConfigManager.h>
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QStringList spoken; ///< the labels that asked to be read out
+
+} // namespace
+
+/// In place of the toolkit's, which reports to a platform that listens.
+void QAccessible::updateAccessibility(QAccessibleEvent *event)
+{
+    const auto *label = qobject_cast<QLabel *>(event->object());
+    if (event->type() == QAccessible::Alert && label)
+        spoken << label->text();
+}
 
 namespace {
 
@@ -277,6 +293,41 @@ private slots:
         QCOMPARE(program.keysOf(1), u"F6"_s);
         QCOMPARE(program.manager->GetConfigNames(), (QStringList{u"Default"_s, u"Plan 2"_s}));
         QVERIFY(bytesOf(program.store.fileName()).contains("MRU.Array\\1\\Text=Plan 2"));
+    }
+
+    void speaksOfConflicts()
+    {
+        Program program;
+        program.dialog->ShowAction(3);
+        spoken.clear();
+        program.type(u"F6"_s);
+        QCOMPARE(spoken, QStringList{program.sentence()});
+        QVERIFY(program.sentence().contains(u"Function A"_s));
+    }
+
+    void looksAsItWasLeft()
+    {
+        Program program;
+        const auto again = [&program] {
+            program.dialog->reject();
+            program.dialog = std::make_unique<MenuConfigDialog>(*program.manager, *program.actions);
+            program.dialog->show();
+        };
+        const auto width = [&](int column) {
+            return program.find<QTreeView>("treeShortcuts")->columnWidth(column);
+        };
+        const int usual = width(0);
+        program.find<QTreeView>("treeShortcuts")->setColumnWidth(0, usual + 23);
+        program.dialog->findChild<QTabWidget *>()->setCurrentIndex(1);
+        again();
+        QCOMPARE(width(0), usual + 23);
+        QCOMPARE(program.dialog->findChild<QTabWidget *>()->currentIndex(), 1);
+        program.dialog->reject();
+        program.store.setValue("MenuConfigDialog/Columns"_L1, QStringList{u"-9"_s, u"1000000"_s});
+        program.store.setValue("MenuConfigDialog/Page"_L1, 77);
+        program.dialog = std::make_unique<MenuConfigDialog>(*program.manager, *program.actions);
+        QVERIFY(width(0) == usual && width(1) < 1000);
+        QCOMPARE(program.dialog->findChild<QTabWidget *>()->currentIndex(), 0);
     }
 
     void looksAsChosen_data()
