@@ -15,6 +15,10 @@ class Texts
 
 public:
     static QString functionNumber(int id) { return tr("Function %1").arg(id); }
+    static QString contextGroup(int number) { return tr("group %1").arg(number); }
+    static QString subContext(int number) { return tr("sub-context %1").arg(number); }
+    static QString someModes() { return tr("some modes"); }
+    static QString everywhere() { return tr("everywhere"); }
     static QString noShortcut() { return tr("none", "shortcut"); }
     static QString shortcut(const QKeySequence &sequence)
     {

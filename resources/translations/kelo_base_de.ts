@@ -1400,6 +1400,22 @@
         <source>%1 could not be written.</source>
         <translation>%1 ließ sich nicht schreiben.</translation>
     </message>
+    <message>
+        <source>group %1</source>
+        <translation>Gruppe %1</translation>
+    </message>
+    <message>
+        <source>sub-context %1</source>
+        <translation>Unterkontext %1</translation>
+    </message>
+    <message>
+        <source>some modes</source>
+        <translation>manche Modi</translation>
+    </message>
+    <message>
+        <source>everywhere</source>
+        <translation>überall</translation>
+    </message>
 </context>
 <context>
     <name>NavGallery</name>
@@ -2539,6 +2555,14 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <source>&amp;Keyboard and menus...</source>
         <translation>&amp;Tastatur und Menüs ...</translation>
     </message>
+    <message>
+        <source>with an open plan</source>
+        <translation>mit offenem Plan</translation>
+    </message>
+    <message>
+        <source>on a sheet</source>
+        <translation>auf einem Blatt</translation>
+    </message>
 </context>
 <context>
     <name>WorkbenchDock</name>
@@ -3286,22 +3310,6 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
 </context>
 <context>
     <name>menuconfig::ShortcutModel</name>
-    <message>
-        <source>group %1</source>
-        <translation>Gruppe %1</translation>
-    </message>
-    <message>
-        <source>sub-context %1</source>
-        <translation>Unterkontext %1</translation>
-    </message>
-    <message>
-        <source>some modes</source>
-        <translation>manche Modi</translation>
-    </message>
-    <message>
-        <source>everywhere</source>
-        <translation>überall</translation>
-    </message>
     <message>
         <source>Function</source>
         <translation>Funktion</translation>

@@ -74,6 +74,18 @@ class TestMenuConfig : public QObject
     Q_OBJECT
 
 private slots:
+    void saysWhereFunctionsAreOffered()
+    {
+        const ActionCatalogue catalogue({}, {}, {{0x10000, u"on a map"_s}, {0x2, u"late"_s}});
+        const auto text = [&](int id, int mask) {
+            return catalogue.contextText({1, 1, Contexts::of(id, mask), u"Zoom"_s});
+        };
+        QCOMPARE(text(0, -1), u"everywhere"_s);
+        QCOMPARE(text(0x10000, -1), u"on a map"_s);
+        QCOMPARE(text(0x30003, -1), u"on a map, group 2; sub-context 1, late"_s);
+        QCOMPARE(text(0x2, 1), u"late; some modes"_s);
+    }
+
     void recordsWhatIsPrintedOnKeys_data()
     {
         QTest::addColumn<int>("key");
