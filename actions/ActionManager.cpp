@@ -163,6 +163,17 @@ QString ActionManager::GetCategoryDescription(int category) const
     return found == m_categories.end() ? tr("Unknown Category") : found->second;
 }
 
+void ActionManager::SetContextDescription(unsigned int context, const QString &text)
+{
+    m_contexts.insert_or_assign(context, text);
+}
+
+QString ActionManager::GetContextDescription(unsigned int context) const
+{
+    const auto found = m_contexts.find(context);
+    return found == m_contexts.end() ? QString() : found->second;
+}
+
 void ActionManager::RegisterIconResource(int id, const QString &resourcePath)
 {
     m_icons.insert(static_cast<unsigned int>(id), resourcePath);

@@ -75,6 +75,12 @@ public:
     /// The text set for the category; "Unknown Category", translated, when there is none.
     [[nodiscard]] QString GetCategoryDescription(int category) const;
 
+    /// Says for the user when functions with this context are offered, as in "on a map".
+    /// @param context  one bit of ActionData::contextId: a context group, or a sub-context
+    void SetContextDescription(unsigned int context, const QString &text);
+    /// The text set for the context; empty when there is none.
+    [[nodiscard]] QString GetContextDescription(unsigned int context) const;
+
     /// Names the small icon of an action, for example ":/icons/zoom.in.png".
     void RegisterIconResource(int id, const QString &resourcePath);
     /// Paths of the small icons by action id.
@@ -119,5 +125,6 @@ private:
     ActionMap m_actions;                                            ///< the same in order
     mutable std::shared_ptr<const Records> m_ascending; ///< in one piece, see ascending()
     std::map<int, QString> m_categories;
+    std::map<unsigned int, QString> m_contexts;
     QMap<unsigned int, QString> m_icons;
 };

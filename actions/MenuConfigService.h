@@ -9,7 +9,8 @@ class ActionManager;
 class MenuConfigManager;
 
 /// A service "menus" that needs "settings". Its start takes the user's settings file as the store
-/// and calls MenuConfigManager::SetUpActions(), so actions are registered before; its stop, and
-/// each save of the settings, stores the configuration. Both managers outlive the service.
+/// and calls MenuConfigManager::SetUpActions(), so actions are registered before. A program that
+/// has given its configuration no name gets the one that the user had last. The stop, and each save
+/// of the settings, stores the configuration. Both managers outlive the service.
 [[nodiscard]] KELO_BASE_EXPORT CoreService MenuConfigService(MenuConfigManager &configuration,
                                                              ActionManager &actions);

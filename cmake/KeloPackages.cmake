@@ -18,7 +18,7 @@ foreach(component IN ITEMS library development tools)
   install(FILES ${changelog}.gz packaging/copyright
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${${component}_package} COMPONENT ${component})
 endforeach()
-install(FILES docs/dxf2gk2.md docs/gk2-format.md docs/exchange-files.md
+install(FILES docs/dxf2gk2.md docs/exchange-files.md docs/gk2-format.md docs/viewer.md
   DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${tools_package} COMPONENT tools)
 
 set(CPACK_PACKAGE_NAME kelo-base)
@@ -69,8 +69,9 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_DEPENDS "${library_package} ${same_version}")
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SUGGESTS libreoffice-calc)
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION
-  "converter and workbench for the map sheets of DXF plans
+  "viewer, workbench and converter for the map sheets of DXF plans
 The command dxf2gk2 finds the sheets that are drawn as block inserts in a DXF
 plan, and writes their corners to a GK2 file; dxf-workbench does the same in a
-window. A sample plan and a simulated partner program come along.")
+window, and kelo-viewer shows plans with their sheets. A sample plan and a
+simulated partner program come along.")
 include(CPack)

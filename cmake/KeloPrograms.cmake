@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-2.0-or-later
-# What goes with a program that people get: it finds the library beside which it is installed, and
-# has manual page, completion and icons.
+# What goes with a program that people get: it finds the library beside which it is installed, has
+# manual page, completion and icons, and desktops know of it.
 
 # From the folder of the programs to that of the library: the installed tree may be moved.
 set(from ${CMAKE_INSTALL_FULL_BINDIR})
@@ -20,58 +20,73 @@ if(KELO_BASE_PACKAGING)
   file(MAKE_DIRECTORY ${kelo_manuals_dir})
 endif()
 
-# Declares that people get this program.
-function(kelo_program name)
-  set_target_properties(${name} PROPERTIES INSTALL_RPATH "${kelo_program_rpath}")
-  if(KELO_BASE_PACKAGING)
-    kelo_manual_page(${name})
-    kelo_completion(${name})
-    kelo_icons(${name})
+# Declares that people get this program. What goes with it is called after the file it is built as.
+function(kelo_program target)
+  set_target_properties(${target} PROPERTIES INSTALL_RPATH "${kelo_program_rpath}")
+  get_target_property(folder ${target} SOURCE_DIR)
+  get_target_property(name ${target} OUTPUT_NAME)
+  if(NOT name)
+    set(name ${target})
   endif()
+  if(EXISTS ${folder}/${name}.desktop)
+    kelo_desktop(${folder}/${name})
+  endif()
+  if(KELO_BASE_PACKAGING)
+    kelo_manual_page(${target} ${name})
+    kelo_completion(${target} ${name})
+    if(EXISTS ${folder}/${name}.svg)
+      kelo_icons(${target} ${folder}/${name})
+    endif()
+  endif()
+endfunction()
+
+# Installs what desktops show: START.desktop, START.svg and START.metainfo.xml, which bears its id.
+function(kelo_desktop start)
+  file(STRINGS ${start}.metainfo.xml id REGEX "<id>")
+  string(REGEX REPLACE " *</?id>" "" id ${id})
+  install(FILES ${start}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+  install(FILES ${start}.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+  install(FILES ${start}.metainfo.xml RENAME ${id}.metainfo.xml
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 endfunction()
 
 # How the help is asked for: in English, and without a screen.
 set(kelo_in_english ${CMAKE_COMMAND} -E env --unset=LANGUAGE LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen)
 
 # Manual page and completion are made of what the program prints for --help, so they cannot disagree.
-function(kelo_manual_page name)
+function(kelo_manual_page target name)
   set(page ${kelo_manuals_dir}/${name}.1)
   set(maker ${PROJECT_SOURCE_DIR}/packaging/manual.sh)
   add_custom_command(OUTPUT ${page}.gz
-    DEPENDS ${name} ${maker} ${PROJECT_SOURCE_DIR}/packaging/manual.h2m
-    COMMAND ${kelo_in_english} ${maker} $<TARGET_FILE:${name}> ${PROJECT_VERSION} ${page}
+    DEPENDS ${target} ${maker} ${PROJECT_SOURCE_DIR}/packaging/manual.h2m
+    COMMAND ${kelo_in_english} ${maker} $<TARGET_FILE:${target}> ${PROJECT_VERSION} ${page}
     COMMAND ${KELO_GZIP} -9nf ${page} VERBATIM)
-  add_custom_target(${name}_manual ALL DEPENDS ${page}.gz)
+  add_custom_target(${target}_manual ALL DEPENDS ${page}.gz)
   install(FILES ${page}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 endfunction()
 
-function(kelo_completion name)
+function(kelo_completion target name)
   set(bash ${kelo_manuals_dir}/${name})
   set(zsh ${kelo_manuals_dir}/_${name})
   set(fish ${kelo_manuals_dir}/${name}.fish)
   set(maker ${PROJECT_SOURCE_DIR}/packaging/completion.py)
-  add_custom_command(OUTPUT ${bash} ${zsh} ${fish} DEPENDS ${name} ${maker}
-    COMMAND ${kelo_in_english} ${Python3_EXECUTABLE} ${maker} $<TARGET_FILE:${name}>
+  add_custom_command(OUTPUT ${bash} ${zsh} ${fish} DEPENDS ${target} ${maker}
+    COMMAND ${kelo_in_english} ${Python3_EXECUTABLE} ${maker} $<TARGET_FILE:${target}>
       ${kelo_manuals_dir} VERBATIM)
-  add_custom_target(${name}_completion ALL DEPENDS ${bash} ${zsh} ${fish})
+  add_custom_target(${target}_completion ALL DEPENDS ${bash} ${zsh} ${fish})
   install(FILES ${bash} DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
   install(FILES ${zsh} DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
   install(FILES ${fish} DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 endfunction()
 
-# Of programs that have a picture; the sizes are the icon theme's. The smallest may have one of their
-# own, NAME-small.svg.
-function(kelo_icons name)
-  get_target_property(folder ${name} SOURCE_DIR)
-  set(picture ${folder}/${name}.svg)
-  if(NOT EXISTS ${picture})
-    return()
-  endif()
+# The sizes are the icon theme's. The smallest may have a picture of their own, PICTURE-small.svg.
+function(kelo_icons target picture)
+  cmake_path(GET picture FILENAME name)
   foreach(size IN ITEMS 16 22 24 32 48 64 128 256 512)
     set(icon ${kelo_manuals_dir}/${name}-${size}.png)
-    set(source ${picture})
-    if(size LESS_EQUAL 24 AND EXISTS ${folder}/${name}-small.svg)
-      set(source ${folder}/${name}-small.svg)
+    set(source ${picture}.svg)
+    if(size LESS_EQUAL 24 AND EXISTS ${picture}-small.svg)
+      set(source ${picture}-small.svg)
     endif()
     add_custom_command(OUTPUT ${icon} DEPENDS ${source}
       COMMAND ${KELO_RSVG_CONVERT} --width ${size} --height ${size} --output ${icon} ${source})
@@ -79,5 +94,5 @@ function(kelo_icons name)
       DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps)
     list(APPEND icons ${icon})
   endforeach()
-  add_custom_target(${name}_icons ALL DEPENDS ${icons})
+  add_custom_target(${target}_icons ALL DEPENDS ${icons})
 endfunction()

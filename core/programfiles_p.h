@@ -12,3 +12,9 @@
     return QCoreApplication::applicationDirPath() + QStringLiteral("/config/") +
            QCoreApplication::applicationName() + QStringLiteral("-menu.ini");
 }
+
+/// Where style sheets lie.
+[[nodiscard]] inline QString styleSheetFolder()
+{
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/plugins/styles");
+}

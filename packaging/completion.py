@@ -19,7 +19,7 @@ class Option:
 
     def words(self):
         """The values that the text counts up: "auto, always or never"."""
-        listed = re.search(r"(?:: |^)((?:[\w-]+, )+[\w-]+ or [\w-]+)\.", self.text)
+        listed = re.search(r"(?:: |^)((?:[\w-]+, )*[\w-]+ or [\w-]+)\.", self.text)
         return re.split(r", | or ", listed[1]) if self.value and listed else []
 
     def kind(self):

@@ -19,10 +19,15 @@ for program in $(dpkg --listfiles kelo-base-tools | sed -n 's|^/usr/bin/||p'); d
   "$program" --help >/dev/null || fail "$program does not run"
   [ -f "/usr/share/man/man1/$program.1.gz" ] || fail "$program has no manual page"
 done
-status=0
-QT_QPA_PLATFORM=offscreen timeout 5 dxf-workbench /usr/share/kelo_base/samples/village.dxf \
-  2>messages || status=$?
-[ "$status" -eq 124 ] || fail "dxf-workbench ended with $status: $(cat messages)"
+for window in dxf-workbench kelo-viewer; do
+  status=0
+  QT_QPA_PLATFORM=offscreen timeout 5 $window /usr/share/kelo_base/samples/village.dxf \
+    2>messages || status=$?
+  [ "$status" -eq 124 ] || fail "$window ended with $status: $(cat messages)"
+  ! grep -v 'does not support propagateSizeHints' messages || fail "$window said this"
+done
+kelo-viewer --screenshot village.png # of the sample, which it has to find itself
+[ "$(stat --format %s village.png)" -gt 20000 ] || fail "kelo-viewer shows nothing"
 
 cd /root/trial
 add ./libkelo-base-dev_*.deb g++ cmake make pkgconf

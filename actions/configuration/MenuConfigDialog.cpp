@@ -8,6 +8,7 @@
 #include "actions/configuration/importdialog_p.h"
 #include "actions/configuration/shortcutoverview_p.h"
 #include "actions/configuration/shortcutspage_p.h"
+#include "actions/configuration/stylechoice_p.h"
 #include "actions/configuration/workingcopy_p.h"
 #include <QAccessible>
 #include <QDialogButtonBox>
@@ -95,6 +96,7 @@ struct MenuConfigDialog::Parts
     QPointer<ActionManager> actions;
     WorkingCopy copy;
     ConfigurationBar *bar;
+    StyleChoice *style;
     ShortcutsPage *shortcuts;
     ContextMenuPage *contextMenu;
     QTabWidget *pages;
@@ -114,6 +116,7 @@ MenuConfigDialog::Parts::Parts(MenuConfigDialog *owner, MenuConfigManager &menuM
       actions(&actionManager),
       copy(configurationOf(menuManager, actionManager)),
       bar(new ConfigurationBar(menuManager, actionManager, [this] { return mayLeave(); })),
+      style(new StyleChoice(menuManager)),
       shortcuts(new ShortcutsPage(actionManager, copy)),
       contextMenu(new ContextMenuPage(actionManager, copy)),
       pages(new QTabWidget),
@@ -148,8 +151,11 @@ void MenuConfigDialog::Parts::layOut()
     exchange->setMenu(menu);
     for (QAbstractButton *button : buttons->buttons())
         qobject_cast<QPushButton *>(button)->setAutoDefault(false); // Return belongs to the field
+    auto *top = new QHBoxLayout;
+    top->addWidget(bar, 1);
+    top->addWidget(style);
     auto *rows = new QVBoxLayout(dialog);
-    rows->addWidget(bar);
+    rows->addLayout(top);
     rows->addWidget(pages, 1);
     rows->addWidget(message);
     rows->addWidget(buttons);
@@ -171,6 +177,7 @@ void MenuConfigDialog::Parts::connectAll()
 
     connect(bar, &ConfigurationBar::switched, dialog, [this] { startAnew(); });
     connect(bar, &ConfigurationBar::reported, dialog, [this](const QString &text) { say(text); });
+    connect(style, &StyleChoice::reported, dialog, [this](const QString &text) { say(text); });
     soon.setSingleShot(true);
     connect(&soon, &QTimer::timeout, dialog, [this] { lookAgain(); });
     connect(actions, &ActionManager::actionRegistered, dialog, [this] { soon.start(0); });
@@ -248,6 +255,7 @@ void MenuConfigDialog::Parts::showState()
     const QUndoStack &history = copy.history();
     buttons->button(QDialogButtonBox::Ok)->setEnabled(isAlive);
     bar->setEnabled(isAlive);
+    style->setEnabled(isAlive);
     exchange->setEnabled(isAlive);
     buttons->button(QDialogButtonBox::Apply)->setEnabled(isAlive && !history.isClean());
     undo->setEnabled(isAlive && history.canUndo());

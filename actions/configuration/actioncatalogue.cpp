@@ -4,6 +4,7 @@
 
 #include "actions/configuration/menuconfigtexts_p.h"
 #include <QAction>
+#include <QStringList>
 #include <algorithm>
 #include <kelo_base/actions/ActionManager.h>
 #include <kelo_base/core/NaturalOrder.h>
@@ -26,11 +27,16 @@ ActionCatalogue::ActionCatalogue(const ActionManager &manager)
         m_actions.push_back({id, data->category, Contexts::of(data->contextId, data->contextMask),
                              text.isEmpty() ? Texts::functionNumber(id) : text});
     }
+    for (quint32 context = 1; context != 0; context <<= 1)
+        m_contexts.insert(context, manager.GetContextDescription(context));
     index();
 }
 
-ActionCatalogue::ActionCatalogue(std::vector<ActionInfo> actions, QHash<int, QString> categories)
-    : m_actions(std::move(actions)), m_categories(std::move(categories))
+ActionCatalogue::ActionCatalogue(std::vector<ActionInfo> actions, QHash<int, QString> categories,
+                                 QHash<quint32, QString> contexts)
+    : m_actions(std::move(actions)),
+      m_categories(std::move(categories)),
+      m_contexts(std::move(contexts))
 {
     index();
 }
@@ -51,6 +57,27 @@ QString ActionCatalogue::nameOf(int id) const
 {
     const ActionInfo *info = find(id);
     return info ? info->text : Texts::functionNumber(id);
+}
+
+QString ActionCatalogue::contextText(const ActionInfo &info) const
+{
+    const auto named = [this](quint32 bits, int shift, auto numbered) {
+        QStringList names;
+        for (int bit = 0; bit < 16; ++bit) {
+            const QString name = m_contexts.value(1U << (bit + shift));
+            if ((bits >> bit) & 1U)
+                names << (name.isEmpty() ? numbered(bit + 1) : name);
+        }
+        return names.join(u", "_s);
+    };
+    QStringList parts;
+    if (info.contexts.groups != Contexts::kAny)
+        parts << named(info.contexts.groups, 16, &Texts::contextGroup);
+    if (info.contexts.subs != Contexts::kAny)
+        parts << named(info.contexts.subs, 0, &Texts::subContext);
+    if (info.contexts.modes != 0xFFFFFFFFU)
+        parts << Texts::someModes();
+    return parts.isEmpty() ? Texts::everywhere() : parts.join(u"; "_s);
 }
 
 void ActionCatalogue::index()

@@ -26,8 +26,10 @@ class ActionCatalogue
 public:
     ActionCatalogue() = default;
     explicit ActionCatalogue(const ActionManager &manager);
-    /// @param actions  ids are unique
-    ActionCatalogue(std::vector<ActionInfo> actions, QHash<int, QString> categories);
+    /// @param actions   ids are unique
+    /// @param contexts  their names by the one bit of each in ActionData::contextId
+    ActionCatalogue(std::vector<ActionInfo> actions, QHash<int, QString> categories,
+                    QHash<quint32, QString> contexts = {});
 
     [[nodiscard]] const std::vector<ActionInfo> &actions() const { return m_actions; }
     /// Null for an id that is not registered.
@@ -37,12 +39,15 @@ public:
     /// The text of the function; for an unknown id a text that gives the number.
     [[nodiscard]] QString nameOf(int id) const;
     [[nodiscard]] QString categoryText(int category) const { return m_categories.value(category); }
+    /// When the function is offered, as far as that is limited.
+    [[nodiscard]] QString contextText(const ActionInfo &info) const;
 
 private:
     void index();
 
     std::vector<ActionInfo> m_actions; ///< by category, then in natural order of their texts
     QHash<int, QString> m_categories;
+    QHash<quint32, QString> m_contexts;
     QHash<int, std::size_t> m_places;
 };
 

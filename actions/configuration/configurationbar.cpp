@@ -2,7 +2,9 @@
 // Switches between named configurations, makes new ones, and does away with them.
 #include "actions/configuration/configurationbar_p.h"
 
+#include "actions/configuration/menuconfigtexts_p.h"
 #include "actions/configuration/menuconfiguration_p.h"
+#include "actions/recentconfigs_p.h"
 #include <QHBoxLayout>
 #include <QInputDialog>
 #include <QLabel>
@@ -12,7 +14,6 @@
 #include <QPushButton>
 #include <QSettings>
 #include <algorithm>
-#include <kelo_base/core/History.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -20,8 +21,6 @@ namespace menuconfig {
 
 namespace {
 
-constexpr QLatin1StringView kRecentGroup{"MenuConfigDialog"}; ///< in the store: a format
-constexpr qsizetype kMostRecent = 5;
 constexpr int kShownCharacters = 40; ///< of a name; a longer one would widen the dialog
 
 QString withoutMnemonic(QString name)
@@ -227,13 +226,7 @@ QStringList ConfigurationBar::others() const
 QStringList ConfigurationBar::recentNames() const
 {
     QSettings *const store = m_manager->GetSettings();
-    if (!store)
-        return {};
-    QStringList recent;
-    ReadHistoryFromFile(*store, kRecentGroup, recent);
-    recent.removeIf([known = names()](const QString &name) { return !known.contains(name); });
-    recent.removeDuplicates();
-    return recent.first(std::min(recent.size(), kMostRecent));
+    return store ? readRecentNames(*store, names()) : QStringList();
 }
 
 /// False when that was said.
@@ -326,17 +319,13 @@ void ConfigurationBar::load(const QString &name)
 void ConfigurationBar::finish()
 {
     QSettings *const store = m_manager->GetSettings();
-    if (store)
-        store->sync();
-    const bool isStored = !store || store->status() == QSettings::NoError;
-    emit reported(isStored ? QString() : tr("%1 could not be written.").arg(store->fileName()));
+    emit reported(store ? Texts::sync(*store) : QString());
 }
 
 void ConfigurationBar::remember(const QStringList &recent)
 {
     if (QSettings *const store = m_manager->GetSettings(); store && store->isWritable())
-        WriteHistoryToFile(*store, kRecentGroup,
-                           recent.first(std::min(recent.size(), kMostRecent)));
+        writeRecentNames(*store, recent);
 }
 
 } // namespace menuconfig

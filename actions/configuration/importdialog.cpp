@@ -6,12 +6,20 @@
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QScreen>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace menuconfig {
+
+namespace {
+
+constexpr int kNoteColumn = 3; ///< the last one, which takes the rest of the width
+
+} // namespace
 
 ImportDialog::ImportDialog(ImportPlan plan, const ActionCatalogue &catalogue, QWidget *parent)
     : QDialog(parent), m_plan(std::move(plan)), m_list(new QTreeWidget)
@@ -23,8 +31,11 @@ ImportDialog::ImportDialog(ImportPlan plan, const ActionCatalogue &catalogue, QW
     m_list->setUniformRowHeights(true);
     m_list->setHeaderLabels({tr("Take"), tr("Now"), tr("Then"), tr("Note")});
     fill(catalogue);
-    for (int column = 0; column < 3; ++column)
+    const int letter = fontMetrics().averageCharWidth();
+    for (int column = 0; column < kNoteColumn; ++column) {
         m_list->resizeColumnToContents(column);
+        m_list->setColumnWidth(column, m_list->columnWidth(column) + 2 * letter);
+    }
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->button(QDialogButtonBox::Ok)->setText(tr("&Import"));
     QPushButton *all = buttons->addButton(tr("Take &all"), QDialogButtonBox::ActionRole);
@@ -36,7 +47,12 @@ ImportDialog::ImportDialog(ImportPlan plan, const ActionCatalogue &catalogue, QW
     auto *rows = new QVBoxLayout(this);
     rows->addWidget(m_list);
     rows->addWidget(buttons);
-    resize(fontMetrics().averageCharWidth() * 120, fontMetrics().lineSpacing() * 26);
+    int notes = 0;
+    for (const ImportRow &row : m_plan.rows)
+        notes = std::max(notes, fontMetrics().horizontalAdvance(row.note));
+    const int width = m_list->header()->sectionPosition(kNoteColumn) + notes + 12 * letter;
+    resize(QSize(std::max(width, 120 * letter), fontMetrics().lineSpacing() * 26)
+               .boundedTo(screen()->availableSize() * 0.9));
 }
 
 void ImportDialog::fill(const ActionCatalogue &catalogue)
@@ -45,7 +61,8 @@ void ImportDialog::fill(const ActionCatalogue &catalogue)
     const auto add = [&](const QStringList &texts, bool isTaken) {
         items << new QTreeWidgetItem(texts);
         items.last()->setCheckState(0, isTaken ? Qt::Checked : Qt::Unchecked);
-        items.last()->setToolTip(3, texts.last());
+        items.last()->setToolTip(kNoteColumn, texts.last());
+        items.last()->setSizeHint(kNoteColumn, {0, fontMetrics().lineSpacing() + 6}); // of the row
     };
     for (const ImportRow &row : m_plan.rows) {
         add({catalogue.nameOf(row.change.id),

@@ -19,17 +19,6 @@ namespace {
 
 constexpr quintptr kCategory = 0; ///< as internal id; below one, its number counted from 1
 
-/// The numbers of the bits that are set, counted from 1.
-QString bitsOf(quint32 bits)
-{
-    QStringList numbers;
-    for (int bit = 0; bit < 16; ++bit) {
-        if ((bits >> bit) & 1U)
-            numbers << QString::number(bit + 1);
-    }
-    return numbers.join(QStringLiteral(", "));
-}
-
 /// Keys read from left to right in every language.
 QString keysOf(const QKeySequence &sequence)
 {
@@ -262,16 +251,8 @@ QVariant ShortcutModel::textOf(const ActionInfo &info, int column) const
     }
     case DefaultColumn:
         return keysOf(m_given.defaults.GetSequenceById(info.id));
-    case ContextColumn: {
-        QStringList parts;
-        if (info.contexts.groups != Contexts::kAny)
-            parts << tr("group %1").arg(bitsOf(info.contexts.groups));
-        if (info.contexts.subs != Contexts::kAny)
-            parts << tr("sub-context %1").arg(bitsOf(info.contexts.subs));
-        if (info.contexts.modes != 0xFFFFFFFFU)
-            parts << tr("some modes");
-        return parts.isEmpty() ? tr("everywhere") : parts.join(QStringLiteral("; "));
-    }
+    case ContextColumn:
+        return m_given.catalogue.contextText(info);
     default:
         return {};
     }

@@ -50,7 +50,7 @@ void setTheme(const QString &theme)
 
 int fail(const QString &sentence)
 {
-    std::fprintf(stderr, "viewer: %s\n", qUtf8Printable(sentence));
+    std::fprintf(stderr, "kelo-viewer: %s\n", qUtf8Printable(sentence));
     return 1;
 }
 

@@ -16,6 +16,7 @@
 #include <cstdio>
 #include <kelo_base/actions/ContextMenuLayout.h>
 #include <kelo_base/actions/MenuConfigService.h>
+#include <kelo_base/actions/StyleSheet.h>
 #include <kelo_base/core/CoreFacade.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -49,7 +50,7 @@ int Viewer::run()
     if (!m_line.text.isEmpty())
         return std::fputs(qUtf8Printable(m_line.text), stdout) < 0 ? 1 : 0;
     if (!m_line.fault.isEmpty()) {
-        std::fprintf(stderr, "viewer: %s\n", qUtf8Printable(m_line.fault));
+        std::fprintf(stderr, "kelo-viewer: %s\n", qUtf8Printable(m_line.fault));
         return kWrongUsage;
     }
     m_actions = std::make_unique<ViewerActions>(m_manager);
@@ -81,7 +82,7 @@ int Viewer::runWithServices()
                          if (m_window)
                              m_window->tell(sentence);
                          else
-                             std::fprintf(stderr, "viewer: %s\n", qUtf8Printable(sentence));
+                             std::fprintf(stderr, "kelo-viewer: %s\n", qUtf8Printable(sentence));
                      });
     core.Start();
     const bool hasWindow = m_window != nullptr;
@@ -96,6 +97,9 @@ bool Viewer::openWindow()
     m_window->links().setDatabase(CoreFacadeI::Instance().GetDatabase());
     m_window->recentPlans().setKept(true);
     m_session = std::make_unique<Session>(*m_window);
+    if (const QString fault = UseStyleSheet(StoredStyleSheet(*m_configuration.GetSettings()));
+        !fault.isEmpty())
+        m_window->tell(fault);
     m_window->show();
     QTimer::singleShot(0, m_window.get(), [this] { openPlans(); });
     return true;

@@ -148,6 +148,8 @@ ViewerActions::ViewerActions(ActionManager &manager, QObject *parent)
 {
     for (int category = FileMenu; category <= SettingsMenu; ++category)
         manager.SetCategoryDescription(category, tr(kCategories[category]).remove(u'&'));
+    manager.SetContextDescription(kPlanIsOpen, tr("with an open plan"));
+    manager.SetContextDescription(kOnSheet, tr("on a sheet"));
     for (const Function &function : kFunctions) {
         m_actions.push_back(
             std::make_unique<QAction>(glyphIcon(function.glyph), tr(function.text)));

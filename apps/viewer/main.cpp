@@ -3,6 +3,7 @@
 #include "CommandLine.h"
 #include "Viewer.h"
 #include <QApplication>
+#include <QIcon>
 #include <kelo_base/core/Translation.h>
 
 int main(int argc, char **argv)
@@ -11,11 +12,13 @@ int main(int argc, char **argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication app(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("kelo"));
-    QApplication::setApplicationName(QStringLiteral("viewer"));
+    QApplication::setApplicationName(QStringLiteral("kelo-viewer"));
     QApplication::setApplicationVersion(QStringLiteral(VIEWER_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("kelo-viewer"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/viewer/kelo-viewer.svg")));
     InstallTranslation();
     const CommandLine line = CommandLine::parse(QApplication::arguments());
     if (!line.screenshot.isEmpty()) // a storage tree that is never written: the same everywhere
-        QApplication::setApplicationName(QStringLiteral("viewer-picture"));
+        QApplication::setApplicationName(QStringLiteral("kelo-viewer-picture"));
     return Viewer(line).run();
 }

@@ -1294,7 +1294,7 @@
     </message>
     <message>
         <source>Conte&amp;xt Menu</source>
-        <translation>&amp;Kontextmenü</translation>
+        <translation>Konte&amp;xtmenü</translation>
     </message>
     <message>
         <source>&amp;Save Overview…</source>
@@ -1403,6 +1403,26 @@
         <source>none</source>
         <comment>shortcut</comment>
         <translation>keines</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 ließ sich nicht schreiben.</translation>
+    </message>
+    <message>
+        <source>group %1</source>
+        <translation>Gruppe %1</translation>
+    </message>
+    <message>
+        <source>sub-context %1</source>
+        <translation>Unterkontext %1</translation>
+    </message>
+    <message>
+        <source>some modes</source>
+        <translation>manche Modi</translation>
+    </message>
+    <message>
+        <source>everywhere</source>
+        <translation>überall</translation>
     </message>
 </context>
 <context>
@@ -2333,6 +2353,13 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
 </context>
 <context>
+    <name>StyleSheet</name>
+    <message>
+        <source>The style sheet %1 could not be read: %2.</source>
+        <translation>Die Stilvorlage %1 ließ sich nicht lesen: %2.</translation>
+    </message>
+</context>
+<context>
     <name>ToolCommands</name>
     <message>
         <source>About this viewer</source>
@@ -2535,6 +2562,14 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>&amp;Keyboard and menus...</source>
         <translation>&amp;Tastatur und Menüs ...</translation>
+    </message>
+    <message>
+        <source>with an open plan</source>
+        <translation>mit offenem Plan</translation>
+    </message>
+    <message>
+        <source>on a sheet</source>
+        <translation>auf einem Blatt</translation>
     </message>
 </context>
 <context>
@@ -3076,10 +3111,6 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <source>Name of the configuration:</source>
         <translation>Name der Konfiguration:</translation>
     </message>
-    <message>
-        <source>%1 could not be written.</source>
-        <translation>%1 ließ sich nicht schreiben.</translation>
-    </message>
 </context>
 <context>
     <name>menuconfig::ContextMenuPage</name>
@@ -3288,22 +3319,6 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
 <context>
     <name>menuconfig::ShortcutModel</name>
     <message>
-        <source>group %1</source>
-        <translation>Gruppe %1</translation>
-    </message>
-    <message>
-        <source>sub-context %1</source>
-        <translation>Unterkontext %1</translation>
-    </message>
-    <message>
-        <source>some modes</source>
-        <translation>manche Modi</translation>
-    </message>
-    <message>
-        <source>everywhere</source>
-        <translation>überall</translation>
-    </message>
-    <message>
         <source>Function</source>
         <translation>Funktion</translation>
     </message>
@@ -3428,6 +3443,18 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>Insert Functions</source>
         <translation>Funktionen einfügen</translation>
+    </message>
+</context>
+<context>
+    <name>menuconfig::StyleChoice</name>
+    <message>
+        <source>Sty&amp;le sheet:</source>
+        <translation>Stil&amp;vorlage:</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <comment>style sheet</comment>
+        <translation>keine</translation>
     </message>
 </context>
 <context>

@@ -10,6 +10,7 @@
 #include <kelo_base/actions/LayoutStorage.h>
 #include <kelo_base/actions/MenuConfigManager.h>
 #include <kelo_base/actions/MenuConfigService.h>
+#include <kelo_base/core/History.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -84,6 +85,10 @@ private slots:
             core.Join(MenuConfigService(configuration, actions));
             QVERIFY(core.Start());
             QCOMPARE(action.shortcut(), isFirst ? QKeySequence(u"Ctrl+L"_s) : changed);
+            QCOMPARE(configuration.GetPlainConfigName(), isFirst ? u"Default"_s : u"Work"_s);
+            configuration.SetConfigName(u"Work"_s);
+            WriteHistoryToFile(*configuration.GetSettings(), u"MenuConfigDialog"_s,
+                               {u"Gone"_s, u"Work"_s});
             ActionShortCutList list = configuration.GetKeyboardShortcutList();
             list.AssignKeySequence(7, changed);
             configuration.AssignKeyboardShortcutList(list);

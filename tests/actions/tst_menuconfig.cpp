@@ -74,6 +74,47 @@ class TestMenuConfig : public QObject
     Q_OBJECT
 
 private slots:
+    void saysWhereFunctionsAreOffered()
+    {
+        const ActionCatalogue catalogue({}, {}, {{0x10000, u"on a map"_s}, {0x2, u"late"_s}});
+        const auto text = [&](int id, int mask) {
+            return catalogue.contextText({1, 1, Contexts::of(id, mask), u"Zoom"_s});
+        };
+        QCOMPARE(text(0, -1), u"everywhere"_s);
+        QCOMPARE(text(0x10000, -1), u"on a map"_s);
+        QCOMPARE(text(0x30003, -1), u"on a map, group 2; sub-context 1, late"_s);
+        QCOMPARE(text(0x2, 1), u"late; some modes"_s);
+    }
+
+    void recordsWhatIsPrintedOnKeys_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("recorded");
+        const auto row = [](const char *name, int key, Qt::KeyboardModifiers modifiers,
+                            const QString &text, const QString &recorded) {
+            QTest::newRow(name) << key << modifiers << text << recorded;
+        };
+        row("AltGr alone", Qt::Key_AltGr, Qt::GroupSwitchModifier, {}, {});
+        row("a sign behind AltGr", Qt::Key_At, Qt::GroupSwitchModifier, u"@"_s, u"@"_s);
+        row("and with Control", Qt::Key_At, Qt::GroupSwitchModifier | Qt::ControlModifier, u"@"_s,
+            u"Ctrl+@"_s);
+        row("a sign behind Shift", Qt::Key_Question, Qt::ShiftModifier, u"?"_s, u"?"_s);
+        row("a letter with Shift", Qt::Key_A, Qt::ShiftModifier, u"A"_s, u"Shift+A"_s);
+        row("an accent waiting for its letter", Qt::Key_Dead_Acute, Qt::NoModifier, {}, {});
+        row("Shift and Tab", Qt::Key_Backtab, Qt::ShiftModifier, {}, u"Shift+Tab"_s);
+        row("on the number pad", Qt::Key_5, Qt::KeypadModifier, u"5"_s, u"5"_s);
+    }
+    void recordsWhatIsPrintedOnKeys()
+    {
+        QFETCH(const int, key);
+        QFETCH(const Qt::KeyboardModifiers, modifiers);
+        QFETCH(const QString, text);
+        const auto stroke = strokeOf(QKeyEvent(QEvent::KeyPress, key, modifiers, text));
+        QTEST(stroke ? QKeySequence(*stroke).toString() : QString(), "recorded");
+    }
+
     void findsWhoIsInTheWay_data()
     {
         QTest::addColumn<QString>("list");

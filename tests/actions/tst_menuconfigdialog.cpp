@@ -2,13 +2,16 @@
 // The configuration dialog as people use it, down to the bytes in the store.
 #include "tests/support/FileBytes.h"
 #include "tests/support/TemporaryHome.h"
+#include <QAccessible>
 #include <QAction>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QToolButton>
 #include <QTreeView>
 #include <QTreeWidget>
@@ -18,6 +21,20 @@
 #include <kelo_base/actions/MenuConfigManager.h>
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QStringList spoken; ///< the labels that asked to be read out
+
+} // namespace
+
+/// In place of the toolkit's, which reports to a platform that listens.
+void QAccessible::updateAccessibility(QAccessibleEvent *event)
+{
+    const auto *label = qobject_cast<QLabel *>(event->object());
+    if (event->type() == QAccessible::Alert && label)
+        spoken << label->text();
+}
 
 namespace {
 
@@ -276,6 +293,71 @@ private slots:
         QCOMPARE(program.keysOf(1), u"F6"_s);
         QCOMPARE(program.manager->GetConfigNames(), (QStringList{u"Default"_s, u"Plan 2"_s}));
         QVERIFY(bytesOf(program.store.fileName()).contains("MRU.Array\\1\\Text=Plan 2"));
+    }
+
+    void speaksOfConflicts()
+    {
+        Program program;
+        program.dialog->ShowAction(3);
+        spoken.clear();
+        program.type(u"F6"_s);
+        QCOMPARE(spoken, QStringList{program.sentence()});
+        QVERIFY(program.sentence().contains(u"Function A"_s));
+    }
+
+    void looksAsItWasLeft()
+    {
+        Program program;
+        const auto again = [&program] {
+            program.dialog->reject();
+            program.dialog = std::make_unique<MenuConfigDialog>(*program.manager, *program.actions);
+            program.dialog->show();
+        };
+        const auto width = [&](int column) {
+            return program.find<QTreeView>("treeShortcuts")->columnWidth(column);
+        };
+        const int usual = width(0);
+        program.find<QTreeView>("treeShortcuts")->setColumnWidth(0, usual + 23);
+        program.dialog->findChild<QTabWidget *>()->setCurrentIndex(1);
+        again();
+        QCOMPARE(width(0), usual + 23);
+        QCOMPARE(program.dialog->findChild<QTabWidget *>()->currentIndex(), 1);
+        program.dialog->reject();
+        program.store.setValue("MenuConfigDialog/Columns"_L1, QStringList{u"-9"_s, u"1000000"_s});
+        program.store.setValue("MenuConfigDialog/Page"_L1, 77);
+        program.dialog = std::make_unique<MenuConfigDialog>(*program.manager, *program.actions);
+        QVERIFY(width(0) == usual && width(1) < 1000);
+        QCOMPARE(program.dialog->findChild<QTabWidget *>()->currentIndex(), 0);
+    }
+
+    void looksAsChosen_data()
+    {
+        QTest::addColumn<bool>("vanishes");
+        QTest::newRow("by a style sheet that is there") << false;
+        QTest::newRow("and not at all when the file has gone") << true;
+    }
+    void looksAsChosen()
+    {
+        QFETCH(const bool, vanishes);
+        QDir folder(QCoreApplication::applicationDirPath() + "/plugins/styles"_L1);
+        QVERIFY(folder.mkpath(u"."_s));
+        const auto clear = qScopeGuard([&folder] {
+            folder.removeRecursively();
+            qApp->setStyleSheet(QString());
+        });
+        for (const char *name : {"B10.stylesheet", "b2.stylesheet", "b3.qss"})
+            writeBytes(folder.filePath(QLatin1StringView(name)), "QLabel { color: red }");
+        Program program;
+        auto *choice = program.find<QComboBox>("cmbStyleSheet");
+        QCOMPARE(choice->itemText(1) + u' ' + choice->itemText(2), u"b2 B10"_s);
+        if (vanishes)
+            QVERIFY(folder.remove(u"b2.stylesheet"_s));
+        choice->setCurrentIndex(1);
+        emit choice->activated(1);
+        QCOMPARE(qApp->styleSheet().isEmpty(), vanishes);
+        QCOMPARE(program.find<QLabel>("lblMessage")->text().contains(u"b2.style"_s), vanishes);
+        QCOMPARE(choice->currentIndex(), vanishes ? 0 : 1);
+        QCOMPARE(bytesOf(program.store.fileName()).contains("StyleSheetFile=b2.style"), !vanishes);
     }
 
     void savesTheOverview()

@@ -154,7 +154,7 @@ private:
 void TestViewerRun::init()
 {
     QApplication::setOrganizationName(u"kelo"_s);
-    QApplication::setApplicationName(u"viewer"_s); // as the program, whose settings are read
+    QApplication::setApplicationName(u"kelo-viewer"_s); // as the program, whose settings are read
     m_home = std::make_unique<TemporaryHome>();
     m_exchange = m_home->filePath(u"exchange"_s);
     QVERIFY(QDir().mkpath(m_exchange));
@@ -437,7 +437,7 @@ void TestViewerRun::writesScreenshots()
     QCOMPARE(viewer.exitCode(), status);
     QCOMPARE(QImage(file).size(), status == 0 ? QSize(700, 500) : QSize(0, 0));
     const QByteArray told = viewer.readAllStandardError();
-    QCOMPARE(told.count("viewer: "), status == 0 ? 0 : 1);
+    QCOMPARE(told.count("kelo-viewer: "), status == 0 ? 0 : 1);
     QVERIFY(QDir(m_home->path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot) ==
             QStringList{u"exchange"_s}); // nothing of the user's is touched
 }
