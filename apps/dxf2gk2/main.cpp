@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <kelo_base/core/Environment.h>
-#include <kelo_base/core/FileName.h>
 #include <kelo_base/core/Translation.h>
 #include <memory>
 
@@ -136,9 +135,7 @@ int main(int argc, char *argv[])
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {
         // Standard error is ours: one line for each failure.
     });
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i)
-        arguments << FileNameFromBytes(argv[i]);
+    const QStringList arguments = systemcalls::arguments(argc, argv);
     ParsedOptions parsed = parseOptions(arguments);
     const Options &options = parsed.options;
 

@@ -2,11 +2,13 @@
 // The viewer: a host of the library to try, and to copy from.
 #include "CommandLine.h"
 #include "Viewer.h"
+#include <Console.h>
 #include <QApplication>
 #include <kelo_base/core/Translation.h>
 
 int main(int argc, char **argv)
 {
+    PrepareConsole();
     if (needsNoScreen(argc, argv) && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication app(argc, argv);

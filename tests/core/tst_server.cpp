@@ -7,13 +7,13 @@
 #include "core/rotatinglog_p.h"
 #include "core/serverrecord_p.h"
 #include "tests/support/FileBytes.h"
+#include "tests/support/System.h"
 #include "tests/support/TemporaryHome.h"
 
 #include <QProcess>
 #include <QSettings>
 #include <kelo_base/core/ServerProcess.h>
 #include <kelo_base/core/UserDataManager.h>
-#include <unistd.h>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
@@ -29,12 +29,6 @@ constexpr bool kKeepsFreedMemory = false;
 bool isAlive(qint64 pid)
 {
     return platform::processStartTime(static_cast<quint32>(pid)) != 0;
-}
-
-qint64 memoryBytes()
-{
-    const QByteArrayList pages = bytesOf(u"/proc/self/statm"_s).split(' ');
-    return pages.value(1).toLongLong() * sysconf(_SC_PAGESIZE);
 }
 
 } // namespace
@@ -257,9 +251,9 @@ private slots:
         ServerProcess server(settings(u"flood"_s), folder());
         server.SetReadyLine("flood is ready");
         server.Start();
-        const qint64 before = memoryBytes();
+        const qint64 before = testsystem::memoryBytes();
         QTRY_COMPARE_WITH_TIMEOUT(server.GetState(), ServerState::Ready, 60'000);
-        QVERIFY(kKeepsFreedMemory || memoryBytes() - before < 20LL * 1024 * 1024);
+        QVERIFY(kKeepsFreedMemory || testsystem::memoryBytes() - before < 20LL * 1024 * 1024);
         QCOMPARE(QDir(folder()).entryList({u"server*.log"_s}, QDir::Files).size(), 5);
     }
 
@@ -322,7 +316,7 @@ private slots:
         QCOMPARE(next.GetState(), ServerState::Ready);
         QCOMPARE(next.GetProcessId(), pid);
         QTRY_COMPARE(pids().size(), 1);
-        QProcess::execute(u"kill"_s, {u"-KILL"_s, QString::number(pid)});
+        testsystem::end(static_cast<quint32>(pid));
     }
 
     /// The number of the server is another process's now.

@@ -3,6 +3,7 @@
 #include "core/initext_p.h"
 #include "tests/support/FileBytes.h"
 #include "tests/support/MessageLog.h"
+#include "tests/support/System.h"
 #include "tests/support/TemporaryHome.h"
 
 #include <kelo_base/core/UserDataManager.h>
@@ -266,6 +267,7 @@ private slots:
 
     void setsDamagedFilesAsideAndKeepsLinks()
     {
+        KELO_UNIX_ONLY("about links, permissions and a full disk");
         const QByteArray damaged = "[G]\nk=1\nnonsense \xFF\n";
         const QString target = m_home->filePath(u"elsewhere.ini"_s);
         writeBytes(target, damaged);
@@ -275,7 +277,8 @@ private slots:
         const MessageLog log;
         QSettings &settings = UserDataManager().GetSettingsConfigFile(DataScopeUser, true);
         {
-            const ResourceLimit fullDisk(RLIMIT_FSIZE, 100); // only the copy has room
+            const testsystem::ResourceLimit fullDisk(testsystem::ResourceLimit::FileSize,
+                                                     100); // only the copy has room
             for (int i = 0; i < 50; ++i)
                 save(settings, "G/l", u"x"_s.repeated(200));
             QCOMPARE(copiesOf(target), QStringList());
@@ -315,7 +318,7 @@ private slots:
 
         writeBytes(m_file, stored += "z=1\n"); // others have written
         {
-            const ResourceLimit noFile(RLIMIT_NOFILE, 0);
+            const testsystem::ResourceLimit noFile(testsystem::ResourceLimit::OpenFiles, 0);
             UserDataManager().SaveUserConfigFiles();
         }
         QSettings &settings = UserDataManager().GetSettingsConfigFile(DataScopeUser, true);

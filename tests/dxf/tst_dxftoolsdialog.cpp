@@ -9,14 +9,13 @@
 #include "dxf/workbench/sheettablemodel_p.h"
 #include "tests/support/FileBytes.h"
 #include "tests/support/PlanPairs.h"
+#include "tests/support/System.h"
 #include "tests/support/TemporaryHome.h"
 #include <QtTest>
 #include <QtWidgets>
 #include <kelo_base/core/Translation.h>
 #include <kelo_base/core/UserDataManager.h>
 #include <kelo_base/dxf/DxfToolsDialog.h>
-#include <sys/stat.h>
-#include <sys/sysmacros.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -47,8 +46,7 @@ const QByteArray kLargePlan = planOf(QByteArrayList(10'000, sheet("1", "city")))
 QString fullDevice(const QTemporaryDir &dir)
 {
     const QString own = dir.filePath(u"full"_s);
-    const bool isMade = mknod(qPrintable(own), S_IFCHR | 0666, makedev(1, 7)) == 0;
-    return isMade ? own : u"/dev/full"_s;
+    return testsystem::makeFullDevice(own) ? own : u"/dev/full"_s;
 }
 
 /// Answers the dialogs that wait for somebody, and keeps what they said.
@@ -409,6 +407,7 @@ private slots:
 
     void keepsAnOlderFileWhole()
     {
+        KELO_UNIX_ONLY("about links, permissions and a full disk");
         const OpenBench bench(kLargePlan);
         bench.put("older.txt", "older");
         const auto permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther;
@@ -418,7 +417,7 @@ private slots:
         const QStringList files = folder.entryList();
         QStringList said;
         {
-            const ResourceLimit small(RLIMIT_FSIZE, 20'000);
+            const testsystem::ResourceLimit small(testsystem::ResourceLimit::FileSize, 20'000);
             said = bench.exportTo(bench.file("link.txt"));
         }
         QCOMPARE(said.last(), u"Export completed - Inserts written: 10000"_s);

@@ -15,19 +15,20 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-QStringList told; ///< to screen readers
-}
 
-/// Takes the place of the toolkit's, which tells nobody where the platform has no screen reader.
-void QAccessible::updateAccessibility(QAccessibleEvent *event)
+QStringList told; ///< to screen readers
+
+void noteUpdate(QAccessibleEvent *event)
 {
-    if (event->type() == NameChanged)
+    if (event->type() == QAccessible::NameChanged)
         told << u"name"_s;
-    if (event->type() != StateChanged)
+    if (event->type() != QAccessible::StateChanged)
         return;
-    const State changed = static_cast<QAccessibleStateChangeEvent *>(event)->changedStates();
+    const auto changed = static_cast<QAccessibleStateChangeEvent *>(event)->changedStates();
     told << (changed.checked ? u"check"_s : changed.disabled ? u"enabled"_s : u"else"_s);
 }
+
+} // namespace
 
 namespace {
 
@@ -538,11 +539,15 @@ private slots:
         QCOMPARE(menu.log.last(), u"Do"_s);
         QVERIFY(ring->child(3)->state().invisible);
 
+        QAccessible::setActive(true); // as a screen reader does
+        const auto before = QAccessible::installUpdateHandler(noteUpdate);
         told.clear();
         menu.top->setItemText(u"new"_s, 3);
         menu.top->itemAt(0)->setChecked(false);
         menu.top->itemAt(0)->setChecked(false); // as it is
         menu.top->setItemEnabled(false, 0);
+        QAccessible::installUpdateHandler(before);
+        QAccessible::setActive(false);
         QCOMPARE(told, QStringList({u"name"_s, u"check"_s, u"enabled"_s}));
     }
 

@@ -1,0 +1,5 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Unix: streams are bytes, and terminals read what the locale says.
+#include "Console.h"
+
+void PrepareConsole() {}

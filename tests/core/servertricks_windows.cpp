@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// What the fake server does on Windows, where there are no copies of a process.
+#include "servertricks.h"
+
+#include <string>
+#include <windows.h>
+
+namespace servertricks {
+namespace {
+
+BOOL WINAPI ignoreEvent(DWORD)
+{
+    return TRUE;
+}
+
+} // namespace
+
+void ignoreRequests()
+{
+    SetConsoleCtrlHandler(ignoreEvent, TRUE);
+}
+
+void waitForever()
+{
+    for (;;)
+        Sleep(INFINITE);
+}
+
+void startChildren(const char *own, const char *file, void (*)(const char *file))
+{
+    for (const DWORD flags : {DWORD{0}, DWORD{CREATE_NEW_PROCESS_GROUP}, DWORD{DETACHED_PROCESS}}) {
+        std::string line = std::string("\"") + own + "\" serve \"" + file + '"';
+        STARTUPINFOA start{};
+        start.cb = sizeof start;
+        PROCESS_INFORMATION child{};
+        if (!CreateProcessA(own, line.data(), nullptr, nullptr, FALSE, flags, nullptr, nullptr,
+                            &start, &child))
+            continue;
+        CloseHandle(child.hThread);
+        CloseHandle(child.hProcess);
+    }
+}
+
+} // namespace servertricks
