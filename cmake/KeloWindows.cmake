@@ -1,6 +1,5 @@
 # SPDX-License-Identifier: GPL-2.0-or-later
-# What "cpack -G ZIP" packs for Windows: a folder that runs wherever it is unpacked. The toolkit
-# finds plug-ins and translations beside the folder of its libraries.
+# What "cpack -G ZIP" packs for Windows: a folder that runs wherever it is unpacked.
 get_target_property(core_library Qt6::Core IMPORTED_LOCATION_RELEASE)
 cmake_path(GET core_library PARENT_PATH toolkit)
 cmake_path(GET toolkit PARENT_PATH toolkit)
@@ -13,7 +12,7 @@ foreach(library IN ITEMS libgcc_s_seh-1 libstdc++-6 libwinpthread-1)  # the comp
     OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
   list(APPEND libraries ${file})
 endforeach()
-install(FILES ${libraries} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT library)
+install(FILES ${libraries} packaging/windows/qt.conf DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT library)
 
 foreach(plugin IN ITEMS
     iconengines/qsvgicon imageformats/qico imageformats/qjpeg imageformats/qsvg

@@ -46,8 +46,9 @@ int main(int argc, char **argv)
     const std::string mode = argc > 2 ? argv[1] : "";
     const char *const file = argc > 2 ? argv[2] : nullptr;
     if (mode == "arguments") {
-        for (int i = 3; i < argc; ++i)
-            add(file, std::string(argv[i]) + '\n');
+        const std::vector<std::string> all = servertricks::arguments(argc, argv);
+        for (std::size_t i = 3; i < all.size(); ++i)
+            add(file, all[i] + '\n');
         servertricks::waitForever();
     }
     if (mode == "hang")

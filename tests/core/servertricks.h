@@ -2,8 +2,13 @@
 // What the fake server does in each system's own way.
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace servertricks {
 
+/// The command line in UTF-8.
+std::vector<std::string> arguments(int argc, char **argv);
 /// Every request to end is heard and not followed.
 void ignoreRequests();
 [[noreturn]] void waitForever();

@@ -7,6 +7,11 @@
 
 namespace servertricks {
 
+std::vector<std::string> arguments(int argc, char **argv)
+{
+    return {argv, argv + argc};
+}
+
 void ignoreRequests()
 {
     std::signal(SIGTERM, SIG_IGN);

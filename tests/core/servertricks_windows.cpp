@@ -2,8 +2,9 @@
 // What the fake server does on Windows, where there are no copies of a process.
 #include "servertricks.h"
 
-#include <string>
 #include <windows.h>
+
+#include <shellapi.h> // wants windows.h before it
 
 namespace servertricks {
 namespace {
@@ -14,6 +15,20 @@ BOOL WINAPI ignoreEvent(DWORD)
 }
 
 } // namespace
+
+std::vector<std::string> arguments(int, char **)
+{
+    int count = 0;
+    LPWSTR *const words = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::string> texts;
+    for (int i = 0; i < count; ++i) {
+        char text[1024] = "";
+        WideCharToMultiByte(CP_UTF8, 0, words[i], -1, text, sizeof text, nullptr, nullptr);
+        texts.emplace_back(text);
+    }
+    LocalFree(words);
+    return texts;
+}
 
 void ignoreRequests()
 {

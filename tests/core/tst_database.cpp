@@ -375,6 +375,7 @@ private slots:
             QVERIFY(replace(numbered(11, 20))); // nor does a transaction that begins
             QCOMPARE(count(), 20);
         } else {
+            KELO_UNIX_ONLY("what is open cannot be removed");
             QVERIFY(QFile::remove(m_place.file));
             QVERIFY(!replace(numbered(11, 20))); // not into the file that nobody will find
             QVERIFY(m_database->Prepare(roadModule()) && replace(numbered(1, 5)));
@@ -429,6 +430,7 @@ private slots:
         Database other(m_place);
         QVERIFY(m_database->Open() && other.Open());
         if (at > 0) { // noticed in use, not when it is opened
+            KELO_UNIX_ONLY("what others have open cannot be set aside");
             QCOMPARE(count(), -1);
             QVERIFY(m_database->LastError().contains(u"damaged"_s));
             QCOMPARE(count(other), -1);
@@ -472,9 +474,11 @@ private slots:
     void readsThePlace()
     {
         QSettings settings(m_dir->filePath(u"settings.ini"_s), QSettings::IniFormat);
-        QCOMPARE(ReadDatabasePlace(settings, u"/b/a.sqlite"_s).Text(), u"/b/a.sqlite"_s);
+        QCOMPARE(ReadDatabasePlace(settings, u"/b/a.sqlite"_s).Text(),
+                 QDir::toNativeSeparators(u"/b/a.sqlite"_s));
         settings.setValue(u"database/file"_s, u"../c.sqlite"_s);
-        QCOMPARE(ReadDatabasePlace(settings, u"/b/a.sqlite"_s).Text(), u"/c.sqlite"_s);
+        QCOMPARE(ReadDatabasePlace(settings, u"/b/a.sqlite"_s).Text(),
+                 QDir::toNativeSeparators(u"/c.sqlite"_s));
         settings.setValue(u"database/host"_s, u"db"_s);
         settings.setValue(u"database/name"_s, u"plans"_s);
         settings.setValue(u"database/port"_s, u"none"_s);

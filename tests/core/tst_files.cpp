@@ -84,6 +84,7 @@ private slots:
 
     void namesKeepTheirBytes()
     {
+        KELO_UNIX_ONLY("names are no bytes there");
         QFETCH(const QByteArray, bytes);
         QFETCH(const QString, readable);
         const QString name = FileNameFromBytes(bytes);
@@ -111,6 +112,7 @@ private slots:
 
     void takesEveryLegalName()
     {
+        KELO_UNIX_ONLY("names there are shorter, and no bytes");
         for (const QByteArray &name : {"a"_ba, QByteArray(255, 'x'), "\xFC.txt"_ba}) {
             const Folder folder;
             for (const QByteArray &text : {"one"_ba, "two"_ba})
@@ -154,6 +156,8 @@ private slots:
     {
         QFETCH(const QByteArray, name);
         QFETCH(const Kind, kind);
+        if (name == "circle")
+            KELO_UNIX_ONLY("there are no such links");
         const Folder folder;
         folder.put("protected", "older", 0444);
         QVERIFY(QDir().mkdir(folder.path("folder")));

@@ -393,7 +393,7 @@ private slots:
         const QByteArray plan = bench.bytes("plan.dxf");
         const auto check = [&](const QString &target, bool isReported) {
             const QStringList said = bench.exportTo(target);
-            QVERIFY(bench.said("exportMessage").contains(target));
+            QVERIFY(bench.said("exportMessage").contains(QDir::toNativeSeparators(target)));
             QCOMPARE(said.contains(u"Export completed - Inserts written: 4"_s), isReported);
         };
         check(bench.file("none/x.txt"), true);
@@ -454,7 +454,8 @@ private slots:
         const QByteArray plan = bench.bytes("plan.dxf");
         for (const char *const name : {"none/x.csv", "plan.dxf", "plan.txt"}) {
             bench.exportTo(bench.file(name), "btnExportAsTable");
-            QVERIFY(bench.said("exportMessage").contains(bench.file(name)));
+            QVERIFY(
+                bench.said("exportMessage").contains(QDir::toNativeSeparators(bench.file(name))));
             QVERIFY(!bench.said("exportMessage").contains(u"sheets written"_s));
         }
         QCOMPARE(bench.bytes("plan.dxf"), plan);
@@ -510,7 +511,7 @@ private slots:
         };
         QVERIFY(save("plan.svg").contains(u"Picture saved as "_s));
         QVERIFY(bench.bytes("plan.svg").contains("<svg"));
-        QVERIFY(save("plan.png").contains(bench.file("plan.png")));
+        QVERIFY(save("plan.png").contains(QDir::toNativeSeparators(bench.file("plan.png"))));
         QVERIFY(!QImage(bench.file("plan.png")).isNull());
         QVERIFY(save("none/plan.svg").contains(u"was not written"_s));
     }
@@ -632,6 +633,7 @@ private slots:
 
     void suitsEveryLanguage()
     {
+        KELO_UNIX_ONLY("its fonts are none that its users have");
         for (const QLocale::Language language : {QLocale::German, QLocale::English}) {
             InstallTranslation(QLocale(language));
             const OpenBench bench;

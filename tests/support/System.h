@@ -53,6 +53,8 @@ QByteArray threadName();
 /// What the process takes of the memory, in bytes.
 qint64 memoryBytes();
 
+/// A command that runs for a minute, or until it is killed.
+QString sleepCommand();
 /// Starts a program and has it run for a minute; its number.
 quint32 startSleeper(const QString &program);
 /// Ends a process, which stays known to the system until whoever started it has taken note.

@@ -87,6 +87,11 @@ qint64 memoryBytes()
     return pages.value(1).toLongLong() * sysconf(_SC_PAGESIZE);
 }
 
+QString sleepCommand()
+{
+    return QStringLiteral("sleep 60");
+}
+
 quint32 startSleeper(const QString &program)
 {
     const QByteArray name = program.toUtf8();

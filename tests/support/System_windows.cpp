@@ -47,6 +47,11 @@ qint64 memoryBytes()
     return static_cast<qint64>(counters.WorkingSetSize);
 }
 
+QString sleepCommand()
+{
+    return QStringLiteral("cmd /c pause"); // for a key, which nobody presses
+}
+
 quint32 startSleeper(const QString &)
 {
     return 0;

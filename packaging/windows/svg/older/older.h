@@ -22,6 +22,12 @@ public:
     operator QString() const { return toString(); }
     const QStringRef *string() const { return this; }
     qsizetype position() const { return 0; }
+    /// Of an empty part, too, there is a character to look at: the NUL behind it.
+    const QChar *data() const
+    {
+        static constexpr QChar nul;
+        return isNull() ? &nul : QStringView::data();
+    }
     const QChar *constData() const { return data(); }
     const QChar *unicode() const { return data(); }
 };
