@@ -41,3 +41,5 @@ void PrepareConsole()
     if (s_codePageBefore != 0 && SetConsoleOutputCP(CP_UTF8))
         std::atexit(giveCodePageBack);
 }
+
+void NeedNoScreen() {} // there is always one, and the offscreen platform would know no fonts

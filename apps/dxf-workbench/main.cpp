@@ -70,7 +70,7 @@ int main(int argc, char **argv)
 {
     PrepareConsole();
     if (asksForText(argc, argv))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        NeedNoScreen();
     QApplication app(argc, argv);
     QApplication::setOrganizationName(u"kelo"_s);
     QApplication::setApplicationName(u"dxf-workbench"_s);

@@ -7,6 +7,7 @@
 #include "report.h"
 #include "system.h"
 #include "text.h"
+#include <Console.h>
 #include <QGuiApplication>
 #include <algorithm>
 #include <cstdio>
@@ -142,7 +143,7 @@ int main(int argc, char *argv[])
     // Only a picture needs fonts, and the time it takes to get ready for them; nothing needs a
     // screen.
     int own = 1; // the toolkit takes no options
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    NeedNoScreen();
     const std::unique_ptr<QCoreApplication> application(options.preview.isEmpty()
                                                             ? new QCoreApplication(own, argv)
                                                             : new QGuiApplication(own, argv));

@@ -10,7 +10,7 @@ int main(int argc, char **argv)
 {
     PrepareConsole();
     if (needsNoScreen(argc, argv) && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        NeedNoScreen();
     const QApplication app(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("kelo"));
     QApplication::setApplicationName(QStringLiteral("viewer"));

@@ -371,12 +371,12 @@ private slots:
                     server->Stop();
             });
             server->Start();
-            QTRY_VERIFY(!server);
+            QTRY_VERIFY_WITH_TIMEOUT(!server, 15'000);
         }
         const QPointer server(new ServerProcess(settings(u"serve"_s), folder()));
         connect(server, &ServerProcess::outputReceived, this, [server] { delete server; });
         server->Start();
-        QTRY_VERIFY(!server);
+        QTRY_VERIFY_WITH_TIMEOUT(!server, 15'000);
     }
 
 private:

@@ -397,7 +397,8 @@ private slots:
             QCOMPARE(said.contains(u"Export completed - Inserts written: 4"_s), isReported);
         };
         check(bench.file("none/x.txt"), true);
-        check(fullDevice(bench.dir), true);
+        if (testsystem::isUnix())
+            check(fullDevice(bench.dir), true);
         check(bench.file("plan.dxf"), false);
         QCOMPARE(bench.bytes("plan.dxf"), plan);
         const QByteArray longest = QByteArray(251, 'x') + ".txt"; // as long as names can be
@@ -633,7 +634,6 @@ private slots:
 
     void suitsEveryLanguage()
     {
-        KELO_UNIX_ONLY("its fonts are none that its users have");
         for (const QLocale::Language language : {QLocale::German, QLocale::English}) {
             InstallTranslation(QLocale(language));
             const OpenBench bench;

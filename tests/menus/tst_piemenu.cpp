@@ -568,13 +568,15 @@ private slots:
 /// Two screens, the second with three pixels for two.
 int main(int argc, char **argv)
 {
-    QTemporaryFile screens;
+    // Here: on Windows, the platform would take a drive's colon for the end of the name.
+    QTemporaryFile screens(QStringLiteral("screens"));
     if (!screens.open())
         return 1;
     screens.write(R"({"screens": [{"name": "coarse", "width": 800, "height": 800},
         {"name": "fine", "x": 800, "y": -100, "width": 700, "height": 600, "dpr": 1.5}]})");
     screens.close();
-    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens.fileName().toUtf8());
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" +
+                                   QDir::current().relativeFilePath(screens.fileName()).toUtf8());
     QApplication app(argc, argv);
     TestPieMenu test;
     return QTest::qExec(&test, argc, argv);
