@@ -24,6 +24,7 @@ install(FILES ${toolkit}/translations/qtbase_de.qm DESTINATION translations COMP
 install(FILES docs/dxf2gk2.md docs/gk2-format.md docs/exchange-files.md
   DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT tools)
 install(FILES LICENSE packaging/copyright DESTINATION . COMPONENT library)
+install(DIRECTORY ${toolkit}/licences DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT library)
 
 set(CPACK_PACKAGE_FILE_NAME kelo_base-${PROJECT_VERSION}-windows)
 set(CPACK_STRIP_FILES ON)

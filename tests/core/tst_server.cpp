@@ -210,6 +210,7 @@ private slots:
     {
         QFETCH(const QString, mode);
         ServerProcess server(settings(mode), folder());
+        server.SetReadyAfter(30s); // however long the program takes to begin
         QList<ServerState> states;
         connect(&server, &ServerProcess::stateChanged, this,
                 [&states](ServerState state) { states << state; });
