@@ -28,7 +28,7 @@ void waitForStop(ServerProcess &server)
 {
     server.Stop();
     const QDeadlineTimer end(10s); // twice what it takes to ask and to end it
-    QTimer tick; // not all that happens ends a wait, on Windows
+    QTimer tick;                   // not all that happens ends a wait, on Windows
     tick.start(50ms);
     while (server.GetState() == ServerState::Stopping && !end.hasExpired())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents |

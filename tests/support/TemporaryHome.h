@@ -6,8 +6,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-/// Sets HOME and XDG_CONFIG_HOME while it lives; scripts/windows-run has Windows look there, too. The test mode of the standard paths would not do:
-/// it leaves the documents folder where it is.
+/// Sets HOME and XDG_CONFIG_HOME while it lives; scripts/windows-run has Windows look there, too.
+/// The test mode of the standard paths would not do: it leaves the documents folder where it is.
 class TemporaryHome
 {
 public:
