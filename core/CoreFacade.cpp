@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QTimer>
 #include <kelo_base/core/Database.h>
 #include <kelo_base/core/Environment.h>
 #include <kelo_base/core/ServerProcess.h>
@@ -27,6 +28,8 @@ void waitForStop(ServerProcess &server)
 {
     server.Stop();
     const QDeadlineTimer end(10s); // twice what it takes to ask and to end it
+    QTimer tick;                   // not all that happens ends a wait, on Windows
+    tick.start(50ms);
     while (server.GetState() == ServerState::Stopping && !end.hasExpired())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents |
                                         QEventLoop::ExcludeUserInputEvents);

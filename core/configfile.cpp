@@ -166,7 +166,7 @@ QSettings::Format configFileFormat()
 {
     static const QSettings::Format format = QSettings::registerFormat(
         u"ini"_s, readConfigFile, writeConfigFile,
-        platform::settingsIgnoreCase() ? Qt::CaseInsensitive : Qt::CaseSensitive);
+        Qt::CaseSensitive); // on every system: ignoring it would write all keys in lower case
     return format;
 }
 

@@ -3,6 +3,7 @@
 // path.
 #include "ipc/exchangefiles_p.h"
 
+#include "core/platform/platform.h"
 #include "ipc/channel_p.h"
 
 #include <QDateTime>
@@ -136,9 +137,10 @@ bool writeFile(const QString &path, const QByteArray &bytes)
 
 bool renameFile(const QString &from, const QString &to)
 {
-    std::error_code error; // QFile::rename() refuses to replace, and copies where it cannot rename
-    fs::rename(nativePath(from), nativePath(to), error);
-    return !error;
+    // QFile::rename() refuses to replace, and copies where it cannot rename. Whoever reads the file
+    // is waited for, but not long: the user waits, too, and the next look tries again.
+    constexpr std::chrono::milliseconds kMoment{100};
+    return !platform::renameOver(nativePath(from), nativePath(to), kMoment);
 }
 
 bool removeFile(const QString &path)

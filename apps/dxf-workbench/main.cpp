@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Shows the workbench for the sheets of DXF plans, and nothing else.
+#include <Console.h>
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QIcon>
@@ -67,8 +68,9 @@ int runDialog(const QString &plan)
 
 int main(int argc, char **argv)
 {
+    PrepareConsole();
     if (asksForText(argc, argv))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        NeedNoScreen();
     QApplication app(argc, argv);
     QApplication::setOrganizationName(u"kelo"_s);
     QApplication::setApplicationName(u"dxf-workbench"_s);
@@ -84,11 +86,11 @@ int main(int argc, char **argv)
     parser.addVersionOption();
     const QString fault = faultOf(parser);
     if (!fault.isEmpty()) {
-        std::fprintf(stderr, "dxf-workbench: %s\n", qPrintable(fault));
+        std::fprintf(stderr, "dxf-workbench: %s\n", qUtf8Printable(fault));
         return kWrongUsage;
     }
     if (parser.isSet(u"help"_s) || parser.isSet(u"help-all"_s))
-        parser.showHelp();
+        return std::fputs(qUtf8Printable(parser.helpText()), stdout) < 0 ? 1 : 0;
     if (parser.isSet(u"version"_s))
         parser.showVersion();
     return runDialog(parser.positionalArguments().value(0));

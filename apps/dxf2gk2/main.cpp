@@ -7,11 +7,11 @@
 #include "report.h"
 #include "system.h"
 #include "text.h"
+#include <Console.h>
 #include <QGuiApplication>
 #include <algorithm>
 #include <cstdio>
 #include <kelo_base/core/Environment.h>
-#include <kelo_base/core/FileName.h>
 #include <kelo_base/core/Translation.h>
 #include <memory>
 
@@ -136,16 +136,14 @@ int main(int argc, char *argv[])
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {
         // Standard error is ours: one line for each failure.
     });
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i)
-        arguments << FileNameFromBytes(argv[i]);
+    const QStringList arguments = systemcalls::arguments(argc, argv);
     ParsedOptions parsed = parseOptions(arguments);
     const Options &options = parsed.options;
 
     // Only a picture needs fonts, and the time it takes to get ready for them; nothing needs a
     // screen.
     int own = 1; // the toolkit takes no options
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    NeedNoScreen();
     const std::unique_ptr<QCoreApplication> application(options.preview.isEmpty()
                                                             ? new QCoreApplication(own, argv)
                                                             : new QGuiApplication(own, argv));

@@ -2,11 +2,16 @@
 // What the program needs of the operating system beside files.
 #pragma once
 
+#include <QStringList>
+
 namespace systemcalls {
 
-/// Makes standard streams that were closed by the caller fail when used, instead of letting the
-/// next file opened take their place; a broken pipe or a size limit fails a write instead of
-/// killing.
+/// The command line, the program's name first. Of main()'s arguments.
+QStringList arguments(int argc, char **argv);
+
+/// Lets the standard streams carry bytes. Makes those that were closed by the caller fail when
+/// used, instead of letting the next file opened take their place; a broken pipe or a size limit
+/// fails a write instead of killing.
 void prepareStreams();
 
 bool isTerminal(int descriptor);

@@ -4,6 +4,7 @@
 #include <clocale>
 #include <csignal>
 #include <fcntl.h>
+#include <kelo_base/core/FileName.h>
 #include <unistd.h>
 
 namespace systemcalls {
@@ -18,6 +19,14 @@ void noteSignal(int signal)
 }
 
 } // namespace
+
+QStringList arguments(int argc, char **argv)
+{
+    QStringList texts;
+    for (int i = 0; i < argc; ++i)
+        texts << FileNameFromBytes(argv[i]);
+    return texts;
+}
 
 void prepareStreams()
 {

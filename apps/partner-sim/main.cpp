@@ -5,6 +5,7 @@
 #include "script.h"
 #include "sender.h"
 
+#include <Console.h>
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
@@ -75,6 +76,7 @@ bool canAppendTo(const QString &filename)
 
 int main(int argc, char **argv)
 {
+    PrepareConsole();
     const QCoreApplication app(argc, argv);
     InstallTranslation();
     QCommandLineParser parser;
@@ -100,7 +102,7 @@ int main(int argc, char **argv)
     });
     const bool isUnderstood = parser.parse(QCoreApplication::arguments());
     if (parser.isSet(u"help"_s) || parser.isSet(u"help-all"_s))
-        parser.showHelp();
+        return std::fputs(qUtf8Printable(parser.helpText()), stdout) < 0 ? 1 : 0;
     if (!isUnderstood) // process() would end with the status of a refusal
         return refuse(parser.errorText().chopped(1)); // without its full stop
 

@@ -6,8 +6,8 @@
 #include "BackdropGate.h"
 #include "PlainMText.h"
 #include <QDeadlineTimer>
-#include <dxflib/dl_creationadapter.h>
-#include <dxflib/dl_dxf.h>
+#include <dl_creationadapter.h>
+#include <dl_dxf.h>
 #include <istream>
 #include <numbers>
 #include <sstream>

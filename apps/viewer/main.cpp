@@ -2,14 +2,16 @@
 // The viewer: a host of the library to try, and to copy from.
 #include "CommandLine.h"
 #include "Viewer.h"
+#include <Console.h>
 #include <QApplication>
 #include <QIcon>
 #include <kelo_base/core/Translation.h>
 
 int main(int argc, char **argv)
 {
+    PrepareConsole();
     if (needsNoScreen(argc, argv) && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        NeedNoScreen();
     const QApplication app(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("kelo"));
     QApplication::setApplicationName(QStringLiteral("kelo-viewer"));

@@ -2,6 +2,7 @@
 // What every operating system does in its own way; one source per system, none of which needs Qt.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -34,9 +35,6 @@ inline bool isStillRunning(std::uint32_t process, std::uint64_t start)
     return present != 0 && (isUnknown || present == start);
 }
 
-/// Whether keys of settings files that differ in case alone are the same, as the system's own are.
-bool settingsIgnoreCase();
-
 /// Names the calling thread for debuggers; no effect where nobody listens.
 /// @param name  UTF-8, not null
 void setThreadName(const char *name);
@@ -57,8 +55,12 @@ bool nameFile(int descriptor, const std::filesystem::path &name);
 /// write to is protected from the administrator as well.
 bool isWritable(const std::filesystem::path &path);
 
-/// Renames a file, over an older one if there is one. On Windows, another program that holds the
-/// older one open is given two seconds to let it go.
-std::error_code renameOver(const std::filesystem::path &from, const std::filesystem::path &to);
+/// How long another program that holds a file open is waited for, on Windows; elsewhere that
+/// stands in nobody's way.
+inline constexpr std::chrono::milliseconds kPatience{2000};
+
+/// Renames a file, over an older one if there is one.
+std::error_code renameOver(const std::filesystem::path &from, const std::filesystem::path &to,
+                           std::chrono::milliseconds patience = kPatience);
 
 } // namespace platform

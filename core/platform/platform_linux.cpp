@@ -101,11 +101,6 @@ std::vector<std::string> processNames()
     return names;
 }
 
-bool settingsIgnoreCase()
-{
-    return false;
-}
-
 void setThreadName(const char *name)
 {
     constexpr std::size_t kMaxBytes = 15; // longer names are refused, not cut
@@ -152,7 +147,8 @@ bool isWritable(const std::filesystem::path &path)
     return isKnown && (status.st_mode & kAnyWrite) != 0 && access(path.c_str(), W_OK) == 0;
 }
 
-std::error_code renameOver(const std::filesystem::path &from, const std::filesystem::path &to)
+std::error_code renameOver(const std::filesystem::path &from, const std::filesystem::path &to,
+                           std::chrono::milliseconds)
 {
     std::error_code error;
     std::filesystem::rename(from, to, error);

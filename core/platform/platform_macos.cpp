@@ -56,11 +56,6 @@ std::vector<std::string> processNames()
     return names;
 }
 
-bool settingsIgnoreCase()
-{
-    return false;
-}
-
 void setThreadName(const char *name)
 {
     pthread_setname_np(name);
@@ -95,7 +90,8 @@ bool isWritable(const std::filesystem::path &path)
     return isKnown && (status.st_mode & kAnyWrite) != 0 && access(path.c_str(), W_OK) == 0;
 }
 
-std::error_code renameOver(const std::filesystem::path &from, const std::filesystem::path &to)
+std::error_code renameOver(const std::filesystem::path &from, const std::filesystem::path &to,
+                           std::chrono::milliseconds)
 {
     std::error_code error;
     std::filesystem::rename(from, to, error);

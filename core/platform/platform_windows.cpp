@@ -83,11 +83,6 @@ std::vector<std::string> processNames()
     return names;
 }
 
-bool settingsIgnoreCase()
-{
-    return true;
-}
-
 void setThreadName(const char *name)
 {
     // A debugger sees the exception first. The handler sends it back when there is none: vectored,
@@ -128,11 +123,11 @@ bool isWritable(const std::filesystem::path &path)
     return _waccess(path.c_str(), kMayWrite) == 0;
 }
 
-std::error_code renameOver(const std::filesystem::path &from, const std::filesystem::path &to)
+std::error_code renameOver(const std::filesystem::path &from, const std::filesystem::path &to,
+                           std::chrono::milliseconds patience)
 {
-    constexpr ULONGLONG kPatience = 2000; // milliseconds
-    constexpr DWORD kPause = 20;
-    const ULONGLONG end = GetTickCount64() + kPatience;
+    constexpr DWORD kPause = 5; // milliseconds
+    const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(patience.count());
     for (;;) {
         if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING))
             return {};

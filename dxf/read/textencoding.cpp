@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The encodings of texts in plans.
 #include "dxf/read/textencoding_p.h"
-#include <QStringDecoder>
-#include <QStringEncoder>
+
+#include "dxf/read/characterset_p.h"
+
 #include <algorithm>
 #include <array>
 #include <numeric>
@@ -62,7 +63,7 @@ QByteArray plainName(std::string_view name)
 
 bool isKnown(const QByteArray &codec)
 {
-    return codec.isEmpty() || QStringDecoder(codec.constData()).isValid();
+    return codec.isEmpty() || characterset::isKnown(codec);
 }
 
 std::optional<QByteArray> ifKnown(const QByteArray &codec)
@@ -106,10 +107,9 @@ Escape escapeAt(QStringView text)
     const int codec = text[kEscapeStart].unicode() - u'1';
     if (codec < 0 || codec >= static_cast<int>(kEscapeCodecs.size()))
         return {};
-    QStringDecoder decoder(kEscapeCodecs[static_cast<std::size_t>(codec)]);
     const char bytes[]{static_cast<char>(number >> 8), static_cast<char>(number & 0xFF)};
-    const QString character =
-        decoder.isValid() ? QString(decoder(QByteArrayView(bytes, sizeof bytes))) : QString();
+    const QString character = characterset::decoded(QByteArrayView(bytes, sizeof bytes),
+                                                    kEscapeCodecs[static_cast<std::size_t>(codec)]);
     if (character.size() != 1 || character[0] == QChar::ReplacementCharacter)
         return {};
     return {character, begin + kUnicodeDigits};
@@ -139,7 +139,7 @@ QString charactersOf(const QByteArray &codec)
 {
     QByteArray bytes(256, Qt::Uninitialized);
     std::iota(bytes.begin(), bytes.end(), char{0});
-    QString characters = QStringDecoder(codec.constData())(bytes);
+    QString characters = characterset::decoded(bytes, codec);
     if (characters.size() != bytes.size())
         return {};
     for (qsizetype ascii = 0; ascii < 128; ++ascii) // some codecs exchange control characters
@@ -151,8 +151,7 @@ QString decoded(std::string_view bytes, const QByteArray &codec, const QString &
 {
     const QByteArrayView view(bytes.data(), static_cast<qsizetype>(bytes.size()));
     if (characters.isEmpty())
-        return codec.isEmpty() ? QString::fromLatin1(view)
-                               : QString(QStringDecoder(codec.constData())(view));
+        return codec.isEmpty() ? QString::fromLatin1(view) : characterset::decoded(view, codec);
     QString text(view.size(), Qt::Uninitialized);
     std::ranges::transform(view, text.begin(),
                            [&](char byte) { return characters[static_cast<unsigned char>(byte)]; });
@@ -162,10 +161,9 @@ QString decoded(std::string_view bytes, const QByteArray &codec, const QString &
 std::optional<QByteArray> encoded(const QString &text, const QByteArray &codec)
 {
     const bool isLatin1 = codec.isEmpty();
-    const QByteArray bytes =
-        isLatin1 ? text.toLatin1() : QByteArray(QStringEncoder(codec.constData())(text));
+    const QByteArray bytes = isLatin1 ? text.toLatin1() : characterset::encoded(text, codec);
     const QString again =
-        isLatin1 ? QString::fromLatin1(bytes) : QString(QStringDecoder(codec.constData())(bytes));
+        isLatin1 ? QString::fromLatin1(bytes) : characterset::decoded(bytes, codec);
     return again == text ? std::optional(bytes) : std::nullopt;
 }
 

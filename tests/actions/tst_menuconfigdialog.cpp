@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The configuration dialog as people use it, down to the bytes in the store.
 #include "tests/support/FileBytes.h"
+#include "tests/support/System.h"
 #include "tests/support/TemporaryHome.h"
 #include <QAccessible>
 #include <QAction>
@@ -287,7 +288,8 @@ private slots:
         QCOMPARE(program.manager->GetPlainConfigName(), u"Plan 2"_s);
         QCOMPARE(choose(u"Plan && 1"_s, {QMessageBox::Discard}), 0);
         QCOMPARE(program.keysOf(1), QString());
-        QCOMPARE(choose(u"&Rename…"_s, {u"PLAN & 1"_s}), 0);
+        // The store's format ignores case on Windows; the application's own files do not.
+        QCOMPARE(choose(u"&Rename…"_s, {testsystem::isUnix() ? u"PLAN & 1"_s : u"Z"_s}), 0);
         QCOMPARE(menu->actions().at(1)->text(), u"Plan 2"_s);
         QCOMPARE(choose(u"&Delete…"_s, {QMessageBox::Yes}), 0);
         QCOMPARE(program.keysOf(1), u"F6"_s);

@@ -2,13 +2,14 @@
 // Saves configuration files until it is killed, runs into a limit, or is done; saving_survives.py
 // looks at what it leaves.
 #include "tests/support/FileBytes.h"
+#include "tests/support/System.h"
 
 #include <kelo_base/core/UserDataManager.h>
 
 #include <QCoreApplication>
 #include <QSettings>
+#include <cstdio>
 #include <optional>
-#include <unistd.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -29,7 +30,8 @@ void putGeneration(QSettings &settings, int generation)
         putGeneration(manager.GetLayoutConfigFile(DataScopeUser, true), generation);
         putGeneration(manager.GetSettingsConfigFile(DataScopeUser, true), generation);
         manager.SaveUserConfigFiles();
-        [[maybe_unused]] const auto told = write(STDOUT_FILENO, "saved\n", 6);
+        std::fputs("saved\n", stdout);
+        std::fflush(stdout);
     }
 }
 
@@ -51,9 +53,10 @@ int main(int argc, char **argv)
     QCoreApplication::setOrganizationName(u"O"_s);
     QCoreApplication::setApplicationName(u"A"_s);
     const QStringList arguments = QCoreApplication::arguments();
-    std::optional<ResourceLimit> fullDisk; // files beyond 8 KiB, as only odd generations want
+    std::optional<testsystem::ResourceLimit>
+        fullDisk; // files beyond 8 KiB, as only odd generations want
     if (arguments.value(1) == "limited"_L1)
-        fullDisk.emplace(RLIMIT_FSIZE, 8192);
+        fullDisk.emplace(testsystem::ResourceLimit::FileSize, 8192);
     if (arguments.value(1) != "keys"_L1)
         saveForever(arguments.value(2).toInt());
     saveKeys(arguments.value(2), arguments.value(3).toInt());

@@ -2,6 +2,7 @@
 // Saves into a database until it is killed, runs into a limit, or is done; database_survives.py
 // looks at what it leaves. FILE may be the socket's folder of a server.
 #include "tests/support/FileBytes.h"
+#include "tests/support/System.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -177,9 +178,10 @@ int main(int argc, char **argv)
         place.name = arguments.value(3);
     }
     const int number = arguments.value(4).toInt();
-    std::optional<ResourceLimit> fullDisk; // no room for more than even generations need
+    std::optional<testsystem::ResourceLimit>
+        fullDisk; // no room for more than even generations need
     if (task == "limited"_L1)
-        fullDisk.emplace(RLIMIT_FSIZE, 200'000);
+        fullDisk.emplace(testsystem::ResourceLimit::FileSize, 200'000);
     if (task == "add"_L1 || task == "ask"_L1)
         place.lockWait = 30'000;
     database = std::make_unique<Database>(place);

@@ -2,48 +2,32 @@
 // A server that behaves as it is told, for the trials of those that start it:
 //     fakeserver MODE FILE [ARGUMENT ...]
 // It first adds its process number to FILE. MODE: serve, crash, exit, hang, flood, fork, arguments.
-#include <csignal>
+#include "core/platform/platform.h"
+#include "servertricks.h"
+
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
-#include <fcntl.h>
+#include <fstream>
 #include <string>
-#include <unistd.h>
+#include <thread>
 
 namespace {
 
+/// Nothing without a file.
 void add(const char *file, const std::string &text)
 {
-    const int target = open(file, O_WRONLY | O_CREAT | O_APPEND, 0600);
-    if (target < 0 || write(target, text.data(), text.size()) < 0)
+    if (!file)
+        return;
+    std::ofstream target(file, std::ios::binary | std::ios::app);
+    target << text << std::flush;
+    if (!target)
         std::abort();
-    close(target);
 }
 
 void addProcess(const char *file)
 {
-    add(file, std::to_string(getpid()) + '\n');
-}
-
-[[noreturn]] void serve()
-{
-    for (;;)
-        pause();
-}
-
-/// One that stays in the session, one that leaves it, and one whose parent dies.
-void forkChildren(const char *file)
-{
-    for (int kind = 0; kind < 3; ++kind) {
-        if (fork() != 0)
-            continue;
-        if (kind == 1)
-            setsid();
-        if (kind == 2 && fork() != 0)
-            _exit(0);
-        addProcess(file);
-        serve();
-    }
+    add(file, std::to_string(platform::currentProcess()) + '\n');
 }
 
 void flood()
@@ -60,27 +44,28 @@ void flood()
 int main(int argc, char **argv)
 {
     const std::string mode = argc > 2 ? argv[1] : "";
-    const char *const file = argc > 2 ? argv[2] : "/dev/null";
+    const char *const file = argc > 2 ? argv[2] : nullptr;
     if (mode == "arguments") {
-        for (int i = 3; i < argc; ++i)
-            add(file, std::string(argv[i]) + '\n');
-        serve();
+        const std::vector<std::string> all = servertricks::arguments(argc, argv);
+        for (std::size_t i = 3; i < all.size(); ++i)
+            add(file, all[i] + '\n');
+        servertricks::waitForever();
     }
     if (mode == "hang")
-        std::signal(SIGTERM, SIG_IGN);
+        servertricks::ignoreRequests();
     addProcess(file);
     if (mode == "crash")
         std::abort();
     if (mode == "exit")
         return 0;
     if (mode == "fork")
-        forkChildren(file);
+        servertricks::startChildren(argv[0], file, addProcess);
     std::fputs("the server is rea", stdout); // the line comes in two pieces
     std::fflush(stdout);
-    usleep(20'000);
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
     if (mode == "flood")
         flood();
     std::puts("dy now");
     std::fflush(stdout);
-    serve();
+    servertricks::waitForever();
 }

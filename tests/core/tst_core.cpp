@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Identifiers, texts, natural order, and the small services of the core.
 #include "core/platform/platform.h"
+#include "tests/support/System.h"
 #include <kelo_base/core/FileName.h>
 #include <kelo_base/core/History.h>
 #include <kelo_base/core/Md5Signator.h>
@@ -14,14 +15,10 @@
 #include <kelo_base/core/Uid.h>
 
 #include <QtTest>
-#include <csignal>
 #include <map>
 #include <memory>
-#include <pthread.h>
 #include <set>
-#include <sys/wait.h>
 #include <thread>
-#include <unistd.h>
 #include <unordered_map>
 
 using namespace Qt::Literals::StringLiterals;
@@ -283,6 +280,7 @@ private slots:
 
     void findsProcesses()
     {
+        KELO_UNIX_ONLY("about names that a kernel cuts");
         // The kernel knows 15 characters of this name only; the second argument must not count.
         const QTemporaryDir dir;
         const QString program = dir.filePath(u"a_name_of_more_than_15_letters.exe"_s);
@@ -297,6 +295,7 @@ private slots:
 
     void tellsProcessesApart()
     {
+        KELO_UNIX_ONLY("about what a process leaves behind; scripts/windows-check looks at it");
         using namespace platform;
         const std::uint64_t own = processStartTime(currentProcess());
         QVERIFY(own > kUnknownStart && isStillRunning(currentProcess(), own));
@@ -304,28 +303,24 @@ private slots:
         const QTemporaryDir dir;
         const QString program = dir.filePath(u"a) S 1 2 (b"_s); // looks like what follows the name
         QVERIFY(QFile::link(QStandardPaths::findExecutable(u"sleep"_s), program));
-        const pid_t pid = fork();
-        if (pid == 0) {
-            execl(qPrintable(program), qPrintable(program), "60", nullptr);
-            _exit(1);
-        }
-        const auto child = static_cast<std::uint32_t>(pid);
+        const std::uint32_t child = testsystem::startSleeper(program);
         const std::uint64_t start = processStartTime(child);
         QVERIFY(start >= own && isStillRunning(child, start));
-        kill(pid, SIGKILL);
+        testsystem::end(child);
         QTRY_VERIFY(!isStillRunning(child, start)); // though nobody has waited for it yet
-        QCOMPARE(waitpid(pid, nullptr, 0), pid);
+        QVERIFY(testsystem::takeNoteOf(child));
         for (const std::uint32_t none : {0U, child, 0xFFFFFFFFU})
             QCOMPARE(processStartTime(none), 0U);
     }
 
     void namesThreads()
     {
-        char name[16] = "";
+        KELO_UNIX_ONLY("debuggers alone know them");
+        QByteArray name;
         std::thread([&name] {
             SetThreadName("a long worker ü"); // more than the kernel keeps
             SetThreadName(nullptr);
-            pthread_getname_np(pthread_self(), name, sizeof name);
+            name = testsystem::threadName();
         }).join();
         QCOMPARE(name, "a long worker "); // never half a character
     }

@@ -3,12 +3,12 @@
 #include "core/initext_p.h"
 #include "tests/support/FileBytes.h"
 #include "tests/support/MessageLog.h"
+#include "tests/support/System.h"
 #include "tests/support/TemporaryHome.h"
 
 #include <kelo_base/core/UserDataManager.h>
 
 #include <QLockFile>
-#include <filesystem>
 #include <optional>
 #include <stdexcept>
 
@@ -95,6 +95,7 @@ private slots:
 
     void losesNoValueInText()
     {
+        KELO_UNIX_ONLY("the toolkit's own files, to which it compares, ignore case there");
         const QSettings::SettingsMap values{
             {u"empty"_s, QString()},
             {u"G/size"_s, QSize(3, -4)},
@@ -266,6 +267,7 @@ private slots:
 
     void setsDamagedFilesAsideAndKeepsLinks()
     {
+        KELO_UNIX_ONLY("about links, permissions and a full disk");
         const QByteArray damaged = "[G]\nk=1\nnonsense \xFF\n";
         const QString target = m_home->filePath(u"elsewhere.ini"_s);
         writeBytes(target, damaged);
@@ -275,7 +277,8 @@ private slots:
         const MessageLog log;
         QSettings &settings = UserDataManager().GetSettingsConfigFile(DataScopeUser, true);
         {
-            const ResourceLimit fullDisk(RLIMIT_FSIZE, 100); // only the copy has room
+            const testsystem::ResourceLimit fullDisk(testsystem::ResourceLimit::FileSize,
+                                                     100); // only the copy has room
             for (int i = 0; i < 50; ++i)
                 save(settings, "G/l", u"x"_s.repeated(200));
             QCOMPARE(copiesOf(target), QStringList());
@@ -315,7 +318,7 @@ private slots:
 
         writeBytes(m_file, stored += "z=1\n"); // others have written
         {
-            const ResourceLimit noFile(RLIMIT_NOFILE, 0);
+            const testsystem::ResourceLimit noFile(testsystem::ResourceLimit::OpenFiles, 0);
             UserDataManager().SaveUserConfigFiles();
         }
         QSettings &settings = UserDataManager().GetSettingsConfigFile(DataScopeUser, true);
@@ -323,10 +326,12 @@ private slots:
         QCOMPARE(bytesOf(m_file), stored.replace("a=1", "a=2"));
         QCOMPARE(settings.value("G/z"_L1), u"1"_s);
 
-        const auto path = m_file.toStdString();
-        const auto time = std::filesystem::last_write_time(path);
+        const QDateTime time = QFileInfo(m_file).lastModified();
         writeBytes(m_file, stored.replace("z=1", "y=5")); // of equal size and time
-        std::filesystem::last_write_time(path, time);
+        QFile file(m_file);
+        QVERIFY(file.open(QIODevice::ReadWrite) &&
+                file.setFileTime(time, QFileDevice::FileModificationTime));
+        file.close();
         save(settings, "G/a", 3);
         QCOMPARE(bytesOf(m_file), stored.replace("a=2", "a=3"));
     }

@@ -5,13 +5,13 @@
 #include "ipc/inbox_p.h"
 #include "ipc/outbox_p.h"
 #include "tests/support/MessageLog.h"
+#include "tests/support/System.h"
 #include <QtTest>
 #include <filesystem>
 #include <kelo_base/ipc/KeloCommandData.h>
 #include <kelo_base/ipc/KeloIPCCommand.h>
 #include <kelo_base/ipc/KeloIPCCommandHandler.h>
 #include <kelo_base/ipc/KeloIPCFacade.h>
-#include <sys/stat.h>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace std::chrono_literals;
@@ -210,11 +210,12 @@ private slots:
     /// Nothing is opened that others put under the names of temporary files.
     void keepsOutOfLinksAndPipes()
     {
+        KELO_UNIX_ONLY("there are neither links nor pipes of that kind");
         const QTemporaryDir outside;
         QVERIFY(channel::writeFile(outside.filePath(u"precious"_s), "mine"));
         QVERIFY(QFile::link(outside.filePath(u"precious"_s), path(u"kelo-out.txt.new"_s)));
         for (const QString &name : {u"kelo-in-answers.txt.new"_s, kOutAnswers})
-            QCOMPARE(mkfifo(qPrintable(path(name)), 0600), 0);
+            QVERIFY(testsystem::makePipe(path(name)));
         activate();
         QVERIFY(!facade().ContinueAs(u"v"_s)); // a pipe holds no answers
         receive(numbered(1));
@@ -273,7 +274,7 @@ private slots:
         QFETCH(const std::chrono::seconds, age);
         QFETCH(const bool, isFree);
         QProcess other;
-        other.start(u"sleep"_s, {u"60"_s});
+        other.startCommand(testsystem::sleepCommand());
         QVERIFY(other.waitForStarted());
         const auto process = static_cast<std::uint32_t>(other.processId());
         const QString start = QString::number(quint64{platform::processStartTime(process)});
@@ -458,6 +459,7 @@ private slots:
 
     void placesDataFiles()
     {
+        KELO_UNIX_ONLY("about names that the system does not take");
         const QTemporaryDir source;
         const QString odd = source.filePath(u"a:b,c;d.pol"_s);
         const QString same = source.filePath(u"copy.x,y"_s);
@@ -491,6 +493,7 @@ private slots:
 
     void findsThePartner()
     {
+        KELO_UNIX_ONLY("the partner is a shell");
         QList<bool> changes;
         const auto note = [&changes](bool isRunning) {
             changes << isRunning;

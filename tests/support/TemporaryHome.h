@@ -6,8 +6,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-/// Sets HOME and XDG_CONFIG_HOME while it lives. The test mode of the standard paths would not do:
-/// it leaves the documents folder where it is.
+/// Sets HOME and XDG_CONFIG_HOME while it lives; scripts/windows-run has Windows look there, too.
+/// The test mode of the standard paths would not do: it leaves the documents folder where it is.
 class TemporaryHome
 {
 public:
@@ -15,7 +15,7 @@ public:
     {
         if (!m_dir.isValid())
             qFatal("no temporary directory: %s", qPrintable(m_dir.errorString()));
-        qputenv("HOME", QFile::encodeName(m_dir.path()));
+        qputenv("HOME", QFile::encodeName(QDir::toNativeSeparators(m_dir.path())));
         qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_dir.filePath(QStringLiteral(".config"))));
     }
     ~TemporaryHome()

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// What the widgets tell to screen readers, where there are none.
+#pragma once
+
+#include <QStringList>
+
+/// "name", "check", "enabled" or "else" for each change so far.
+QStringList &toldScreenReaders();
