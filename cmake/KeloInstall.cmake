@@ -26,6 +26,9 @@ install(FILES ${PROJECT_BINARY_DIR}/kelo_base.pc
 install(FILES samples/village.dxf
   DESTINATION ${CMAKE_INSTALL_DATADIR}/kelo_base/samples COMPONENT tools)
 
+# What comes along for those who use the programs; each kind of package has a place for it.
+set(kelo_tools_documents docs/dxf2gk2.md docs/exchange-files.md docs/gk2-format.md docs/viewer.md)
+
 # What scripts/docs tells of.
 get_target_property(public_headers kelo_base HEADER_SET)
 list(JOIN public_headers " " public_headers)

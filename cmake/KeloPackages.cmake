@@ -18,7 +18,7 @@ foreach(component IN ITEMS library development tools)
   install(FILES ${changelog}.gz packaging/copyright
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${${component}_package} COMPONENT ${component})
 endforeach()
-install(FILES docs/dxf2gk2.md docs/exchange-files.md docs/gk2-format.md docs/viewer.md
+install(FILES ${kelo_tools_documents}
   DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${tools_package} COMPONENT tools)
 
 set(CPACK_PACKAGE_NAME kelo-base)

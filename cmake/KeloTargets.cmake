@@ -7,6 +7,18 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
   set(CMAKE_BUILD_TYPE Release)
 endif()
 
+# What the sources that differ by system are called after: NAME_windows.cpp, NAME_unix.cpp.
+if(WIN32)
+  set(kelo_system windows)
+  set(kelo_family windows)
+elseif(APPLE)
+  set(kelo_system macos)
+  set(kelo_family unix)
+else()
+  set(kelo_system linux)
+  set(kelo_family unix)
+endif()
+
 # Language level, hidden symbols and warnings for one target.
 function(kelo_defaults target)
   target_compile_features(${target} PUBLIC cxx_std_20)

@@ -21,7 +21,7 @@ foreach(plugin IN ITEMS
   install(FILES ${toolkit}/plugins/${plugin}.dll DESTINATION plugins/${kind} COMPONENT library)
 endforeach()
 install(FILES ${toolkit}/translations/qtbase_de.qm DESTINATION translations COMPONENT library)
-install(FILES docs/dxf2gk2.md docs/gk2-format.md docs/exchange-files.md
+install(FILES ${kelo_tools_documents}
   DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT tools)
 install(FILES LICENSE packaging/copyright DESTINATION . COMPONENT library)
 install(DIRECTORY ${toolkit}/licences DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT library)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Saves configuration files until it is killed, runs into a limit, or is done; saving_survives.py
 // looks at what it leaves.
-#include "tests/support/FileBytes.h"
 #include "tests/support/System.h"
 
 #include <kelo_base/core/UserDataManager.h>
@@ -53,8 +52,8 @@ int main(int argc, char **argv)
     QCoreApplication::setOrganizationName(u"O"_s);
     QCoreApplication::setApplicationName(u"A"_s);
     const QStringList arguments = QCoreApplication::arguments();
-    std::optional<testsystem::ResourceLimit>
-        fullDisk; // files beyond 8 KiB, as only odd generations want
+    // Files beyond 8 KiB, as only odd generations want.
+    std::optional<testsystem::ResourceLimit> fullDisk;
     if (arguments.value(1) == "limited"_L1)
         fullDisk.emplace(testsystem::ResourceLimit::FileSize, 8192);
     if (arguments.value(1) != "keys"_L1)

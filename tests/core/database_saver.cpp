@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Saves into a database until it is killed, runs into a limit, or is done; database_survives.py
 // looks at what it leaves. FILE may be the socket's folder of a server.
-#include "tests/support/FileBytes.h"
 #include "tests/support/System.h"
 
 #include <QCoreApplication>
@@ -178,8 +177,8 @@ int main(int argc, char **argv)
         place.name = arguments.value(3);
     }
     const int number = arguments.value(4).toInt();
-    std::optional<testsystem::ResourceLimit>
-        fullDisk; // no room for more than even generations need
+    // No room for more than even generations need.
+    std::optional<testsystem::ResourceLimit> fullDisk;
     if (task == "limited"_L1)
         fullDisk.emplace(testsystem::ResourceLimit::FileSize, 200'000);
     if (task == "add"_L1 || task == "ask"_L1)

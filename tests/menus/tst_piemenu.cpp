@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The pie menu as a widget: ways of picking and cancelling, what it says, deaths, its picture.
-#include "tests/menus/screenreader.h"
 #include "tests/support/MessageLog.h"
+#include "tests/support/ScreenReader.h"
 #include "tests/support/System.h"
 #include <QAccessible>
 #include <QApplication>

@@ -6,3 +6,5 @@
 
 /// "name", "check", "enabled" or "else" for each change so far.
 QStringList &toldScreenReaders();
+/// The texts of the labels that asked to be read out so far.
+QStringList &readByScreenReaders();
