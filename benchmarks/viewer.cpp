@@ -319,7 +319,8 @@ int start(QApplication &app, bool isViewer)
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     QApplication::setOrganizationName(u"kelo"_s);
     QApplication::setApplicationName(u"viewer-benchmark"_s);
