@@ -7,11 +7,17 @@
 #include <QStyle>
 #include <QToolButton>
 
-NoticeBar::NoticeBar(QWidget *parent) : QFrame(parent), m_text(new QLabel)
+NoticeBar::NoticeBar(QWidget *parent) : QFrame(parent)
 {
     setFrameShape(QFrame::StyledPanel);
     setBackgroundRole(QPalette::ToolTipBase);
     setAutoFillBackground(true);
+    hide();
+}
+
+void NoticeBar::fill()
+{
+    m_text = new QLabel;
     m_text->setForegroundRole(QPalette::ToolTipText);
     m_text->setWordWrap(true);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -29,11 +35,14 @@ NoticeBar::NoticeBar(QWidget *parent) : QFrame(parent), m_text(new QLabel)
     row->addWidget(sign);
     row->addWidget(m_text, 1);
     row->addWidget(close);
-    hide();
 }
 
 void NoticeBar::tell(const QString &sentence)
 {
+    if (!m_text && sentence.isEmpty())
+        return;
+    if (!m_text)
+        fill();
     m_text->setText(sentence);
     m_text->setAccessibleName(sentence);
     setVisible(!sentence.isEmpty());

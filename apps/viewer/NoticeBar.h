@@ -16,5 +16,7 @@ public:
     [[nodiscard]] QString sentence() const;
 
 private:
-    QLabel *m_text;
+    void fill();
+
+    QLabel *m_text = nullptr; ///< from the first sentence on: the style's icons take milliseconds
 };

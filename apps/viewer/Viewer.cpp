@@ -12,6 +12,8 @@
 #include "ViewerActions.h"
 #include <QApplication>
 #include <QFileInfo>
+#include <QFontDatabase>
+#include <QThreadPool>
 #include <QTimer>
 #include <cstdio>
 #include <kelo_base/actions/ContextMenuLayout.h>
@@ -60,6 +62,8 @@ int Viewer::run()
 
 int Viewer::runWithServices()
 {
+    // The system's fonts are looked up while the services start: either takes milliseconds.
+    QThreadPool::globalInstance()->start([] { QFontDatabase::families(); });
     CoreFacadeI &core = CoreFacadeI::Instance();
     core.Join(MenuConfigService(m_configuration, m_manager));
     core.Join({u"window"_s,
