@@ -55,6 +55,8 @@ int Viewer::run()
         std::fprintf(stderr, "kelo-viewer: %s\n", qUtf8Printable(m_line.fault));
         return kWrongUsage;
     }
+    // The system's fonts are looked up while the services start: either takes milliseconds.
+    QThreadPool::globalInstance()->start([] { QFontDatabase::families(); });
     m_actions = std::make_unique<ViewerActions>(m_manager);
     m_configuration.AssignDefaultContextMenuLayout(ViewerActions::shippedLayout());
     return m_line.screenshot.isEmpty() ? runWithServices() : runForPicture();
@@ -62,8 +64,6 @@ int Viewer::run()
 
 int Viewer::runWithServices()
 {
-    // The system's fonts are looked up while the services start: either takes milliseconds.
-    QThreadPool::globalInstance()->start([] { QFontDatabase::families(); });
     CoreFacadeI &core = CoreFacadeI::Instance();
     core.Join(MenuConfigService(m_configuration, m_manager));
     core.Join({u"window"_s,
