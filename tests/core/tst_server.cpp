@@ -26,6 +26,12 @@ constexpr bool kKeepsFreedMemory = true;
 constexpr bool kKeepsFreedMemory = false;
 #endif
 
+/// Whether what a process takes of the memory tells what was waiting for the log at once.
+bool showsWhatWaited()
+{
+    return !kKeepsFreedMemory && testsystem::isUnix(); // elsewhere the toolkit reads ahead
+}
+
 bool isAlive(qint64 pid)
 {
     return platform::processStartTime(static_cast<quint32>(pid)) != 0;
@@ -255,7 +261,9 @@ private slots:
         server.Start();
         const qint64 before = testsystem::memoryBytes();
         QTRY_COMPARE_WITH_TIMEOUT(server.GetState(), ServerState::Ready, 60'000);
-        QVERIFY(kKeepsFreedMemory || testsystem::memoryBytes() - before < 20LL * 1024 * 1024);
+        const qint64 grown = testsystem::memoryBytes() - before;
+        QVERIFY2(!showsWhatWaited() || grown < 20LL * 1024 * 1024,
+                 qPrintable(u"by %1 bytes"_s.arg(grown)));
         QCOMPARE(QDir(folder()).entryList({u"server*.log"_s}, QDir::Files).size(), 5);
     }
 

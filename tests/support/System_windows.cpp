@@ -44,7 +44,7 @@ qint64 memoryBytes()
 {
     PROCESS_MEMORY_COUNTERS counters{};
     GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
-    return static_cast<qint64>(counters.WorkingSetSize);
+    return static_cast<qint64>(counters.PagefileUsage);
 }
 
 QString sleepCommand()
