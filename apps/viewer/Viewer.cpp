@@ -2,6 +2,7 @@
 // Joins the parts to the facade as services.
 #include "Viewer.h"
 
+#include "Fonts.h"
 #include "LinkDock.h"
 #include "MainWindow.h"
 #include "PartnerChannel.h"
@@ -12,8 +13,6 @@
 #include "ViewerActions.h"
 #include <QApplication>
 #include <QFileInfo>
-#include <QFontDatabase>
-#include <QThreadPool>
 #include <QTimer>
 #include <cstdio>
 #include <kelo_base/actions/ContextMenuLayout.h>
@@ -55,8 +54,7 @@ int Viewer::run()
         std::fprintf(stderr, "kelo-viewer: %s\n", qUtf8Printable(m_line.fault));
         return kWrongUsage;
     }
-    // The system's fonts are looked up while the services start: either takes milliseconds.
-    QThreadPool::globalInstance()->start([] { QFontDatabase::families(); });
+    LookUpFonts(); // while the services start
     m_actions = std::make_unique<ViewerActions>(m_manager);
     m_configuration.AssignDefaultContextMenuLayout(ViewerActions::shippedLayout());
     return m_line.screenshot.isEmpty() ? runWithServices() : runForPicture();
