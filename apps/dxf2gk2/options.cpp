@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What the user asks for on the command line.
 #include "options.h"
+#include "system.h"
 #include "text.h"
 #include <QCommandLineParser>
 #include <QFileInfo>
@@ -171,7 +172,7 @@ ParsedOptions parseOptions(const QStringList &arguments)
         if (parser.isSet(name) && parser.value(name).isEmpty())
             return wrong(Text::tr("%1 wants a value").arg("--"_L1 + name));
     }
-    options.plans = parser.positionalArguments();
+    options.plans = systemcalls::expand(parser.positionalArguments());
     options.output = parser.value(u"output"_s);
     options.outputDir = parser.value(u"output-dir"_s);
     options.preview = parser.value(u"preview"_s);

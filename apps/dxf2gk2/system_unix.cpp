@@ -28,6 +28,11 @@ QStringList arguments(int argc, char **argv)
     return texts;
 }
 
+QStringList expand(const QStringList &words)
+{
+    return words; // the shell has done it
+}
+
 void prepareStreams()
 {
     // Opened the wrong way round, so that reading or writing fails.

@@ -3,6 +3,8 @@
 #include "system.h"
 
 #include <Console.h>
+#include <QDir>
+#include <QFileInfo>
 #include <QStringList>
 #include <atomic>
 #include <io.h>
@@ -10,6 +12,8 @@
 #include <windows.h>
 
 #include <shellapi.h> // wants windows.h before it
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace systemcalls {
 namespace {
@@ -24,6 +28,21 @@ BOOL WINAPI noteEvent(DWORD event)
     if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT)
         Sleep(kAllTheTimeThereIs); // it ends us as soon as we return
     return TRUE;
+}
+
+/// In order, each with the folder that the pattern begins with. Patterns are in the last name
+/// alone.
+QStringList matching(const QString &pattern)
+{
+    const QString name = QFileInfo(pattern).fileName();
+    if (!name.contains(u'*') && !name.contains(u'?'))
+        return {};
+    const QString folder = pattern.chopped(name.size());
+    const QString literal = QString(name).replace(u'[', u"[[]"_s); // brackets are plain there
+    QStringList files = QDir(folder).entryList({literal}, QDir::Files, QDir::Name);
+    for (QString &file : files)
+        file.prepend(folder);
+    return files;
 }
 
 /// Consoles of Windows understand control sequences only when asked.
@@ -47,6 +66,16 @@ QStringList arguments(int, char **)
     for (int i = 0; words && i < count; ++i)
         texts << QString::fromWCharArray(words.get()[i]);
     return texts;
+}
+
+QStringList expand(const QStringList &words)
+{
+    QStringList files;
+    for (const QString &word : words) {
+        const QStringList found = matching(word);
+        files << (found.isEmpty() ? QStringList{word} : found);
+    }
+    return files;
 }
 
 void prepareStreams()
