@@ -9,8 +9,8 @@ namespace systemcalls {
 /// The command line, the program's name first. Of main()'s arguments.
 QStringList arguments(int argc, char **argv);
 
-/// The files that these words mean: patterns ("*.dxf") are for programs to expand on Windows. One that
-/// matches nothing stays as it is.
+/// The files that these words mean: patterns ("*.dxf") are for programs to expand on Windows. One
+/// that matches nothing stays as it is.
 QStringList expand(const QStringList &words);
 
 /// Lets the standard streams carry bytes. Makes those that were closed by the caller fail when
