@@ -72,13 +72,20 @@ function(kelo_resource target start)
   target_link_libraries(${target} PRIVATE ${target}_resource)
 endfunction()
 
+# Sets RESULT to the picture for an icon of this size: the smallest may have one of their own,
+# PICTURE-small.svg.
+function(kelo_picture result picture size)
+  set(source ${picture}.svg)
+  if(size LESS_EQUAL 24 AND EXISTS ${picture}-small.svg)
+    set(source ${picture}-small.svg)
+  endif()
+  set(${result} ${source} PARENT_SCOPE)
+endfunction()
+
 # MADE.ico of PICTURE.svg, in the sizes that Windows shows.
 function(kelo_icon_file picture made)
   foreach(size IN ITEMS 16 24 32 48 256)
-    set(source ${picture}.svg)
-    if(size LESS_EQUAL 24 AND EXISTS ${picture}-small.svg)
-      set(source ${picture}-small.svg)
-    endif()
+    kelo_picture(source ${picture} ${size})
     list(APPEND commands COMMAND ${KELO_RSVG_CONVERT} --width ${size} --height ${size}
       --output ${made}-${size}.png ${source})
     list(APPEND icons ${made}-${size}.png)
@@ -117,15 +124,12 @@ function(kelo_completion target name)
   install(FILES ${fish} DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 endfunction()
 
-# The sizes are the icon theme's. The smallest may have a picture of their own, PICTURE-small.svg.
+# The sizes are the icon theme's.
 function(kelo_icons target picture)
   cmake_path(GET picture FILENAME name)
   foreach(size IN ITEMS 16 22 24 32 48 64 128 256 512)
     set(icon ${kelo_manuals_dir}/${name}-${size}.png)
-    set(source ${picture}.svg)
-    if(size LESS_EQUAL 24 AND EXISTS ${picture}-small.svg)
-      set(source ${picture}-small.svg)
-    endif()
+    kelo_picture(source ${picture} ${size})
     add_custom_command(OUTPUT ${icon} DEPENDS ${source}
       COMMAND ${KELO_RSVG_CONVERT} --width ${size} --height ${size} --output ${icon} ${source})
     install(FILES ${icon} RENAME ${name}.png
