@@ -76,6 +76,10 @@
         <source>&quot;%1&quot; is no theme: wanted is light or dark</source>
         <translation>„%1“ ist kein Thema: verlangt ist light oder dark</translation>
     </message>
+    <message>
+        <source>The picture needs the name of a file</source>
+        <translation>Das Bild braucht den Namen einer Datei</translation>
+    </message>
 </context>
 <context>
     <name>CoreFacadeI</name>
