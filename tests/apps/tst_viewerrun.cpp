@@ -280,7 +280,8 @@ void TestViewerRun::tellsWhatItCannotOpen()
         QVERIFY(window.notice().contains(u"missing.dxf"_s));
         QVERIFY(!window.openPlan(broken));
         QVERIFY(window.notice().contains(u"broken.dxf"_s));
-        QVERIFY(window.notice().contains(u"3"_s)); // the line
+        QVERIFY(window.notice().contains(u"3"_s));           // the line
+        QVERIFY(window.notice().contains(u"missing.dxf"_s)); // of plans that are opened at once
         QCOMPARE(window.tabs().count(), 1);
     });
 }
