@@ -239,11 +239,21 @@ void MainWindow::bringToFront()
     activateWindow();
 }
 
+/// The window manager, the last session and the presentation menu change the state as well.
+void MainWindow::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::WindowStateChange)
+        m_actions.action(ViewerAction::FullScreen).setChecked(isFullScreen());
+    QMainWindow::changeEvent(event);
+}
+
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     m_closesAfterwards = m_opener->isReading();
     m_opener->cancel();
     event->setAccepted(!m_closesAfterwards);
+    if (!m_closesAfterwards)
+        m_controls->endPresentations();
 }
 
 void MainWindow::keyPressEvent(QKeyEvent *event)

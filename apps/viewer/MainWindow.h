@@ -54,6 +54,7 @@ signals:
     void planOpened(PlanView *view);
 
 protected:
+    void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -64,8 +65,8 @@ private:
     void addDocks();
     void addCommands(MenuConfigManager &configuration);
     void finishReading(const QString &why);
-    void watch(PlanView *view);
     void tellNotRead(const QString &why);
+    void watch(PlanView *view);
     void showCurrent(PlanView *view);
     void updateContext();
 
@@ -79,7 +80,7 @@ private:
     LinkDock *m_links = nullptr;
     std::unique_ptr<DocWindow> m_document;
     std::unique_ptr<ViewControls> m_controls;
-    QStringList m_waiting; ///< plans to be opened when the one at hand is read
     QStringList m_notRead; ///< what the notice bar says of plans, the latest last
+    QStringList m_waiting; ///< plans to be opened when the one at hand is read
     bool m_closesAfterwards = false;
 };

@@ -23,6 +23,7 @@
 #include <QMimeData>
 #include <QProcess>
 #include <QTimer>
+#include <QToolBar>
 #include <QtTest>
 #include <functional>
 #include <kelo_base/actions/ActionShortCutList.h>
@@ -141,6 +142,7 @@ private slots:
     void opensLinkedSheets();
     void tellsWhatItCannotOpen();
     void readsPlansAgain();
+    void remembersBarsAndScreen();
     void doesEverythingOnce();
     void writesScreenshots_data();
     void writesScreenshots();
@@ -334,6 +336,35 @@ void TestViewerRun::readsPlansAgain()
         again.trigger();
         QCOMPARE(number(), u"3"_s);
         QCOMPARE(window.notice(), QString());
+    });
+}
+
+/// A presentation ends with the window; what fills the screen otherwise does so again.
+void TestViewerRun::remembersBarsAndScreen()
+{
+    const auto isBarHidden = [](const MainWindow &window) {
+        return window.findChild<QToolBar *>()->isHidden();
+    };
+    runViewer(m_arguments, [&](Viewer &, MainWindow &window) {
+        const QAction &full = window.actions().action(Id::FullScreen);
+        NavCtrlMgrIfc::Instance().SetFullScreen(window.currentView(), true);
+        QVERIFY(isBarHidden(window) && full.isChecked());
+        NavCtrlMgrIfc::Instance().SetFullScreen(window.currentView(), false);
+        QVERIFY(!isBarHidden(window) && !full.isChecked());
+        NavCtrlMgrIfc::Instance().SetFullScreen(window.currentView(), true);
+    });
+    runViewer(m_arguments, [&](Viewer &, MainWindow &window) {
+        QVERIFY(!isBarHidden(window) && !window.isFullScreen());
+        window.actions().action(Id::FullScreen).trigger();
+        window.findChild<QToolBar *>()->hide(); // by the user, and for good
+    });
+    runViewer(m_arguments, [&](Viewer &, MainWindow &window) {
+        QVERIFY(window.isFullScreen());
+        window.actions().action(Id::FullScreen).trigger();
+        QVERIFY(!window.isFullScreen());
+        NavCtrlMgrIfc::Instance().SetFullScreen(window.currentView(), true);
+        NavCtrlMgrIfc::Instance().SetFullScreen(window.currentView(), false);
+        QVERIFY(isBarHidden(window));
     });
 }
 
