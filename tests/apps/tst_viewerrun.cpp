@@ -16,6 +16,7 @@
 #include "tests/support/TemporaryHome.h"
 #include <QAction>
 #include <QApplication>
+#include <QDockWidget>
 #include <QDropEvent>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -438,6 +439,16 @@ void TestViewerRun::doesEverythingOnce()
         for (const Id id : {Id::StoredViews, Id::Links, Id::Workbench, Id::ShowControls})
             actions.action(id).trigger();
         QTest::qWait(300); // the workbench reads the plan
+        const auto *workbench = window.findChild<QDockWidget *>(u"workbench"_s);
+        QVERIFY(workbench->minimumSizeHint().height() < 200); // fits into 1366 x 768 at 200 %
+        // Its keys are not in the way of the window's.
+        bool isAsked = false;
+        QTimer::singleShot(200, &window, [&isAsked] {
+            if (QWidget *question = QApplication::activeModalWidget())
+                isAsked = question->close();
+        });
+        QTest::keyClick(view, Qt::Key_O, Qt::ControlModifier);
+        QVERIFY(QTest::qWaitFor([&isAsked] { return isAsked; }));
         actions.action(Id::Reload).trigger();
         QCOMPARE(window.currentView()->plan().path(), other);
         actions.action(Id::CloseTab).trigger();
