@@ -16,7 +16,6 @@
 #include "tests/support/TemporaryHome.h"
 #include <QAction>
 #include <QApplication>
-#include <QDockWidget>
 #include <QDropEvent>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -438,9 +437,9 @@ void TestViewerRun::doesEverythingOnce()
         QCOMPARE(NavCtrlMgrIfc::Instance().StoredViews()[0].title, u"here"_s);
         for (const Id id : {Id::StoredViews, Id::Links, Id::Workbench, Id::ShowControls})
             actions.action(id).trigger();
-        QTest::qWait(300); // the workbench reads the plan
-        const auto *workbench = window.findChild<QDockWidget *>(u"workbench"_s);
-        QVERIFY(workbench->minimumSizeHint().height() < 200); // fits into 1366 x 768 at 200 %
+        QTest::qWait(300);                            // the workbench reads the plan
+        const QSize least = window.minimumSizeHint(); // with all docks: 1366 x 768 at 200 %
+        QVERIFY2(least.height() <= 384 - 24, QByteArray::number(least.height()));
         // Its keys are not in the way of the window's.
         bool isAsked = false;
         QTimer::singleShot(200, &window, [&isAsked] {
