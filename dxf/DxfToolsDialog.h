@@ -26,8 +26,8 @@ public:
     explicit DxfToolsDialog(QWidget *parent = nullptr, QSettings *store = nullptr);
     ~DxfToolsDialog() override;
 
-    /// Makes it a part of another window, for good: no button to close it, results below the steps,
-    /// and drops are left to the window. To be called before it is shown.
+    /// Makes it a part of another window, for good: no button to close it, results below the steps;
+    /// drops, and the keys to open, are left to the window. To be called before it is shown.
     void SetEmbedded();
 
     /// Reads, analyses and shows a plan; returns when that is done.

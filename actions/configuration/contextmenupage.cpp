@@ -129,11 +129,11 @@ QWidget *ContextMenuPage::newSlots()
         const int place = grid->count();
         grid->addWidget(button, place / 2, place % 2);
     };
-    addButton(tr("Move &Up"), Qt::ALT | Qt::Key_Up, [this] { shift(true); });
-    addButton(tr("&Empty Slot"), Qt::Key_Insert, [this] { insertEmpty(); });
+    addButton(tr("Mo&ve Up"), Qt::ALT | Qt::Key_Up, [this] { shift(true); });
+    addButton(tr("Empt&y Slot"), Qt::Key_Insert, [this] { insertEmpty(); });
     addButton(tr("Move &Down"), Qt::ALT | Qt::Key_Down, [this] { shift(false); });
     addButton(tr("&Remove"), Qt::Key_Delete, [this] { remove(); });
-    return newColumn(tr("&Slots:"), m_slotView, {m_slotView, buttons});
+    return newColumn(tr("Slo&ts:"), m_slotView, {m_slotView, buttons});
 }
 
 QWidget *ContextMenuPage::newPreviews(const ActionManager &manager)

@@ -58,7 +58,7 @@ void ShortcutEditor::layOut()
     for (QPushButton *button : {m_record, m_assign, m_remove})
         entry->addWidget(button);
     auto *answer = new QHBoxLayout;
-    m_reassign = addButton(u"btnReassign"_s, tr("Reassi&gn"), &ShortcutEditor::reassign);
+    m_reassign = addButton(u"btnReassign"_s, tr("Re&assign"), &ShortcutEditor::reassign);
     m_keep = addButton(u"btnKeepBoth"_s, tr("&Keep both"), &ShortcutEditor::keep);
     m_cancel = addButton(u"btnKeepOld"_s, tr("Kee&p the old one"), &ShortcutEditor::restore);
     m_sentence->setWordWrap(true);

@@ -29,6 +29,7 @@ public:
                   "between east and the right of the screen.");
     }
     static QString Theme() { return tr("Colours of the picture: light or dark."); }
+    static QString NoFile() { return tr("The picture needs the name of a file"); }
     static QString BadTheme(const QString &text)
     {
         return tr("\"%1\" is no theme: wanted is light or dark").arg(text);
@@ -85,6 +86,8 @@ CommandLine CommandLine::parse(const QStringList &arguments)
     line.exchangeFolder = parser.value(exchange);
     line.screenshot = parser.value(picture);
     line.theme = parser.value(theme);
+    if (parser.isSet(picture) && line.screenshot.isEmpty())
+        line.fault = Texts::NoFile();
     if (parser.isSet(theme) && line.theme != "light"_L1 && line.theme != "dark"_L1)
         line.fault = Texts::BadTheme(line.theme);
     if (parser.isSet(size)) {

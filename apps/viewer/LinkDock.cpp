@@ -46,6 +46,8 @@ LinkDock::LinkDock(MainWindow &window)
     column->addWidget(m_sheetTitle);
     column->addWidget(m_sheetList, 1);
     setWidget(content);
+    for (QListWidget *list : {m_objectList, m_sheetList})
+        list->setMinimumHeight(2 * fontMetrics().lineSpacing()); // for small screens
     m_objectList->setAccessibleName(objectTitle->text());
     m_sheetList->setAccessibleName(m_sheetTitle->text());
     connect(m_objectList, &QListWidget::itemActivated, this, [this](const QListWidgetItem *entry) {

@@ -33,6 +33,7 @@
 #include <QToolBar>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <kelo_base/actions/ActionManager.h>
 #include <kelo_base/dxf/PlanSession.h>
 
@@ -170,11 +171,23 @@ void MainWindow::finishReading(const QString &why)
 {
     m_status->showReading(1);
     if (!why.isEmpty())
-        tell(why);
+        tellNotRead(why);
     if (m_closesAfterwards)
         QTimer::singleShot(0, this, &QWidget::close);
     else if (!m_waiting.isEmpty())
         QTimer::singleShot(0, this, [this, next = m_waiting.takeFirst()] { openPlan(next); });
+}
+
+/// Several plans may be opened at once: what was wrong with one stays while others are told.
+void MainWindow::tellNotRead(const QString &why)
+{
+    constexpr qsizetype kMost = 6;
+    if (notice().isEmpty() || notice() != m_notRead.join(u'\n'))
+        m_notRead.clear();
+    m_notRead.removeAll(why);
+    m_notRead << why;
+    m_notRead = m_notRead.mid(std::max<qsizetype>(0, m_notRead.size() - kMost));
+    tell(m_notRead.join(u'\n'));
 }
 
 void MainWindow::watch(PlanView *view)
@@ -226,11 +239,21 @@ void MainWindow::bringToFront()
     activateWindow();
 }
 
+/// The window manager, the last session and the presentation menu change the state as well.
+void MainWindow::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::WindowStateChange)
+        m_actions.action(ViewerAction::FullScreen).setChecked(isFullScreen());
+    QMainWindow::changeEvent(event);
+}
+
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     m_closesAfterwards = m_opener->isReading();
     m_opener->cancel();
     event->setAccepted(!m_closesAfterwards);
+    if (!m_closesAfterwards)
+        m_controls->endPresentations();
 }
 
 void MainWindow::keyPressEvent(QKeyEvent *event)

@@ -44,7 +44,7 @@ public:
     /// Reads the file of a plan again; the view stays as it is, also when that fails, which the
     /// notice bar says. Nothing happens while a plan is being read.
     void readAgain(PlanView &view);
-    /// One sentence for the user, until it is taken away; empty: none.
+    /// A sentence for the user, until it is taken away; empty: none.
     void tell(const QString &sentence);
     [[nodiscard]] QString notice() const;
     void bringToFront();
@@ -54,6 +54,7 @@ signals:
     void planOpened(PlanView *view);
 
 protected:
+    void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -64,6 +65,7 @@ private:
     void addDocks();
     void addCommands(MenuConfigManager &configuration);
     void finishReading(const QString &why);
+    void tellNotRead(const QString &why);
     void watch(PlanView *view);
     void showCurrent(PlanView *view);
     void updateContext();
@@ -78,6 +80,7 @@ private:
     LinkDock *m_links = nullptr;
     std::unique_ptr<DocWindow> m_document;
     std::unique_ptr<ViewControls> m_controls;
+    QStringList m_notRead; ///< what the notice bar says of plans, the latest last
     QStringList m_waiting; ///< plans to be opened when the one at hand is read
     bool m_closesAfterwards = false;
 };

@@ -11,6 +11,8 @@
 #include <QPainter>
 #include <QPointingDevice>
 #include <QWheelEvent>
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -46,7 +48,10 @@ PlanView::PlanView(Plan &plan, QWidget *parent)
     });
     m_gestureEnd.setSingleShot(true);
     m_gestureEnd.setInterval(kGestureEnd);
-    connect(&m_gestureEnd, &QTimer::timeout, this, &PlanView::endGesture);
+    connect(&m_gestureEnd, &QTimer::timeout, this, [this] {
+        if (!m_isKeyHeld)
+            endGesture();
+    });
     connect(&plan, &Plan::grown, this, [this] {
         m_pictures.refresh();
         scheduleWork();
@@ -307,6 +312,8 @@ bool PlanView::event(QEvent *event)
     if (event->type() == QEvent::NativeGesture &&
         nativeGesture(*static_cast<QNativeGestureEvent *>(event)))
         return true;
+    if (event->type() == QEvent::ShortcutOverride) // comes before any key, those of shortcuts too
+        noteKey(*static_cast<QKeyEvent *>(event));
     return KView::event(event);
 }
 
@@ -339,6 +346,32 @@ std::optional<ViewPose> PlanView::poseByKey(int key, bool isFine) const
     default:
         return std::nullopt;
     }
+}
+
+/// Systems wait longer before they repeat a key than a gesture pauses.
+void PlanView::noteKey(const QKeyEvent &event)
+{
+    constexpr std::array kModifiers{Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_Meta};
+    const bool isModifier = std::ranges::find(kModifiers, event.key()) != kModifiers.end();
+    if (isModifier || event.isAutoRepeat())
+        return;
+    m_isKeyHeld = event.type() != QEvent::KeyRelease;
+    if (!m_isKeyHeld && m_history.isMoving())
+        m_gestureEnd.start();
+}
+
+void PlanView::keyReleaseEvent(QKeyEvent *event)
+{
+    noteKey(*event);
+    KView::keyReleaseEvent(event);
+}
+
+void PlanView::focusOutEvent(QFocusEvent *event)
+{
+    m_isKeyHeld = false;
+    if (m_history.isMoving())
+        m_gestureEnd.start();
+    KView::focusOutEvent(event);
 }
 
 void PlanView::keyPressEvent(QKeyEvent *event)

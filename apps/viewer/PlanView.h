@@ -57,7 +57,9 @@ protected:
     bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -71,6 +73,7 @@ private:
 
     void display(const ViewPose &pose);
     void endGesture();
+    void noteKey(const QKeyEvent &event);
     bool nativeGesture(const QNativeGestureEvent &event);
     [[nodiscard]] std::optional<ViewPose> poseByKey(int key, bool isFine) const;
     void dragTo(QPointF pixel);
@@ -86,6 +89,7 @@ private:
     QTimer m_work;
     QTimer m_gestureEnd;
     Drag m_drag = Drag::None;
+    bool m_isKeyHeld = false; ///< what it does repeatedly is one gesture
     QPointF m_dragFrom;
     std::optional<quint32> m_currentSheet;
     bool m_areSheetsShown = false;

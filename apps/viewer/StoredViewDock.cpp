@@ -43,6 +43,7 @@ StoredViewDock::StoredViewDock(MainWindow &window)
     column->addLayout(row);
     setWidget(content);
     m_list->setAccessibleName(windowTitle());
+    m_list->setMinimumHeight(2 * fontMetrics().lineSpacing()); // for small screens
     m_list->setEditTriggers(QAbstractItemView::EditKeyPressed);
     connect(m_list, &QListWidget::itemActivated, this, &StoredViewDock::go);
     connect(m_list, &QListWidget::itemChanged, this, &StoredViewDock::rename);

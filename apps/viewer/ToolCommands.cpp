@@ -37,10 +37,8 @@ ToolCommands::ToolCommands(MainWindow &window, MenuConfigManager &configuration)
 
 void ToolCommands::showFullScreen()
 {
-    if (m_window.actions().action(ViewerAction::FullScreen).isChecked())
-        m_window.showFullScreen();
-    else
-        m_window.showNormal();
+    const bool isFull = m_window.actions().action(ViewerAction::FullScreen).isChecked();
+    m_window.setWindowState(m_window.windowState().setFlag(Qt::WindowFullScreen, isFull));
 }
 
 MenuConfigDialog &ToolCommands::configure()

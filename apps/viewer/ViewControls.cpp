@@ -11,6 +11,7 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <kelo_base/navigation/NavCtrlMgrIfc.h>
+#include <utility>
 
 ViewControls::ViewControls(MainWindow &window) : m_window(window)
 {
@@ -31,10 +32,26 @@ ViewControls::~ViewControls()
     NavCtrlMgrIfc::Destroy();
 }
 
+void ViewControls::endPresentations()
+{
+    for (PlanView *view : m_window.tabs().views())
+        NavCtrlMgrIfc::Instance().LeavePresentation(view);
+}
+
 void ViewControls::present(bool isPresenting)
 {
-    m_window.menuBar()->setHidden(isPresenting);
-    m_window.statusBar()->setHidden(isPresenting);
+    for (const QPointer<QWidget> &bar : std::exchange(m_hidden, {}))
+        if (bar)
+            bar->show();
+    if (!isPresenting)
+        return;
+    QWidgetList bars{m_window.menuBar(), m_window.statusBar()};
     for (QToolBar *bar : m_window.findChildren<QToolBar *>())
-        bar->setHidden(isPresenting);
+        bars << bar;
+    for (QWidget *bar : bars) {
+        if (bar->isHidden())
+            continue;
+        bar->hide();
+        m_hidden << bar;
+    }
 }

@@ -2,7 +2,10 @@
 // The navigation controls over the plans.
 #pragma once
 
+#include <QList>
 #include <QObject>
+#include <QPointer>
+#include <QWidget>
 
 class MainWindow;
 
@@ -16,8 +19,12 @@ public:
     explicit ViewControls(MainWindow &window);
     ~ViewControls() override;
 
+    /// Nothing of a presentation shall be remembered as the state of the window.
+    void endPresentations();
+
 private:
     void present(bool isPresenting);
 
     MainWindow &m_window;
+    QList<QPointer<QWidget>> m_hidden; ///< while presenting; what people hide stays hidden
 };

@@ -8,6 +8,7 @@
 #include "PlanView.h"
 #include "ViewerActions.h"
 #include <QAction>
+#include <QScrollArea>
 #include <QTimer>
 #include <kelo_base/dxf/DxfToolsDialog.h>
 
@@ -35,7 +36,11 @@ void WorkbenchDock::follow()
     if (!m_workbench) {
         m_workbench = new DxfToolsDialog(this);
         m_workbench->SetEmbedded();
-        setWidget(m_workbench);
+        auto *area = new QScrollArea; // a small screen shows a part of it
+        area->setFrameShape(QFrame::NoFrame);
+        area->setWidgetResizable(true);
+        area->setWidget(m_workbench);
+        setWidget(area);
         m_workbench->show();
     }
     if (view && !m_workbench->IsReading() && m_workbench->FileName() != view->plan().path())

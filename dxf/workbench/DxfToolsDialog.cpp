@@ -70,6 +70,7 @@ struct DxfToolsDialog::Parts
     LongWork work;
     PlanOpener opener;
     LayoutMemory layout;
+    QShortcut *openKeys = nullptr; ///< the dialog's
 };
 
 DxfToolsDialog::DxfToolsDialog(QWidget *parent, QSettings *store)
@@ -83,7 +84,8 @@ DxfToolsDialog::DxfToolsDialog(QWidget *parent, QSettings *store)
     setAcceptDrops(true);
     const DxfToolsForm &form = m_parts->form;
     connect(&form.read(), &ReadPanel::openWanted, this, &DxfToolsDialog::OnOpenFileClicked);
-    new QShortcut(QKeySequence::Open, this, this, &DxfToolsDialog::OnOpenFileClicked);
+    m_parts->openKeys =
+        new QShortcut(QKeySequence::Open, this, this, &DxfToolsDialog::OnOpenFileClicked);
     connect(btnExportAsGK2, &QPushButton::clicked, this, &DxfToolsDialog::OnExportAsGK2Clicked);
     connect(&form.tableButton(), &QPushButton::clicked, this,
             [this] { dxftools::exportTable(m_parts->form, m_parts->desk, m_parts->work); });
@@ -122,6 +124,7 @@ void DxfToolsDialog::SetEmbedded()
 {
     setWindowFlags(Qt::Widget);
     setAcceptDrops(false);
+    m_parts->openKeys->setEnabled(false);
     m_parts->form.closeButton().hide();
     m_parts->form.sides().setOrientation(Qt::Vertical); // as wide as a column of them
 }

@@ -76,6 +76,10 @@
         <source>&quot;%1&quot; is no theme: wanted is light or dark</source>
         <translation>„%1“ ist kein Thema: verlangt ist light oder dark</translation>
     </message>
+    <message>
+        <source>The picture needs the name of a file</source>
+        <translation>Das Bild braucht den Namen einer Datei</translation>
+    </message>
 </context>
 <context>
     <name>CoreFacadeI</name>
@@ -3143,12 +3147,12 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <translation>Plätze des Kontextmenüs</translation>
     </message>
     <message>
-        <source>Move &amp;Up</source>
+        <source>Mo&amp;ve Up</source>
         <translation>Nach &amp;oben</translation>
     </message>
     <message>
-        <source>&amp;Empty Slot</source>
-        <translation>&amp;Leerer Platz</translation>
+        <source>Empt&amp;y Slot</source>
+        <translation>Leerer Pla&amp;tz</translation>
     </message>
     <message>
         <source>Move &amp;Down</source>
@@ -3159,7 +3163,7 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <translation>&amp;Entfernen</translation>
     </message>
     <message>
-        <source>&amp;Slots:</source>
+        <source>Slo&amp;ts:</source>
         <translation>&amp;Plätze:</translation>
     </message>
     <message>
@@ -3264,7 +3268,7 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
         <translation>&amp;Entfernen</translation>
     </message>
     <message>
-        <source>Reassi&amp;gn</source>
+        <source>Re&amp;assign</source>
         <translation>&amp;Umverteilen</translation>
     </message>
     <message>

@@ -20,6 +20,7 @@
 #include <kelo_base/actions/ActionManager.h>
 #include <kelo_base/actions/MenuConfigDialog.h>
 #include <kelo_base/actions/MenuConfigManager.h>
+#include <kelo_base/core/Translation.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -100,6 +101,39 @@ class TestMenuConfigDialog : public QObject
     Q_OBJECT
 
 private slots:
+    void mnemonicsNeverClash_data()
+    {
+        QTest::addColumn<QLocale>("locale");
+        QTest::newRow("English") << QLocale(QLocale::English);
+        QTest::newRow("German") << QLocale(QLocale::German);
+    }
+    /// On neither page with what stands around both; buttons that may appear count as well.
+    void mnemonicsNeverClash()
+    {
+        QFETCH(const QLocale, locale);
+        InstallTranslation(locale);
+        const auto english = qScopeGuard([] { InstallTranslation(QLocale(QLocale::English)); });
+        const Program program;
+        const auto *pages = program.dialog->findChild<QTabWidget *>();
+        for (int shown = 0; shown < pages->count(); ++shown) {
+            QStringList texts{pages->tabText(0), pages->tabText(1)};
+            for (const QWidget *widget : program.dialog->findChildren<QWidget *>()) {
+                const auto *label = qobject_cast<const QLabel *>(widget);
+                if (!pages->widget(1 - shown)->isAncestorOf(widget) && (!label || label->buddy()))
+                    texts << widget->property("text").toString();
+            }
+            QHash<QKeySequence, QString> owners;
+            for (const QString &text : texts) {
+                const QKeySequence letter = QKeySequence::mnemonic(text);
+                QVERIFY2(!owners.contains(letter),
+                         qPrintable(text + u" | "_s + owners.value(letter)));
+                if (!letter.isEmpty())
+                    owners[letter] = text;
+            }
+            QVERIFY(owners.size() >= 13);
+        }
+    }
+
     void recordsReassignsUndoesAndApplies()
     {
         Program program;

@@ -141,6 +141,23 @@ Input scroll(QPoint pixels, QPoint angle, Qt::ScrollPhase phase, Qt::KeyboardMod
     };
 }
 
+/// Pressed, repeated, and let go.
+Input hold(int key, int repeats)
+{
+    return [=](PlanView &view) {
+        const auto send = [&](QEvent::Type type, bool isRepeat) {
+            QKeyEvent event(type, key, {}, {}, isRepeat);
+            QCoreApplication::sendEvent(&view, &event);
+        };
+        send(QEvent::ShortcutOverride, false);
+        send(QEvent::KeyPress, false);
+        QTest::qWait(450); // systems wait longer before they repeat
+        for (int i = 0; i < repeats; ++i)
+            send(QEvent::KeyPress, true);
+        send(QEvent::KeyRelease, false);
+    };
+}
+
 Input gesture(Qt::NativeGestureType type, double value = 0, QPointF delta = {})
 {
     return [=](PlanView &view) {
@@ -203,8 +220,8 @@ private slots:
     void turnedPicturesShowTheSame_data();
     void turnedPicturesShowTheSame();
     void wheelKeepsThePlace();
-    void followsTouchPads_data();
-    void followsTouchPads();
+    void followsGestures_data();
+    void followsGestures();
     void shippedShortcutsNeverClash();
     void shippedMnemonicsNeverClash_data();
     void shippedMnemonicsNeverClash();
@@ -292,6 +309,7 @@ void TestViewer::namesFaultsOfTheCommandLine_data()
                                << QString();
     QTest::newRow("an unknown option") << QStringList{u"--wide"_s} << u"wide"_s;
     QTest::newRow("a size without height") << QStringList{u"--size"_s, u"640"_s} << u"640"_s;
+    QTest::newRow("a picture without a name") << QStringList{u"--screenshot="_s} << u"file"_s;
     QTest::newRow("a size of nothing") << QStringList{u"--size"_s, u"0x5"_s} << u"0x5"_s;
     QTest::newRow("a view of two numbers") << QStringList{u"--view"_s, u"1,2"_s} << u"1,2"_s;
 }
@@ -761,7 +779,7 @@ void TestViewer::wheelKeepsThePlace()
     QCOMPARE(view->pose(), start);
 }
 
-void TestViewer::followsTouchPads_data()
+void TestViewer::followsGestures_data()
 {
     QTest::addColumn<QList<Input>>("inputs");
     QTest::addColumn<double>("scale"); ///< metres a pixel; 1 at first
@@ -797,10 +815,12 @@ void TestViewer::followsTouchPads_data()
                         gesture(Qt::PanNativeGesture, 0, {8, 3}), gesture(Qt::ZoomNativeGesture, 0),
                         gesture(Qt::EndNativeGesture)}
         << 1.0 << 12.0 << QPointF(8, 3);
+    QTest::newRow("a key that is held moves on and on")
+        << QList<Input>{hold(Qt::Key_Left, 2)} << 1.0 << 0.0 << QPointF(360, 0);
 }
 
 /// All that is done in one go is one step back.
-void TestViewer::followsTouchPads()
+void TestViewer::followsGestures()
 {
     QFETCH(const QList<Input>, inputs);
     QFETCH(const double, scale);

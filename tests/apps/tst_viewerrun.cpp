@@ -23,6 +23,7 @@
 #include <QMimeData>
 #include <QProcess>
 #include <QTimer>
+#include <QToolBar>
 #include <QtTest>
 #include <functional>
 #include <kelo_base/actions/ActionShortCutList.h>
@@ -141,6 +142,7 @@ private slots:
     void opensLinkedSheets();
     void tellsWhatItCannotOpen();
     void readsPlansAgain();
+    void remembersBarsAndScreen();
     void doesEverythingOnce();
     void writesScreenshots_data();
     void writesScreenshots();
@@ -280,7 +282,8 @@ void TestViewerRun::tellsWhatItCannotOpen()
         QVERIFY(window.notice().contains(u"missing.dxf"_s));
         QVERIFY(!window.openPlan(broken));
         QVERIFY(window.notice().contains(u"broken.dxf"_s));
-        QVERIFY(window.notice().contains(u"3"_s)); // the line
+        QVERIFY(window.notice().contains(u"3"_s));           // the line
+        QVERIFY(window.notice().contains(u"missing.dxf"_s)); // of plans that are opened at once
         QCOMPARE(window.tabs().count(), 1);
     });
 }
@@ -333,6 +336,35 @@ void TestViewerRun::readsPlansAgain()
         again.trigger();
         QCOMPARE(number(), u"3"_s);
         QCOMPARE(window.notice(), QString());
+    });
+}
+
+/// A presentation ends with the window; what fills the screen otherwise does so again.
+void TestViewerRun::remembersBarsAndScreen()
+{
+    const auto isBarHidden = [](const MainWindow &window) {
+        return window.findChild<QToolBar *>()->isHidden();
+    };
+    runViewer(m_arguments, [&](Viewer &, MainWindow &window) {
+        const QAction &full = window.actions().action(Id::FullScreen);
+        NavCtrlMgrIfc::Instance().SetFullScreen(window.currentView(), true);
+        QVERIFY(isBarHidden(window) && full.isChecked());
+        NavCtrlMgrIfc::Instance().SetFullScreen(window.currentView(), false);
+        QVERIFY(!isBarHidden(window) && !full.isChecked());
+        NavCtrlMgrIfc::Instance().SetFullScreen(window.currentView(), true);
+    });
+    runViewer(m_arguments, [&](Viewer &, MainWindow &window) {
+        QVERIFY(!isBarHidden(window) && !window.isFullScreen());
+        window.actions().action(Id::FullScreen).trigger();
+        window.findChild<QToolBar *>()->hide(); // by the user, and for good
+    });
+    runViewer(m_arguments, [&](Viewer &, MainWindow &window) {
+        QVERIFY(window.isFullScreen());
+        window.actions().action(Id::FullScreen).trigger();
+        QVERIFY(!window.isFullScreen());
+        NavCtrlMgrIfc::Instance().SetFullScreen(window.currentView(), true);
+        NavCtrlMgrIfc::Instance().SetFullScreen(window.currentView(), false);
+        QVERIFY(isBarHidden(window));
     });
 }
 
@@ -405,7 +437,17 @@ void TestViewerRun::doesEverythingOnce()
         QCOMPARE(NavCtrlMgrIfc::Instance().StoredViews()[0].title, u"here"_s);
         for (const Id id : {Id::StoredViews, Id::Links, Id::Workbench, Id::ShowControls})
             actions.action(id).trigger();
-        QTest::qWait(300); // the workbench reads the plan
+        QTest::qWait(300);                            // the workbench reads the plan
+        const QSize least = window.minimumSizeHint(); // with all docks: 1366 x 768 at 200 %
+        QVERIFY2(least.height() <= 384 - 24, QByteArray::number(least.height()));
+        // Its keys are not in the way of the window's.
+        bool isAsked = false;
+        QTimer::singleShot(200, &window, [&isAsked] {
+            if (QWidget *question = QApplication::activeModalWidget())
+                isAsked = question->close();
+        });
+        QTest::keyClick(view, Qt::Key_O, Qt::ControlModifier);
+        QVERIFY(QTest::qWaitFor([&isAsked] { return isAsked; }));
         actions.action(Id::Reload).trigger();
         QCOMPARE(window.currentView()->plan().path(), other);
         actions.action(Id::CloseTab).trigger();
