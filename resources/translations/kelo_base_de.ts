@@ -3604,6 +3604,13 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     </message>
 </context>
 <context>
+    <name>navcontrols::StoredViews</name>
+    <message>
+        <source>The views that were stored before cannot be read. They are kept in the database as the document &quot;%1&quot;.</source>
+        <translation>Die früher gespeicherten Ansichten sind nicht lesbar. Sie bleiben in der Datenbank als Dokument „%1“ erhalten.</translation>
+    </message>
+</context>
+<context>
     <name>navcontrols::StoredViewsDialog</name>
     <message>
         <source>Stored Views</source>
