@@ -78,6 +78,21 @@
     </message>
 </context>
 <context>
+    <name>ConfigFile</name>
+    <message>
+        <source>the file cannot be written</source>
+        <translation>die Datei lässt sich nicht schreiben</translation>
+    </message>
+    <message>
+        <source>the file cannot be read, or others have it open</source>
+        <translation>die Datei ist nicht lesbar, oder ein anderes Programm hält sie offen</translation>
+    </message>
+    <message>
+        <source>Settings were not saved in %1: %2</source>
+        <translation>Die Einstellungen wurden nicht in %1 gespeichert: %2</translation>
+    </message>
+</context>
+<context>
     <name>CoreFacadeI</name>
     <message>
         <source>&apos;%1&apos; could not be started: %2.</source>
