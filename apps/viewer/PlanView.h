@@ -69,8 +69,9 @@ protected:
 private:
     enum class Drag { None, Move, Turn };
 
-    void display(const ViewPose &pose);
-    void endGesture();
+    bool display(const ViewPose &pose);
+    bool endGesture();
+    void step(const ViewPose &pose);
     bool nativeGesture(const QNativeGestureEvent &event);
     [[nodiscard]] std::optional<ViewPose> poseByKey(int key, bool isFine) const;
     void dragTo(QPointF pixel);
