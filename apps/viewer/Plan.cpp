@@ -3,6 +3,7 @@
 #include "Plan.h"
 
 #include "BackdropReader.h"
+#include <QPointer>
 #include <kelo_base/dxf/DxfDrawing.h>
 #include <utility>
 
@@ -49,14 +50,17 @@ void Plan::readBackdrop()
     m_reader =
         std::make_unique<BackdropReader>(path(), m_nextBackdrop ? *m_nextBackdrop : m_backdrop);
     connect(m_reader.get(), &BackdropReader::grown, this, [this] {
+        const QPointer<Plan> alive(this);
         emit backdropProgress();
-        if (!m_nextBackdrop)
+        if (alive && !m_nextBackdrop)
             emit grown();
     });
     connect(m_reader.get(), &BackdropReader::finished, this, [this] {
         m_reader.release()->deleteLater(); // it is at work right now
+        const QPointer<Plan> alive(this);
         showNextBackdrop();
-        emit backdropRead();
+        if (alive)
+            emit backdropRead();
     });
 }
 

@@ -1555,6 +1555,10 @@
         <source>&quot;%1&quot; could not be started</source>
         <translation>„%1“ ließ sich nicht starten</translation>
     </message>
+    <message>
+        <source>The visible area cannot be handed to the partner: there is no room for its file, or its folder is write-protected</source>
+        <translation>Der sichtbare Bereich lässt sich nicht an den Partner geben: für seine Datei ist kein Platz, oder ihr Ordner ist schreibgeschützt</translation>
+    </message>
 </context>
 <context>
     <name>PartnerSim</name>
