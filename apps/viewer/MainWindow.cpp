@@ -170,6 +170,8 @@ void MainWindow::readAgain(PlanView &view)
         return;
     if (session && alive && m_tabs->indexOf(alive) >= 0) {
         view.plan().renew(std::move(session));
+        if (!window || !alive)
+            return;
         tell({}); // of a time when it could not be read
         statusBar()->showMessage(tr("%1 was read again").arg(view.plan().name()), 4000);
     }

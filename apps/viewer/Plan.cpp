@@ -49,19 +49,25 @@ void Plan::readBackdrop()
         m_backdrop = {}; // an interrupted reader may have left what is not packed
     m_reader =
         std::make_unique<BackdropReader>(path(), m_nextBackdrop ? *m_nextBackdrop : m_backdrop);
-    connect(m_reader.get(), &BackdropReader::grown, this, [this] {
-        const QPointer<Plan> alive(this);
-        emit backdropProgress();
-        if (alive && !m_nextBackdrop)
-            emit grown();
-    });
-    connect(m_reader.get(), &BackdropReader::finished, this, [this] {
-        m_reader.release()->deleteLater(); // it is at work right now
-        const QPointer<Plan> alive(this);
-        showNextBackdrop();
-        if (alive)
-            emit backdropRead();
-    });
+    connect(m_reader.get(), &BackdropReader::grown, this, &Plan::tellGrowth);
+    connect(m_reader.get(), &BackdropReader::finished, this, &Plan::finishBackdrop);
+}
+
+void Plan::tellGrowth()
+{
+    const QPointer<Plan> alive(this);
+    emit backdropProgress();
+    if (alive && !m_nextBackdrop)
+        emit grown();
+}
+
+void Plan::finishBackdrop()
+{
+    m_reader.release()->deleteLater(); // it is at work right now
+    const QPointer<Plan> alive(this);
+    showNextBackdrop();
+    if (alive)
+        emit backdropRead();
 }
 
 void Plan::showNextBackdrop()
