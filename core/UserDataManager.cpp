@@ -30,11 +30,6 @@ QString configFileName(const QString &directory, QLatin1StringView file)
     return directory % kSeparator % kConfigFolder % kSeparator % file;
 }
 
-std::shared_ptr<ConfigFile> openConfigFile(const QString &directory, QLatin1StringView file)
-{
-    return {new ConfigFile(configFileName(directory, file)), ConfigFile::close};
-}
-
 /// Sets a flag while it lives; the flag may be gone before it.
 class Announcement
 {
@@ -129,6 +124,14 @@ void UserDataManagerI::Initialize()
     OpenUserConfigFiles();
 }
 
+UserDataManagerI::SharedFile UserDataManagerI::openConfigFile(const QString &directory,
+                                                              QLatin1StringView file)
+{
+    SharedFile opened(new ConfigFile(configFileName(directory, file)), ConfigFile::close);
+    connect(opened.get(), &ConfigFile::saveFailed, this, &UserDataManagerI::saveFailed);
+    return opened;
+}
+
 void UserDataManagerI::SetUseProjectSubDirectory(bool use)
 {
     m_useProjectSubDirectory = use;
@@ -182,11 +185,12 @@ bool UserDataManagerI::save(const SharedFile &layout, const SharedFile &settings
         if (!announcement.isOwnerAlive())
             return false;
     }
+    const QPointer<UserDataManagerI> alive(this);
     for (const SharedFile &file : {layout, settings}) {
         if (file)
             file->save();
     }
-    return true;
+    return !alive.isNull();
 }
 
 void UserDataManagerI::CloseUserConfigFiles()

@@ -27,12 +27,12 @@ enum DataScopeId : int {
 ///     P/config/layout.ini, settings.ini, P/data/MODULE
 ///
 /// Paths have "/" as separator, and the functions that compose them do not touch the disk unless
-/// they say "prepare". Errors of directories and files are not reported, but a save is whole or not
-/// at all: what cannot be written stays in memory and the old file as it was; a file that cannot be
-/// parsed is copied beside itself before it is replaced, and one that cannot be read is not
-/// replaced. Changes that other processes saved in the meantime are kept. A save waits for others
-/// at most two seconds a file; what it could not save then, the event loop saves later, and one
-/// debug line says so.
+/// they say "prepare". Errors of directories are not reported, those of files by saveFailed()
+/// alone, but a save is whole or not at all: what cannot be written stays in memory and the old
+/// file as it was; a file that cannot be parsed is copied beside itself before it is replaced, and
+/// one that cannot be read is not replaced. Changes that other processes saved in the meantime are
+/// kept. A save waits for others at most two seconds a file; what it could not save then, the event
+/// loop saves later, and one debug line says so.
 ///
 /// For the GUI thread only.
 class KELO_BASE_EXPORT UserDataManagerI : public QObject
@@ -119,6 +119,10 @@ signals:
     void onSavingUserConfigFiles(QSettings &userSettings);
     /// The same for the open project's settings file.
     void onSavingProjectConfigFiles(QSettings &projectSettings);
+    /// A file could not be saved, be it by a call or by the event loop. Told once a file until it
+    /// could; what is not saved at the end of the program is lost.
+    /// @param sentence  for people
+    void saveFailed(const QString &sentence);
 
 private:
     using SavingSignal = void (UserDataManagerI::*)(QSettings &);
@@ -131,6 +135,7 @@ private:
     [[nodiscard]] QString MakeStorageDirectoryForModulePath(const QString &module) const;
     [[nodiscard]] QString MakeStorageDirectoryForProjectModulePath(const Tz::ObjectId &id,
                                                                    const QString &module) const;
+    [[nodiscard]] SharedFile openConfigFile(const QString &directory, QLatin1StringView file);
     bool save(const SharedFile &layout, const SharedFile &settings, SavingSignal announce,
               bool &isAnnouncing);
 

@@ -253,21 +253,53 @@ bool ConfigFile::saveWithin(int milliseconds)
             break;
         sync();
         m_isUnread = !isSeen(fileName());
+        if (!m_isUnread && isBehind()) {
+            retryLater();
+            tell(tr("the file cannot be written"));
+            return false;
+        }
         if (!m_isUnread) {
-            m_isPutOff = false;
+            m_isPutOff = m_isTold = false;
             return true;
         }
     }
     return putOff(u"cannot be read"_s, isSilent);
 }
 
+/// Whether something is in memory alone. An error that QSettings has met once it names for ever, so
+/// the file is looked at.
+bool ConfigFile::isBehind() const
+{
+    if (status() != AccessError || !group().isEmpty())
+        return false;
+    SettingsMap values;
+    for (const QString &key : allKeys())
+        values.insert(key, value(key));
+    QFile file(fileName());
+    const QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return initext::textOf(values) != initext::textOf(initext::parse(text).values);
+}
+
 bool ConfigFile::putOff(const QString &reason, bool isSilent)
 {
-    if (!m_retryTimer.isActive())
-        m_retryTimer.start(kRetry, this);
+    retryLater();
     if (isSilent)
         return false;
     m_isPutOff = true;
     qDebug().noquote() << "ConfigFile::save : Not saved, for it" << reason << ":" << fileName();
+    tell(tr("the file cannot be read, or others have it open"));
     return false;
+}
+
+void ConfigFile::retryLater()
+{
+    if (!m_retryTimer.isActive())
+        m_retryTimer.start(kRetry, this);
+}
+
+void ConfigFile::tell(const QString &reason)
+{
+    if (!std::exchange(m_isTold, true))
+        emit saveFailed(tr("Settings were not saved in %1: %2")
+                            .arg(QDir::toNativeSeparators(fileName()), reason));
 }

@@ -26,20 +26,27 @@
 /// called on the base class waits as long as QSettings does.
 class ConfigFile : public QSettings
 {
+    Q_OBJECT
     Q_DISABLE_COPY_MOVE(ConfigFile)
 
 public:
     explicit ConfigFile(const QString &name);
     ~ConfigFile() override = default;
 
-    /// Writes what has changed and reads what others have written. False, one debug line, and all
-    /// still in memory when the lock is not to be had or the file cannot be read; the event loop
-    /// tries again in a while.
+    /// Writes what has changed and reads what others have written. False, and all still in memory,
+    /// when the lock is not to be had or the file cannot be read, which one debug line says, or
+    /// when it cannot be written; the event loop tries again in a while.
     bool save();
 
-    /// Saves, and deletes @p file. Where the lock is not to be had it is left to the event loop, as
-    /// deleting it would wait; opening the file again brings back what it holds.
+    /// Saves, and deletes @p file. Where that fails it is left to the event loop; opening the file
+    /// again brings back what it holds.
     static void close(ConfigFile *file);
+
+signals:
+    /// Something could not be saved; told once until a save succeeds. Also when the event loop
+    /// could not, unless it only met a lock.
+    /// @param sentence  for people
+    void saveFailed(const QString &sentence);
 
 protected:
     bool event(QEvent *event) override;
@@ -49,9 +56,13 @@ private:
     bool saveWithin(int milliseconds);
     void saveAtLeisure();
     bool putOff(const QString &reason, bool isSilent);
+    [[nodiscard]] bool isBehind() const;
+    void retryLater();
+    void tell(const QString &reason);
 
     QBasicTimer m_retryTimer;
     bool m_isUnread = false; ///< when QSettings looked last, it could not read the file
     bool m_isPutOff = false; ///< the last save() failed
     bool m_isLeft = false;   ///< closed, but not saved yet
+    bool m_isTold = false;   ///< that a save failed
 };

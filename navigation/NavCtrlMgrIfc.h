@@ -95,6 +95,10 @@ public:
 Q_SIGNALS:
     void shownChanged(bool isShown);
     void storedViewsChanged();
+    /// Stored views could not be read from the database or kept there: they are lost at the end of
+    /// the program, unless a later change finds the database well again.
+    /// @param sentence  for people
+    void storedViewsFailed(const QString &sentence);
     /// A view plays or its window fills the screen, or no longer: a viewer hides bars meanwhile.
     void presentationChanged(KView *view, bool isPresenting);
     /// People have typed a map scale; tells its zoom-factor correction too, as partner programs

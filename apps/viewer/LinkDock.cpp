@@ -101,8 +101,10 @@ bool LinkDock::find(const Tz::ObjectId &object)
 
 bool LinkDock::open(const KeloLinkedObject &link)
 {
+    // Now: while the plan is read, another object may be looked for, and the list replaced.
+    const WantedView place{link.position, link.viewingHeight, link.northDeviation};
     PlanView *view = m_window.openPlan(SheetAddress::fromText(link.documentId).plan);
-    return view && goTo(*view, {link.position, link.viewingHeight, link.northDeviation});
+    return view && goTo(*view, place);
 }
 
 bool LinkDock::link(const QString &object)

@@ -140,13 +140,20 @@ PlanView *MainWindow::openPlan(const QString &path)
         return nullptr;
     }
     QString why;
+    const QPointer<MainWindow> alive(this);
     std::unique_ptr<PlanSession> session = m_opener->open(path, why);
-    PlanView *view = nullptr;
+    if (!alive)
+        return nullptr;
+    QPointer<PlanView> view; // whoever hears of it may close it
     if (session && !m_closesAfterwards) {
         view = m_tabs->add(std::make_unique<Plan>(std::move(session)));
+        if (!alive || !view)
+            return nullptr;
         watch(view);
         m_recent->add(view->plan().path());
         emit planOpened(view);
+        if (!alive)
+            return nullptr;
     }
     finishReading(why);
     return view;
@@ -156,11 +163,16 @@ void MainWindow::readAgain(PlanView &view)
 {
     if (m_opener->isReading())
         return;
+    const QPointer<MainWindow> window(this);
     const QPointer<PlanView> alive(&view); // its tab can be closed meanwhile
     QString why;
     std::unique_ptr<PlanSession> session = m_opener->open(view.plan().path(), why);
-    if (session && alive) {
+    if (!window)
+        return;
+    if (session && alive && m_tabs->indexOf(alive) >= 0) {
         view.plan().renew(std::move(session));
+        if (!window || !alive)
+            return;
         tell({}); // of a time when it could not be read
         statusBar()->showMessage(tr("%1 was read again").arg(view.plan().name()), 4000);
     }

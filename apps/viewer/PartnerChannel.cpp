@@ -154,6 +154,11 @@ void PartnerChannel::showInPartner()
         return;
     const QRectF pixels(QPointF(), QSizeF(view->size()));
     const QString area = shownAreaFile(*view);
+    if (area.isEmpty()) {
+        m_window.tell(tr("The visible area cannot be handed to the partner: there is no room for "
+                         "its file, or its folder is write-protected"));
+        return;
+    }
     MoveToPositionCommand move;
     move.SetBringToFront(true);
     move.SetTopLeft(view->pose().toMap(pixels.topLeft(), view->size()));

@@ -3,6 +3,7 @@
 #include "Plan.h"
 
 #include "BackdropReader.h"
+#include <QPointer>
 #include <kelo_base/dxf/DxfDrawing.h>
 #include <utility>
 
@@ -48,16 +49,25 @@ void Plan::readBackdrop()
         m_backdrop = {}; // an interrupted reader may have left what is not packed
     m_reader =
         std::make_unique<BackdropReader>(path(), m_nextBackdrop ? *m_nextBackdrop : m_backdrop);
-    connect(m_reader.get(), &BackdropReader::grown, this, [this] {
-        emit backdropProgress();
-        if (!m_nextBackdrop)
-            emit grown();
-    });
-    connect(m_reader.get(), &BackdropReader::finished, this, [this] {
-        m_reader.release()->deleteLater(); // it is at work right now
-        showNextBackdrop();
+    connect(m_reader.get(), &BackdropReader::grown, this, &Plan::tellGrowth);
+    connect(m_reader.get(), &BackdropReader::finished, this, &Plan::finishBackdrop);
+}
+
+void Plan::tellGrowth()
+{
+    const QPointer<Plan> alive(this);
+    emit backdropProgress();
+    if (alive && !m_nextBackdrop)
+        emit grown();
+}
+
+void Plan::finishBackdrop()
+{
+    m_reader.release()->deleteLater(); // it is at work right now
+    const QPointer<Plan> alive(this);
+    showNextBackdrop();
+    if (alive)
         emit backdropRead();
-    });
 }
 
 void Plan::showNextBackdrop()

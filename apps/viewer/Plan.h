@@ -53,6 +53,8 @@ signals:
     void changed();          ///< something else is to be seen
 
 private:
+    void tellGrowth();
+    void finishBackdrop();
     void showNextBackdrop();
     bool relabel(bool isPlaced);
 

@@ -5,6 +5,8 @@
 #include "Plan.h"
 #include "PlanView.h"
 #include <QDir>
+#include <QPointer>
+#include <algorithm>
 #include <kelo_base/core/FileName.h>
 
 PlanTabs::PlanTabs(QWidget *parent) : QTabWidget(parent)
@@ -33,9 +35,11 @@ PlanView *PlanTabs::add(std::unique_ptr<Plan> plan)
     auto *view = new PlanView(added);
     const int index = addTab(view, QString(added.name()).replace(u'&', QStringLiteral("&&")));
     setTabToolTip(index, QDir::toNativeSeparators(added.path()));
+    const QPointer<PlanView> alive(view);
     setCurrentIndex(index);
-    view->setFocus();
-    return view;
+    if (alive)
+        view->setFocus();
+    return alive;
 }
 
 PlanView *PlanTabs::currentView() const
@@ -60,13 +64,23 @@ PlanView *PlanTabs::viewOf(const QString &path) const
     return nullptr;
 }
 
+/// The view may be in the midst of telling what happened: it goes when it is done, and its plan
+/// after it.
 void PlanTabs::close(PlanView *view)
 {
-    if (!view)
+    if (!view || indexOf(view) < 0 || view == m_closing)
         return;
+    const QPointer<PlanTabs> alive(this);
+    m_closing = view;
     emit aboutToClose(view);
-    const Plan *plan = &view->plan();
-    removeTab(indexOf(view));
-    delete view;
-    std::erase_if(m_plans, [plan](const auto &owned) { return owned.get() == plan; });
+    if (!alive)
+        return;
+    m_closing = nullptr;
+    const auto isItsPlan = [&](const auto &owned) { return owned.get() == &view->plan(); };
+    const auto entry = std::find_if(m_plans.begin(), m_plans.end(), isItsPlan);
+    Plan *plan = entry->release();
+    m_plans.erase(entry);
+    view->deleteLater();
+    plan->deleteLater();
+    removeTab(indexOf(view)); // last: it tells which is in front now
 }

@@ -25,6 +25,7 @@ public:
     /// The tab of a file, by whatever name; null when it is not open.
     [[nodiscard]] PlanView *viewOf(const QString &path) const;
     [[nodiscard]] std::vector<PlanView *> views() const;
+    /// Takes the tab away; view and plan live until control returns to the event loop.
     void close(PlanView *view);
 
 signals:
@@ -34,4 +35,5 @@ signals:
 
 private:
     std::vector<std::unique_ptr<Plan>> m_plans;
+    const PlanView *m_closing = nullptr; ///< compared only
 };

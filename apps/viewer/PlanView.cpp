@@ -9,12 +9,14 @@
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QPointingDevice>
 #include <QWheelEvent>
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace {
 
@@ -68,21 +70,26 @@ PlanView::PlanView(Plan &plan, QWidget *parent)
     });
 }
 
-void PlanView::display(const ViewPose &pose)
+/// False when a listener has deleted the view, as below.
+bool PlanView::display(const ViewPose &pose)
 {
     m_isPlaced = true;
     if (pose == m_pose)
-        return;
+        return true;
+    const QPointer<PlanView> alive(this);
     m_pose = pose;
     findCurrentSheet();
+    if (!alive)
+        return false;
     update();
     emit viewChanged();
+    return !alive.isNull();
 }
 
 void PlanView::place(const ViewPose &pose)
 {
-    display(pose);
-    emit viewSettled();
+    if (display(pose))
+        emit viewSettled();
 }
 
 void PlanView::moveTo(const ViewPose &pose)
@@ -90,42 +97,52 @@ void PlanView::moveTo(const ViewPose &pose)
     m_history.begin(m_pose);
     if (BackdropReader *reader = m_plan.backdropReader())
         reader->setSlice(2);
-    display(pose);
-    m_gestureEnd.start();
+    if (display(pose))
+        m_gestureEnd.start();
 }
 
 void PlanView::go(const ViewPose &pose)
 {
-    endGesture();
+    if (!endGesture())
+        return;
     m_history.begin(m_pose);
-    display(pose);
-    endGesture();
+    if (display(pose))
+        endGesture();
 }
 
-void PlanView::endGesture()
+bool PlanView::endGesture()
 {
     m_gestureEnd.stop();
     if (BackdropReader *reader = m_plan.backdropReader())
         reader->setSlice(8);
     if (!m_history.isMoving() || m_drag != Drag::None)
-        return;
+        return true;
+    const QPointer<PlanView> alive(this);
     m_history.end(m_pose);
     emit historyChanged();
-    emit viewSettled();
+    if (alive)
+        emit viewSettled();
+    return !alive.isNull();
 }
 
 void PlanView::goBack()
 {
-    endGesture();
-    place(m_history.back(m_pose));
-    emit historyChanged();
+    if (endGesture())
+        step(m_history.back(m_pose));
 }
 
 void PlanView::goForth()
 {
-    endGesture();
-    place(m_history.forth(m_pose));
-    emit historyChanged();
+    if (endGesture())
+        step(m_history.forth(m_pose));
+}
+
+void PlanView::step(const ViewPose &pose)
+{
+    const QPointer<PlanView> alive(this);
+    place(pose);
+    if (alive)
+        emit historyChanged();
 }
 
 ViewPose PlanView::wholePlan() const
@@ -211,8 +228,10 @@ void PlanView::resizeEvent(QResizeEvent *event)
         findCurrentSheet();
     }
     KView::resizeEvent(event);
+    const QPointer<PlanView> alive(this);
     emit viewChanged();
-    emit viewSettled();
+    if (alive)
+        emit viewSettled();
 }
 
 void PlanView::changeEvent(QEvent *event)
@@ -238,20 +257,23 @@ void PlanView::mousePressEvent(QMouseEvent *event)
 
 void PlanView::mouseMoveEvent(QMouseEvent *event)
 {
+    const QPointer<PlanView> alive(this);
     if (m_drag != Drag::None)
         dragTo(event->position());
+    if (!alive)
+        return;
     emit pointerMoved(m_pose.toMap(event->position(), size()));
 }
 
 void PlanView::dragTo(QPointF pixel)
 {
     setCursor(Qt::ClosedHandCursor);
+    const QPointF from = std::exchange(m_dragFrom, pixel);
     if (m_drag == Drag::Move)
-        moveTo(m_pose.moved(pixel - m_dragFrom));
+        moveTo(m_pose.moved(pixel - from));
     else
-        moveTo(m_pose.turned(angleAround(middle(), pixel) - angleAround(middle(), m_dragFrom),
-                             middle(), size()));
-    m_dragFrom = pixel;
+        moveTo(m_pose.turned(angleAround(middle(), pixel) - angleAround(middle(), from), middle(),
+                             size()));
 }
 
 void PlanView::mouseReleaseEvent(QMouseEvent *)

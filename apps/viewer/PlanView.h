@@ -71,8 +71,9 @@ protected:
 private:
     enum class Drag { None, Move, Turn };
 
-    void display(const ViewPose &pose);
-    void endGesture();
+    bool display(const ViewPose &pose);
+    bool endGesture();
+    void step(const ViewPose &pose);
     void noteKey(const QKeyEvent &event);
     bool nativeGesture(const QNativeGestureEvent &event);
     [[nodiscard]] std::optional<ViewPose> poseByKey(int key, bool isFine) const;

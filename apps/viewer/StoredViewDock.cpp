@@ -51,6 +51,7 @@ StoredViewDock::StoredViewDock(MainWindow &window)
     connect(m_remove, &QPushButton::clicked, this, &StoredViewDock::remove);
     connect(&controls(), &NavCtrlMgrIfc::storedViewsChanged, this, &StoredViewDock::fill,
             Qt::QueuedConnection); // an entry may be in the midst of being edited
+    connect(&controls(), &NavCtrlMgrIfc::storedViewsFailed, &window, &MainWindow::tell);
     new QShortcut(QKeySequence::Delete, m_list, this, &StoredViewDock::remove, Qt::WidgetShortcut);
     const ViewerActions &actions = window.actions();
     actions.on(ViewerAction::StoreView, this, [this] { askAndStore(); });

@@ -9,6 +9,7 @@
 #include "ViewerActions.h"
 #include <QAction>
 #include <QInputDialog>
+#include <QPointer>
 #include <kelo_base/navigation/ViewGeometry.h>
 
 namespace {
@@ -105,12 +106,13 @@ void ViewCommands::placeSheets(PlanView &view)
 
 void ViewCommands::goToSheet(PlanView &view)
 {
+    const QPointer<PlanView> alive(&view); // its tab can be closed meanwhile
     bool isChosen = false;
     const QString number =
         QInputDialog::getText(&m_window, tr("Go to sheet"), tr("Number of the sheet:"),
                               QLineEdit::Normal, {}, &isChosen)
             .trimmed();
-    if (!isChosen || number.isEmpty())
+    if (!alive || !isChosen || number.isEmpty())
         return;
     const auto sheet = view.plan().sheets().sheetWithNumber(number);
     if (sheet)
@@ -121,6 +123,7 @@ void ViewCommands::goToSheet(PlanView &view)
 
 void ViewCommands::goToCoordinates(PlanView &view)
 {
+    const QPointer<PlanView> alive(&view);
     const QPointF middle = view.pose().middle();
     const QString now = QStringLiteral("%1,%2,%3,%4")
                             .arg(middle.x(), 0, 'f', 2)
@@ -132,7 +135,7 @@ void ViewCommands::goToCoordinates(PlanView &view)
         QInputDialog::getText(&m_window, tr("Go to coordinates"),
                               tr("East, north, height and angle, with commas between:"),
                               QLineEdit::Normal, now, &isChosen);
-    if (!isChosen)
+    if (!alive || !isChosen)
         return;
     const auto wanted = WantedView::fromText(text);
     if (!wanted)

@@ -19,6 +19,7 @@
 #include <kelo_base/actions/MenuConfigService.h>
 #include <kelo_base/actions/StyleSheet.h>
 #include <kelo_base/core/CoreFacade.h>
+#include <kelo_base/core/UserDataManager.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -80,17 +81,21 @@ int Viewer::runWithServices()
                [this] { m_channel.reset(); },
                {u"window"_s}});
     QObject::connect(&core, &CoreFacadeI::serviceFailed, QCoreApplication::instance(),
-                     [this](const QString &, const QString &sentence) {
-                         if (m_window)
-                             m_window->tell(sentence);
-                         else
-                             std::fprintf(stderr, "kelo-viewer: %s\n", qUtf8Printable(sentence));
-                     });
+                     [this](const QString &, const QString &sentence) { tell(sentence); });
     core.Start();
     const bool hasWindow = m_window != nullptr;
     const int status = hasWindow ? QApplication::exec() : 1;
     CoreFacadeI::Destroy();
     return status;
+}
+
+/// In the window, as long as people see it.
+void Viewer::tell(const QString &sentence)
+{
+    if (m_window && m_window->isVisible())
+        m_window->tell(sentence);
+    else
+        std::fprintf(stderr, "kelo-viewer: %s\n", qUtf8Printable(sentence));
 }
 
 bool Viewer::openWindow()
@@ -99,6 +104,10 @@ bool Viewer::openWindow()
     m_window->links().setDatabase(CoreFacadeI::Instance().GetDatabase());
     m_window->recentPlans().setKept(true);
     m_session = std::make_unique<Session>(*m_window);
+    QObject::connect(&UserDataManager(), &UserDataManagerI::saveFailed,
+                     QCoreApplication::instance(),
+                     [this](const QString &sentence) { tell(sentence); });
+    m_window->tell(CoreFacadeI::Instance().GetFailures().join(u' ')); // of what started before
     if (const QString fault = UseStyleSheet(StoredStyleSheet(*m_configuration.GetSettings()));
         !fault.isEmpty())
         m_window->tell(fault);

@@ -26,6 +26,7 @@ public:
 private:
     int runWithServices();
     int runForPicture();
+    void tell(const QString &sentence);
     bool openWindow();
     void closeWindow();
     void openPlans();

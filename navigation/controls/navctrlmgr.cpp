@@ -144,6 +144,7 @@ NavCtrlMgr::NavCtrlMgr() : m_stored(nullptr)
     } catch (const std::runtime_error &) { // files are closed: the state begins anew
     }
     connect(&m_stored, &navcontrols::StoredViews::changed, this, &NavCtrlMgr::storedViewsChanged);
+    connect(&m_stored, &navcontrols::StoredViews::failed, this, &NavCtrlMgr::storedViewsFailed);
     if (const DocWindowNotifier *notifier = DocWindowXIfc::Notifier()) {
         connect(notifier, &DocWindowNotifier::documentWindowReplaced, this,
                 &NavCtrlMgr::replaceWindow);

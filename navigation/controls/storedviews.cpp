@@ -3,9 +3,11 @@
 #include "navigation/controls/storedviews_p.h"
 
 #include "core/settings_p.h"
+#include <QDateTime>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
 #include <algorithm>
 #include <kelo_base/core/DatabaseDocuments.h>
 #include <kelo_base/core/UserDataManager.h>
@@ -73,6 +75,29 @@ UDocItem itemFrom(const Value &value)
     item.position.docPoint = point(kPageX, kPageY);
     item.position.geoPoint = point(kEast, kNorth);
     return item;
+}
+
+/// All that is kept of an item.
+QByteArray keyOf(const UDocItem &item)
+{
+    return QJsonDocument(QJsonObject::fromVariantMap(toMap(item))).toJson(QJsonDocument::Compact);
+}
+
+QSet<QByteArray> keysOf(const UDocItemList &list)
+{
+    QSet<QByteArray> keys;
+    for (const UDocItem &item : list)
+        keys.insert(keyOf(item));
+    return keys;
+}
+
+/// Empty when there is no such document; nothing when the database fails.
+std::optional<QByteArray> contentOf(DatabaseDocuments &documents, const QString &name)
+{
+    const auto names = documents.DocumentNames(name);
+    if (!names)
+        return std::nullopt;
+    return names->contains(name) ? documents.LoadDocument(name) : QByteArray();
 }
 
 } // namespace
@@ -171,11 +196,31 @@ UDocItemList readViews(QSettings &settings)
     return list;
 }
 
+UDocItemList merged(const UDocItemList &base, UDocItemList mine, const UDocItemList &theirs)
+{
+    const QSet<QByteArray> known = keysOf(base);
+    const QSet<QByteArray> present = keysOf(theirs);
+    for (int i = mine.Size() - 1; i >= 0; --i) {
+        const QByteArray key = keyOf(mine[i]);
+        if (known.contains(key) && !present.contains(key))
+            mine.Remove(i);
+    }
+    const QSet<QByteArray> own = keysOf(mine);
+    for (const UDocItem &item : theirs) {
+        const QByteArray key = keyOf(item);
+        if (!known.contains(key) && !own.contains(key))
+            mine << item;
+    }
+    return mine;
+}
+
 void StoredViews::setDatabase(Database *database, const QString &project)
 {
     m_database = database;
     m_project = project;
     m_source.clear();
+    m_list.Clear();
+    m_base.Clear();
     emit changed();
 }
 
@@ -195,14 +240,16 @@ void StoredViews::load()
     if (m_database) {
         if (m_source == document())
             return;
-        m_list.Clear();
         DatabaseDocuments documents(*m_database);
-        const auto stored = documents.LoadDocument(document());
+        const auto stored = contentOf(documents, document());
         // Without an answer the next call asks again: a connection may come back.
         if (stored || m_database->IsOpen())
             m_source = document();
-        if (stored)
-            m_list = fromJson(*stored).value_or(UDocItemList());
+        if (!stored)
+            return tellLater(m_database->LastError());
+        const UDocItemList theirs = fromJson(*stored).value_or(UDocItemList());
+        m_list = merged(m_base, m_list, theirs);
+        m_base = theirs;
         return;
     }
     const UserDataManagerI &data = UserDataManager();
@@ -224,12 +271,46 @@ void StoredViews::set(const UDocItemList &list)
 {
     load();
     m_list = list;
-    if (m_database) {
-        DatabaseDocuments documents(*m_database);
-        // A failure is told by the database; the list stays as people see it.
-        [[maybe_unused]] const bool isSaved = documents.SaveDocument(document(), toJson(list));
-    }
+    if (m_database)
+        saveToDatabase();
     emit changed();
+}
+
+/// Others may have changed the document since it was read. Where this fails, the list stays as
+/// people see it, and the next change is another attempt.
+void StoredViews::saveToDatabase()
+{
+    const QString name = document();
+    const QString now = QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss-zzz"_s);
+    const QString aside = name + u".broken-"_s + now;
+    UDocItemList together;
+    bool isBroken = false;
+    const bool isKept = m_database->RunRepeatable([&] {
+        DatabaseDocuments documents(*m_database);
+        const auto stored = contentOf(documents, name);
+        if (!stored)
+            return false;
+        const auto theirs = fromJson(*stored);
+        isBroken = !theirs && !stored->isEmpty();
+        together = theirs ? merged(m_base, m_list, *theirs) : m_list;
+        return (!isBroken || documents.SaveDocument(aside, *stored)) &&
+               documents.SaveDocument(name, toJson(together));
+    });
+    if (!isKept)
+        return tellLater(m_database->LastError());
+    m_base = m_list = together;
+    m_source = name;
+    if (isBroken)
+        tellLater(tr("The views that were stored before cannot be read. They are kept in the "
+                     "database as the document \"%1\".")
+                      .arg(aside));
+}
+
+/// A listener may do anything.
+void StoredViews::tellLater(const QString &sentence)
+{
+    QMetaObject::invokeMethod(
+        this, [this, sentence] { emit failed(sentence); }, Qt::QueuedConnection);
 }
 
 void StoredViews::save(const UserDataManagerI &data, bool isProject)

@@ -31,12 +31,16 @@ bool moveItem(UDocItemList &list, int from, int to);
 [[nodiscard]] QByteArray toJson(const UDocItemList &list);
 /// Nothing when it is no such list; items that are not valid are left out.
 [[nodiscard]] std::optional<UDocItemList> fromJson(const QByteArray &json);
+/// Mine, with what others have added since @p base and without what they have removed.
+[[nodiscard]] UDocItemList merged(const UDocItemList &base, UDocItemList mine,
+                                  const UDocItemList &theirs);
 /// As an array in the group they are given.
 void writeViews(QSettings &settings, const UDocItemList &list);
 [[nodiscard]] UDocItemList readViews(QSettings &settings);
 
 /// The list of the open project, taken anew whenever that is another one. In files it is written
-/// when they are saved, in a database at once.
+/// when they are saved, in a database at once,
+/// together with what others have stored there meanwhile.
 class StoredViews : public QObject
 {
     Q_OBJECT
@@ -53,15 +57,21 @@ public:
 
 signals:
     void changed();
+    /// The database could not be read or written.
+    /// @param sentence  for people
+    void failed(const QString &sentence);
 
 private:
     [[nodiscard]] QString document() const;
     void load();
+    void saveToDatabase();
+    void tellLater(const QString &sentence);
 
     Database *m_database = nullptr;
     QString m_project;
     UDocItemList m_list;
-    QString m_source; ///< the file or document that the list was taken from
+    UDocItemList m_base; ///< what the database held when it was looked at last
+    QString m_source;    ///< the file or document that the list was taken from
 };
 
 } // namespace navcontrols

@@ -82,6 +82,21 @@
     </message>
 </context>
 <context>
+    <name>ConfigFile</name>
+    <message>
+        <source>the file cannot be written</source>
+        <translation>die Datei lässt sich nicht schreiben</translation>
+    </message>
+    <message>
+        <source>the file cannot be read, or others have it open</source>
+        <translation>die Datei ist nicht lesbar, oder ein anderes Programm hält sie offen</translation>
+    </message>
+    <message>
+        <source>Settings were not saved in %1: %2</source>
+        <translation>Die Einstellungen wurden nicht in %1 gespeichert: %2</translation>
+    </message>
+</context>
+<context>
     <name>CoreFacadeI</name>
     <message>
         <source>&apos;%1&apos; could not be started: %2.</source>
@@ -1543,6 +1558,10 @@
     <message>
         <source>&quot;%1&quot; could not be started</source>
         <translation>„%1“ ließ sich nicht starten</translation>
+    </message>
+    <message>
+        <source>The visible area cannot be handed to the partner: there is no room for its file, or its folder is write-protected</source>
+        <translation>Der sichtbare Bereich lässt sich nicht an den Partner geben: für seine Datei ist kein Platz, oder ihr Ordner ist schreibgeschützt</translation>
     </message>
 </context>
 <context>
@@ -3605,6 +3624,13 @@ Endet mit 0, wenn alles angenommen wurde, 1 nach Ablehnung oder Schweigen, 2, we
     <message>
         <source>Scale bar</source>
         <translation>Maßstabsleiste</translation>
+    </message>
+</context>
+<context>
+    <name>navcontrols::StoredViews</name>
+    <message>
+        <source>The views that were stored before cannot be read. They are kept in the database as the document &quot;%1&quot;.</source>
+        <translation>Die früher gespeicherten Ansichten sind nicht lesbar. Sie bleiben in der Datenbank als Dokument „%1“ erhalten.</translation>
     </message>
 </context>
 <context>

@@ -7,6 +7,7 @@
 #include "LinkDock.h"
 #include "MainWindow.h"
 #include "Plan.h"
+#include "PlanOpener.h"
 #include "PlanTabs.h"
 #include "PlanView.h"
 #include "StatusLine.h"
@@ -21,6 +22,7 @@
 #include <QJsonObject>
 #include <QMenu>
 #include <QMimeData>
+#include <QPointer>
 #include <QProcess>
 #include <QTimer>
 #include <QToolBar>
@@ -143,6 +145,9 @@ private slots:
     void tellsWhatItCannotOpen();
     void readsPlansAgain();
     void remembersBarsAndScreen();
+    void closesTabsWhileTheyTell_data();
+    void closesTabsWhileTheyTell();
+    void findsWhileItReads();
     void doesEverythingOnce();
     void writesScreenshots_data();
     void writesScreenshots();
@@ -365,6 +370,67 @@ void TestViewerRun::remembersBarsAndScreen()
         NavCtrlMgrIfc::Instance().SetFullScreen(window.currentView(), true);
         NavCtrlMgrIfc::Instance().SetFullScreen(window.currentView(), false);
         QVERIFY(isBarHidden(window));
+    });
+}
+
+void TestViewerRun::closesTabsWhileTheyTell_data()
+{
+    using Connect = std::function<void(PlanView *, MainWindow &, const std::function<void()> &)>;
+    QTest::addColumn<Connect>("connectTo");
+    const auto ofView = [](auto signal) {
+        return Connect(
+            [signal](PlanView *view, MainWindow &window, const std::function<void()> &close) {
+                connect(view, signal, &window, close);
+            });
+    };
+    QTest::newRow("that the view has changed") << ofView(&PlanView::viewChanged);
+    QTest::newRow("that another sheet is current") << ofView(&PlanView::documentChanged);
+    QTest::newRow("that there is something to undo") << ofView(&PlanView::historyChanged);
+    QTest::newRow("that they are about to close")
+        << Connect([](PlanView *view, MainWindow &window, const std::function<void()> &close) {
+               connect(&window.tabs(), &PlanTabs::aboutToClose, &window, close);
+               connect(view, &PlanView::viewSettled, &window, close);
+           });
+}
+
+void TestViewerRun::closesTabsWhileTheyTell()
+{
+    using Connect = std::function<void(PlanView *, MainWindow &, const std::function<void()> &)>;
+    QFETCH(const Connect, connectTo);
+    runViewer(m_arguments, [&](Viewer &, MainWindow &window) {
+        const QPointer<PlanView> view = window.currentView();
+        const QPointer<Plan> plan = &view->plan();
+        const QPointF there = view->plan().sheets().frame(3).corners()[0];
+        view->place(ViewPose({0, 0}, 1, 0)); // off all sheets
+        connectTo(view, window, [&] { window.tabs().close(view); });
+        view->go(ViewPose((there + view->plan().sheets().frame(3).corners()[2]) / 2, 0.5, 10));
+        QCOMPARE(window.tabs().count(), 0);
+        QTRY_VERIFY(!view && !plan);
+    });
+}
+
+/// A list of sheets that is replaced while the plan of one of them is read.
+void TestViewerRun::findsWhileItReads()
+{
+    const QString other = m_home->filePath(u"other.dxf"_s);
+    QVERIFY(QFile::copy(kSample, other));
+    runViewer(m_arguments, [&](Viewer &, MainWindow &window) {
+        window.currentView()->go(ViewPose(kPlace, 0.5, 10));
+        QVERIFY(window.links().link(u"HERE"_s));
+        PlanView *view = window.openPlan(other);
+        view->go(ViewPose(kPlace + QPointF(40, 30), 0.25, 20));
+        const ViewPose linked = view->pose();
+        QVERIFY(window.links().link(u"THERE"_s));
+        window.tabs().close(view);
+        QTRY_COMPARE(window.tabs().count(), 1);
+        connect(window.findChild<PlanOpener *>(), &PlanOpener::readingChanged, &window,
+                [&](bool isReading) {
+                    if (isReading)
+                        QVERIFY(window.links().find(Tz::ObjectId("HERE")));
+                });
+        QVERIFY(window.links().find(Tz::ObjectId("THERE")));
+        QVERIFY(QLineF(window.currentView()->pose().middle(), linked.middle()).length() < 1e-6);
+        QCOMPARE(window.currentView()->plan().path(), other);
     });
 }
 

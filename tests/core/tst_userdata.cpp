@@ -276,18 +276,22 @@ private slots:
         QVERIFY(QDir().mkpath(m_base + u"/config"_s) && QFile::link(target, m_file));
         const MessageLog log;
         QSettings &settings = UserDataManager().GetSettingsConfigFile(DataScopeUser, true);
+        const QSignalSpy failures(&UserDataManager(), &UserDataManagerI::saveFailed);
         {
             const testsystem::ResourceLimit fullDisk(testsystem::ResourceLimit::FileSize,
                                                      100); // only the copy has room
             for (int i = 0; i < 50; ++i)
                 save(settings, "G/l", u"x"_s.repeated(200));
             QCOMPARE(copiesOf(target), QStringList());
+            QCOMPARE(failures.size(), 1); // not once a second
+            QVERIFY(failures[0][0].toString().contains(target));
         }
         settings.setValue("G/l"_L1, 2);
         QCoreApplication::processEvents(); // the event loop writes as well
         QVERIFY(QFileInfo(m_file).isSymLink());
         QCOMPARE(bytesOf(target), "[G]\nk=1\nl=2\n"_ba);
         save(settings, "G/l", 3);
+        QCOMPARE(failures.size(), 1);
         QCOMPARE(log.lines().size(), 1);
         const QRegularExpression named(
             u"^ConfigFile::save .*\"([^\"]*\\.ini\\.broken-\\d{8}-\\d{6})\"$"_s);

@@ -15,12 +15,16 @@
 #include "tests/support/TemporaryHome.h"
 #include <QAccessible>
 #include <QApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QListWidget>
 #include <QMenu>
 #include <QProxyStyle>
 #include <QPushButton>
 #include <QtTest>
 #include <kelo_base/core/Database.h>
+#include <kelo_base/core/DatabaseDocuments.h>
 #include <kelo_base/core/UserDataManager.h>
 #include <kelo_base/navigation/NavCtrlMgrIfc.h>
 #include <kelo_base/navigation/ViewGeometry.h>
@@ -586,6 +590,54 @@ private slots:
         QCOMPARE(manager().StoredViews()[0].title, u"in the database"_s);
         manager().SetDatabase(nullptr, {});
         QCOMPARE(manager().StoredViews()[0].title, u"of A"_s);
+    }
+
+    /// Of two programs with one database, as one that goes back and forth between its projects.
+    void keepsWhatOthersHaveStored()
+    {
+        DatabasePlace place;
+        place.file = m_home->filePath(u"views.sqlite"_s);
+        Database database(place);
+        DatabaseDocuments documents(database);
+        const QString name = u"navigation/views/A"_s;
+        const auto titles = [&] {
+            QStringList stored;
+            const auto content = documents.LoadDocument(name);
+            for (const QJsonValue item : QJsonDocument::fromJson(content.value_or("")).array())
+                stored << item[u"Title"].toString();
+            return stored;
+        };
+        QVERIFY(database.Open());
+        manager().SetDatabase(&database, u"A"_s);
+        QVERIFY(manager().StoreView(&view(), u"one"_s) && manager().StoreView(&view(), u"two"_s));
+        const auto earlier = documents.LoadDocument(name);
+        QVERIFY(manager().StoreView(&view(), u"three"_s));
+        QByteArray theirs = *earlier; // "two" is "theirs" now, and there is no "three"
+        QVERIFY(documents.SaveDocument(name, theirs.replace("two", "theirs")));
+        QVERIFY(manager().StoreView(&view(), u"mine"_s));
+        QCOMPARE(titles(), QStringList({u"one"_s, u"mine"_s, u"theirs"_s}));
+        QCOMPARE(manager().StoredViews().Size(), 3);
+
+        QSignalSpy failures(&manager(), &NavCtrlMgrIfc::storedViewsFailed);
+        QVERIFY(documents.SaveDocument(name, "[{\"Title\":"));
+        QVERIFY(manager().StoreView(&view(), u"more"_s));
+        QCOMPARE(titles().size(), 4); // those that were known are not lost
+        QTRY_COMPARE(failures.size(), 1);
+        const QStringList kept =
+            documents.DocumentNames(name + u".broken-"_s).value_or(QStringList());
+        QCOMPARE(kept.size(), 1);
+        QCOMPARE(documents.LoadDocument(kept[0]), QByteArray("[{\"Title\":"));
+        QVERIFY(failures[0][0].toString().contains(kept[0]));
+
+        QVERIFY(database.Run(u"ALTER TABLE KELO_DOCUMENTS RENAME TO AWAY"_s));
+        QVERIFY(manager().StoreView(&view(), u"at a bad time"_s));
+        manager().SetDatabase(&database, u"A"_s);
+        QCOMPARE(manager().StoredViews().Size(), 0); // which is not the truth
+        QTRY_COMPARE(failures.size(), 3);
+        QVERIFY(database.Run(u"ALTER TABLE AWAY RENAME TO KELO_DOCUMENTS"_s));
+        QVERIFY(manager().StoreView(&view(), u"last"_s));
+        QCOMPARE(titles().size(), 5); // nothing was written over
+        manager().SetDatabase(nullptr, {});
     }
 
     void costsNothingWhileHidden()
