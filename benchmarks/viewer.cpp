@@ -2,7 +2,7 @@
 // The viewer: frames while a large plan is moved and turned, memory, opening, and its start.
 //
 // Run again by itself as "bench_viewer --start window" and "--start viewer", it ends with the first
-// paint.
+// paint. In memory, unless QT_QPA_PLATFORM names a window system.
 #include "Viewer.h"
 #include "Backdrop.h"
 #include "BackdropReader.h"

@@ -39,12 +39,13 @@ public:
     [[nodiscard]] StatusLine &status() const { return *m_status; }
 
     /// Opens a plan in a tab, or brings its tab to the front. While another one is read it waits.
-    /// @return null when it could not be read, or not yet; the notice bar says why
+    /// @return null when it could not be read, or not yet, which the notice bar says; or when a
+    /// listener has closed it again
     PlanView *openPlan(const QString &path);
     /// Reads the file of a plan again; the view stays as it is, also when that fails, which the
     /// notice bar says. Nothing happens while a plan is being read.
     void readAgain(PlanView &view);
-    /// A sentence for the user, until it is taken away; empty: none.
+    /// What the user shall read, until it is taken away; empty: nothing.
     void tell(const QString &sentence);
     [[nodiscard]] QString notice() const;
     void bringToFront();

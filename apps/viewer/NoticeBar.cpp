@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// A line with a sign, a sentence and a button to close it.
+// A sign, the text and a button to close it, made when there is something to say.
 #include "NoticeBar.h"
 
 #include <QHBoxLayout>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// One sentence above the plan, until it is taken away.
+// What the user shall read above the plan, until it is taken away: a sentence, or a few lines.
 #pragma once
 
 #include <QFrame>

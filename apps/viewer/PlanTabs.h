@@ -19,6 +19,7 @@ public:
     ~PlanTabs() override;
 
     /// Shows the plan in a tab of its own, in front.
+    /// @return null when a listener has deleted it meanwhile
     PlanView *add(std::unique_ptr<Plan> plan);
     /// Null while there is none.
     [[nodiscard]] PlanView *currentView() const;

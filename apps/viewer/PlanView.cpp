@@ -260,9 +260,8 @@ void PlanView::mouseMoveEvent(QMouseEvent *event)
     const QPointer<PlanView> alive(this);
     if (m_drag != Drag::None)
         dragTo(event->position());
-    if (!alive)
-        return;
-    emit pointerMoved(m_pose.toMap(event->position(), size()));
+    if (alive)
+        emit pointerMoved(m_pose.toMap(event->position(), size()));
 }
 
 void PlanView::dragTo(QPointF pixel)

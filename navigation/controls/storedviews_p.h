@@ -39,8 +39,8 @@ void writeViews(QSettings &settings, const UDocItemList &list);
 [[nodiscard]] UDocItemList readViews(QSettings &settings);
 
 /// The list of the open project, taken anew whenever that is another one. In files it is written
-/// when they are saved, in a database at once,
-/// together with what others have stored there meanwhile.
+/// when they are saved, in a database at once, together with what others have stored there
+/// meanwhile.
 class StoredViews : public QObject
 {
     Q_OBJECT
@@ -57,7 +57,7 @@ public:
 
 signals:
     void changed();
-    /// The database could not be read or written.
+    /// The database could not be read or written, or what it held was no such list.
     /// @param sentence  for people
     void failed(const QString &sentence);
 
